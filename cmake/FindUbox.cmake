@@ -1,0 +1,48 @@
+# Chooses the libubox the library is built against and puts it behind one
+# interface target, blobxlate_ubox_deps.
+#  system  : libubox/blobmsg.h with libubox and libblobmsg_json, found through
+#            CMAKE_PREFIX_PATH or pkg-config (the router build);
+#  bundled : the project's own implementation of the same API in ubox/;
+#  auto    : system when it is found, otherwise bundled.
+find_package(PkgConfig QUIET)
+if(PKG_CONFIG_FOUND)
+  pkg_check_modules(JSONC QUIET IMPORTED_TARGET json-c)
+endif()
+if(TARGET PkgConfig::JSONC)
+  set(BLOBXLATE_JSONC PkgConfig::JSONC)
+else()
+  find_path(JSONC_INCLUDE_DIR json-c/json.h REQUIRED)
+  find_library(JSONC_LIBRARY json-c REQUIRED)
+  add_library(blobxlate_jsonc INTERFACE)
+  target_include_directories(blobxlate_jsonc INTERFACE ${JSONC_INCLUDE_DIR})
+  target_link_libraries(blobxlate_jsonc INTERFACE ${JSONC_LIBRARY})
+  set(BLOBXLATE_JSONC blobxlate_jsonc)
+endif()
+
+set(BLOBXLATE_UBOX_KIND "")
+if(NOT BLOBXLATE_UBOX STREQUAL "bundled")
+  if(PKG_CONFIG_FOUND)
+    pkg_check_modules(UBOX_PC QUIET libubox)
+  endif()
+  find_path(UBOX_INCLUDE_DIR libubox/blobmsg.h HINTS ${UBOX_PC_INCLUDE_DIRS})
+  find_library(UBOX_LIBRARY ubox HINTS ${UBOX_PC_LIBRARY_DIRS})
+  find_library(UBOX_JSON_LIBRARY blobmsg_json HINTS ${UBOX_PC_LIBRARY_DIRS})
+  if(UBOX_INCLUDE_DIR AND UBOX_LIBRARY AND UBOX_JSON_LIBRARY)
+    set(BLOBXLATE_UBOX_KIND system)
+  elseif(BLOBXLATE_UBOX STREQUAL "system")
+    message(FATAL_ERROR "BLOBXLATE_UBOX=system but libubox (libubox/blobmsg.h, ubox, blobmsg_json) was not found")
+  endif()
+endif()
+if(NOT BLOBXLATE_UBOX_KIND)
+  set(BLOBXLATE_UBOX_KIND bundled)
+endif()
+message(STATUS "blobxlate: using the ${BLOBXLATE_UBOX_KIND} libubox")
+
+add_library(blobxlate_ubox_deps INTERFACE)
+if(BLOBXLATE_UBOX_KIND STREQUAL "system")
+  target_include_directories(blobxlate_ubox_deps INTERFACE ${UBOX_INCLUDE_DIR})
+  target_link_libraries(blobxlate_ubox_deps INTERFACE ${UBOX_JSON_LIBRARY} ${UBOX_LIBRARY} ${BLOBXLATE_JSONC})
+else()
+  add_subdirectory(${PROJECT_SOURCE_DIR}/ubox ${PROJECT_BINARY_DIR}/ubox)
+  target_link_libraries(blobxlate_ubox_deps INTERFACE blobxlate_ubox)
+endif()

@@ -1,0 +1,405 @@
+/*
+ * blobxlate: translation between ubus blobmsg messages and the fixed-layout
+ * management records shared by the router's daemons.
+ *
+ * This header compiles as C and as C++. The records are plain C structures:
+ * the daemons share them by memory layout, so field order, types and array
+ * sizes are part of the interface and must not change.
+ */
+#ifndef BLOBXLATE_H
+#define BLOBXLATE_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* libubox's headers carry no C++ guards; keep them inside ours so that C and
+ * C++ callers link against the same C symbols. */
+#include <libubox/blobmsg.h>
+
+#if defined(__GNUC__)
+#define BX_API __attribute__((visibility("default")))
+#else
+#define BX_API
+#endif
+
+/* ------------------------------------------------------------------------ */
+/* Message types                                                            */
+/* ------------------------------------------------------------------------ */
+
+/* A message type selects one row of each dispatch table. Numbers without a
+ * row (13, 14, 51, 69, 82, 83, 95 to 97, 131, 133, 167) dispatch to nothing. */
+typedef int32_t MessageType;
+
+enum {
+    MSG_RET                          = 0,
+    MSG_HW_INFO                      = 1,
+    MSG_FW_INFO                      = 2,
+    MSG_MANU_INFO                    = 3,
+    MSG_MANAGE_INFO                  = 4,
+    MSG_FUNC_SUPPORT                 = 5,
+    MSG_CPU_RATE                     = 6,
+    MSG_MEM_RATE                     = 7,
+    MSG_FLASH_RATE                   = 8,
+    MSG_RUN_TIME_INFO                = 9,
+    MSG_TCP_OPEN_PORT                = 10,
+    MSG_UDP_OPEN_PORT                = 11,
+    MSG_REBOOT                       = 12,
+    MSG_UPGRADE                      = 15,
+    MSG_LOGIN_PASSWORD               = 16,
+    MSG_FIRE_WALL                    = 17,
+    MSG_LED_STATUS                   = 18,
+    MSG_UPGRADE_STATUS               = 19,
+    MSG_LED_COLOUR                   = 20,
+    MSG_DUALBAND_SYNC_STATUS         = 21,
+    MSG_WAN_STATUS                   = 22,
+    MSG_IPV6_ENABLE                  = 23,
+    MSG_IPV6_INFO                    = 24,
+    MSG_DHCP                         = 25,
+    MSG_STATIC                       = 26,
+    MSG_PPPOE                        = 27,
+    MSG_BRIDGE_SWITCH                = 28,
+    MSG_BRIDGE_STATUS                = 29,
+    MSG_REPEATER_SET_INFO            = 30,
+    MSG_REPEATER_STA_INFO            = 31,
+    MSG_REPEATER_LIST                = 32,
+    MSG_CLONE_MAC                    = 33,
+    MSG_LAN                          = 34,
+    MSG_LAN_CLONE                    = 35,
+    MSG_DHCP_SERVER                  = 36,
+    MSG_LAN_STATIC                   = 37,
+    MSG_LAN_STATIC_LIST              = 38,
+    MSG_LOCK_NET                     = 39,
+    MSG_PING                         = 40,
+    MSG_TRACE_ROUTE                  = 41,
+    MSG_PING_RESULT                  = 42,
+    MSG_TRACE_ROUTE_RESULT           = 43,
+    MSG_UPLINK_SUPPORT               = 44,
+    MSG_PORT_NUM                     = 45,
+    MSG_PORT_STATUS                  = 46,
+    MSG_PORT_TRAFFIC                 = 47,
+    MSG_PORT_RATE                    = 48,
+    MSG_PORT_MAC                     = 49,
+    MSG_PORT_UP_DOWN                 = 50,
+    MSG_WIFI_STATUS                  = 52,
+    MSG_WIFI_OPT                     = 53,
+    MSG_WIFI_DEASSOCIATION           = 54,
+    MSG_WIFI_MESH                    = 55,
+    MSG_WIFI_MESH_ROAMING            = 56,
+    MSG_WIFI_BACKHAUL_BSS            = 57,
+    MSG_WIFI_TOPO                    = 58,
+    MSG_WIFI_LOCAL_MESH_EVENT        = 59,
+    MSG_WIFI_TOPO_MAC                = 60,
+    MSG_WIFI_TOPO_AP_MAP             = 61,
+    MSG_WIFI_TOPO_CHANGE             = 62,
+    MSG_WIFI_SELECT                  = 63,
+    MSG_WIFI_BLACK_WHITE_ADD         = 64,
+    MSG_WIFI_BLACK_WHITE_DELETE      = 65,
+    MSG_WIFI_BLACK_WHITE_LIST        = 66,
+    MSG_WIFI5_STATUS                 = 67,
+    MSG_RADIO_BASIC                  = 68,
+    MSG_AP_BASIC                     = 70,
+    MSG_AP_ADVANCED                  = 71,
+    MSG_AP_RATE_LIMIT                = 72,
+    MSG_AP_ACCESS_MODE               = 73,
+    MSG_AP_ACCESS_RULE               = 74,
+    MSG_AP_ADD                       = 75,
+    MSG_AP_DELETE                    = 76,
+    MSG_SCAN_WLAN_NEIGHBOUR          = 77,
+    MSG_WLAN_NEIGHBOUR               = 78,
+    MSG_WPS_PBC                      = 79,
+    MSG_CHANNEL_SCAN                 = 80,
+    MSG_CHANNEL_SCORE                = 81,
+    MSG_REBOOT_TIMER                 = 84,
+    MSG_WIFI_TIMER_SET               = 85,
+    MSG_WIFI_TIMER                   = 86,
+    MSG_WIFI_TIMER_IDX               = 87,
+    MSG_STA_LIST                     = 88,
+    MSG_STA_INFO_BY_MAC              = 89,
+    MSG_STA_WIFI_PWD_ERR             = 90,
+    MSG_STA_TRAFFIC                  = 91,
+    MSG_STA_NUM                      = 92,
+    MSG_STA_NAME                     = 93,
+    MSG_STA_MODEL                    = 94,
+    MSG_STA_CTRL_STATUS              = 98,
+    MSG_STA_CTRL_MODE                = 99,
+    MSG_STA_CTRL_MODE_SWITCH         = 100,
+    MSG_STA_CTRL_LIST                = 101,
+    MSG_STA_BWLIST_GET               = 102,
+    MSG_STA_CTRL_INTERNET            = 103,
+    MSG_STA_CTRL_WIFI                = 104,
+    MSG_STA_CTRL_WIFI_LIST           = 105,
+    MSG_STA_CTRL_ITEM_ADD            = 106,
+    MSG_STA_CTRL_INTERNET_TIME       = 107,
+    MSG_RATELIMIT                    = 108,
+    MSG_RATELIMIT_LIST               = 109,
+    MSG_PERIOD_RATE_SET              = 110,
+    MSG_PERIOD_RATE_GET              = 111,
+    MSG_IPTV                         = 112,
+    MSG_L2_ROAMING                   = 113,
+    MSG_ROAMING                      = 114,
+    MSG_ROAMING_AP_RSSI_QUERY        = 115,
+    MSG_ROAMING_AP_RSSI_RSP          = 116,
+    MSG_ROAMING_BSS_TRANS            = 117,
+    MSG_ROAMING_REPORT               = 118,
+    MSG_ROAMING_STOPDETECT           = 119,
+    MSG_ROAMING_STA_RSSI             = 120,
+    MSG_QOS                          = 121,
+    MSG_DSCP                         = 122,
+    MSG_8021P                        = 123,
+    MSG_QOS_CLASSIFICATION_ADD       = 124,
+    MSG_QOS_CLASSIFICATION_DELETE    = 125,
+    MSG_QOS_CLASSIFICATION_LIST      = 126,
+    MSG_QOS_CLASSIFICATION_SET       = 127,
+    MSG_QOS_CLASSIFICATION_GET       = 128,
+    MSG_STA_STORAGE_INFO             = 129,
+    MSG_CUSTOM_INFO                  = 130,
+    MSG_FILTER_URL_SWITCH            = 132,
+    MSG_FILTER_URL_LIST              = 134,
+    MSG_FILTER_URL                   = 135,
+    MSG_FILTER_URL_REPLY             = 136,
+    MSG_FILTER_DNS_LIST              = 137,
+    MSG_FILTER_DNS                   = 138,
+    MSG_FILTER_DNS_REPLY             = 139,
+    MSG_VSIE_INFO                    = 140,
+    MSG_VSIE_BEACONTX_ADD            = 141,
+    MSG_VSIE_BEACONTX_IDX            = 142,
+    MSG_VSIE_BEACONTX_LIST           = 143,
+    MSG_VSIE_BEACONTX_SET            = 144,
+    MSG_VSIE_PROBERX_ADD             = 145,
+    MSG_VSIE_PROBERX_IDX             = 146,
+    MSG_VSIE_PROBERX_LIST            = 147,
+    MSG_VSIE_PROBERX_FLUSH           = 148,
+    MSG_VSIE_PROBERX_RECORD_ADD      = 149,
+    MSG_VSIE_PROBERESP_ADD           = 150,
+    MSG_VSIE_PROBERESP_IDX           = 151,
+    MSG_VSIE_PROBERESP_LIST          = 152,
+    MSG_CTCC_BASIC_INFO              = 153,
+    MSG_CTCC_SERVER_INFO             = 154,
+    MSG_CTCC_ELINK_STATUS            = 155,
+    MSG_CMCC_BASIC_INFO              = 156,
+    MSG_TELNET                       = 157,
+    MSG_SAMBA                        = 158,
+    MSG_FTP                          = 159,
+    MSG_ROUTER_NAME                  = 160,
+    MSG_KERNELCOUNT                  = 161,
+    MSG_CTCC_ROUTER_PIN              = 162,
+    MSG_FACTORY_FLAG                 = 163,
+    MSG_CMCC_CFG_FILE_SYNC           = 164,
+    MSG_SYNC_TIME                    = 165,
+    MSG_WAN_TCP_UDP_CON_NUM_GET      = 166,
+    MSG_CUSTOM_FACTORY_INFO          = 168,
+    MSG_WIFI_GET_AGENT_UPLINK_INFO   = 169,
+    MSG_UPGRADE_REPORT               = 170,
+    MSG_FILE_SYNC                    = 171,
+    MSG_QUICKJOIN                    = 172,
+};
+
+/* ------------------------------------------------------------------------ */
+/* Enumeration kinds: which word list PARATRANS_* translate with            */
+/* ------------------------------------------------------------------------ */
+
+typedef int32_t EnumKind;
+
+enum {
+    EnumSwitch        = 0,  /* "enable"=1 "disable"=0 */
+    EnumPortType      = 1,
+    EnumWanMode       = 2,
+    EnumProgress      = 3,
+    EnumSecurity      = 4,
+    EnumLevel         = 5,
+    EnumLinkState     = 6,
+    EnumBoolean       = 7,
+    EnumBand          = 8,  /* "2.4G"=0 "5G"=1 */
+    EnumTxPower       = 9,
+    EnumBandwidth     = 10,
+    EnumStandard      = 11, /* bit set "11b/11g/..."; writes into the text */
+    EnumAccessMedium  = 12,
+    EnumDeviceOs      = 13,
+    EnumDuplex        = 14,
+    EnumListMode      = 15,
+    EnumNone16        = 16, /* no words */
+    EnumEditAction    = 17,
+    EnumCarrier       = 18,
+    EnumProvince      = 19,
+    EnumPortRole      = 20,
+    EnumMeshRole      = 21,
+    EnumUpgradeMode   = 22,
+    EnumAuthMode      = 23,
+    EnumCipher        = 24,
+    EnumUplinkMedium  = 25,
+    EnumIsolation     = 26,
+    EnumProtocol      = 27,
+    EnumTiming        = 28,
+    EnumConnected     = 29,
+    EnumIpv6AddrMode  = 30,
+    EnumIpv6PrefixMode = 31,
+    EnumDnsReply      = 32,
+    EnumFilterMode    = 33,
+    EnumRunMode       = 34,
+    EnumUpgradeState  = 35, /* number to text only */
+    EnumLedColour     = 36, /* text to number only; numbers go out as decimal */
+    EnumUpgradeReport = 37, /* number to text only */
+    EnumListAction    = 38,
+    ENUM_KIND_COUNT   = 39
+};
+
+/* ------------------------------------------------------------------------ */
+/* Dispatch                                                                 */
+/* ------------------------------------------------------------------------ */
+
+/* A struct-to-JSON converter appends the record's members to the table or
+ * array that is open in buf. A JSON-to-struct converter fills the record from
+ * the members of msg. Both return 0 on success and -1 on a null argument or a
+ * failed check. */
+typedef int (*StructToJsonFunc)(const void *pvRecord, struct blob_buf *pstBuf);
+typedef int (*JsonToStructFunc)(struct blob_attr *pstMsg, void *pvRecord);
+
+/* One dispatch row. In g_astStructToJson_Func the converter is toJson, in
+ * g_astJsonToStruct_Func it is toStruct. */
+typedef struct MessageTransEntry {
+    const char *name;
+    int32_t id;
+    union {
+        StructToJsonFunc toJson;
+        JsonToStructFunc toStruct;
+    } converter;
+} MessageTransEntry;
+
+BX_API extern const MessageTransEntry g_astStructToJson_Func[];
+BX_API extern const int32_t g_iStructToJson_FuncNum;
+BX_API extern const MessageTransEntry g_astJsonToStruct_Func[];
+BX_API extern const int32_t g_iJsonToStruct_FuncNum;
+
+/* Appends the members of the record of message type iType to the open table
+ * or array of pstBuf. Returns -1 on a null record or buffer, 0 for a type
+ * without a row, otherwise the converter's result. */
+BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *pstBuf);
+
+/* Fills the record of message type iType from the blobmsg table pstMsg. The
+ * record must be zeroed by the caller and large enough for the type. Returns
+ * -1 on a null record or message, 0 for a type without a row, otherwise the
+ * converter's result (fields stored before a failure stay stored). */
+BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord);
+
+/* Word to number for one enumeration kind. pcText must not be null and must
+ * be writable (EnumStandard cuts its last token off in place). */
+BX_API int PARATRANS_String_To_Int(int iKind, char *pcText);
+
+/* Number to word. Some kinds return a shared 64-character buffer that the
+ * next call overwrites: not reentrant, callers serialise and copy at once. */
+BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue);
+
+/* Presence check shared by the converters: 1 when pstAttr is non-null,
+ * otherwise traces "Illegal parameter: <key>" and returns 0. */
+BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr);
+
+/* ------------------------------------------------------------------------ */
+/* Records and converters, one section per message family                   */
+/* ------------------------------------------------------------------------ */
+
+/* Generic result reply (type 0). */
+typedef struct RetParam {
+    uint32_t espResult;
+} RetParam;
+
+BX_API int STJ_Ret(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
+
+/* ==== Device and firmware information (types 1 to 11) ==== BEGIN DEVICE_INFO */
+
+/* ==== END DEVICE_INFO ==== */
+
+
+/* ==== Device control and status (types 12, 15 to 21) ==== BEGIN DEVICE_CONTROL */
+
+/* ==== END DEVICE_CONTROL ==== */
+
+
+/* ==== Carrier and service messages (types 129, 130, 153 to 172) ==== BEGIN CARRIER */
+
+/* ==== END CARRIER ==== */
+
+
+/* ==== WAN status, IPv6 and addressing modes (types 22 to 27) ==== BEGIN WAN */
+
+/* ==== END WAN ==== */
+
+
+/* ==== Bridge, repeater, MAC clone, LAN, DHCP server, static leases, lock-net (types 28 to 39) ==== BEGIN LAN */
+
+/* ==== END LAN ==== */
+
+
+/* ==== Diagnostics: ping and traceroute (types 40 to 44) ==== BEGIN DIAGNOSTICS */
+
+/* ==== END DIAGNOSTICS ==== */
+
+
+/* ==== Ethernet ports (types 45 to 50) ==== BEGIN PORTS */
+
+/* ==== END PORTS ==== */
+
+
+/* ==== Station list and details (types 88 to 94) ==== BEGIN STATIONS */
+
+/* ==== END STATIONS ==== */
+
+
+/* ==== Station access control (types 98 to 107) ==== BEGIN STA_CTRL */
+
+/* ==== END STA_CTRL ==== */
+
+
+/* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 81) ==== BEGIN RADIO_AP */
+
+/* ==== END RADIO_AP ==== */
+
+
+/* ==== Mesh role, backhaul and topology (types 55 to 62) ==== BEGIN MESH */
+
+/* ==== END MESH ==== */
+
+
+/* ==== Roaming (types 113 to 120) ==== BEGIN ROAMING */
+
+/* ==== END ROAMING ==== */
+
+
+/* ==== Neighbour scan, WPS and channel scoring ==== BEGIN NEIGHBOUR */
+
+/* ==== END NEIGHBOUR ==== */
+
+
+/* ==== Access lists and deassociation (types 54, 64 to 66) ==== BEGIN ACCESS_LIST */
+
+/* ==== END ACCESS_LIST ==== */
+
+
+/* ==== QoS classification (types 121 to 128) ==== BEGIN QOS */
+
+/* ==== END QOS ==== */
+
+
+/* ==== Timers, rate limits and IPTV (types 84 to 87, 108 to 112) ==== BEGIN TIMERS */
+
+/* ==== END TIMERS ==== */
+
+
+/* ==== URL and DNS filters (types 132 to 139) ==== BEGIN FILTERS */
+
+/* ==== END FILTERS ==== */
+
+
+/* ==== Vendor-specific information elements (types 140 to 152) ==== BEGIN VSIE */
+
+/* ==== END VSIE ==== */
+
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* BLOBXLATE_H */
