@@ -1,0 +1,42 @@
+# Installs the libraries, the header, a CMake package (find_package(blobxlate))
+# and a pkg-config file. With the bundled libubox its headers go under
+# include/blobxlate/ and its archive is installed beside the library, so that
+# consumers build against exactly the layer the library was built with.
+set(BLOBXLATE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/blobxlate)
+
+install(FILES include/blobxlate.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+set(BLOBXLATE_EXPORTED blobxlate blobxlate_static blobxlate_ubox_deps)
+if(BLOBXLATE_UBOX_KIND STREQUAL "bundled")
+  list(APPEND BLOBXLATE_EXPORTED blobxlate_ubox)
+  install(DIRECTORY ubox/include/libubox DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/blobxlate)
+  set(BLOBXLATE_PC_CFLAGS "-I\${includedir}/blobxlate")
+  set(BLOBXLATE_PC_LIBS_PRIVATE "-lblobxlate_ubox")
+  set(BLOBXLATE_PC_REQUIRES "json-c")
+else()
+  set(BLOBXLATE_PC_CFLAGS "")
+  set(BLOBXLATE_PC_LIBS_PRIVATE "")
+  set(BLOBXLATE_PC_REQUIRES "json-c")
+  set(BLOBXLATE_PC_LIBS_EXTRA "-lblobmsg_json -lubox")
+endif()
+if(TARGET blobxlate_jsonc)
+  list(APPEND BLOBXLATE_EXPORTED blobxlate_jsonc)
+endif()
+
+install(TARGETS ${BLOBXLATE_EXPORTED}
+  EXPORT blobxlateTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT blobxlateTargets NAMESPACE blobxlate:: DESTINATION ${BLOBXLATE_CMAKE_DIR})
+
+configure_package_config_file(cmake/blobxlateConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/blobxlateConfig.cmake
+  INSTALL_DESTINATION ${BLOBXLATE_CMAKE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/blobxlateConfig.cmake ${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cmake
+  DESTINATION ${BLOBXLATE_CMAKE_DIR})
+
+configure_file(cmake/blobxlate.pc.in ${PROJECT_BINARY_DIR}/blobxlate.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/blobxlate.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,177 @@
+/* Building blocks shared by the message converters.
+ *
+ * A converter reads like the description of its message: an enum of policy
+ * slots, the policy array they index, and either a field table (for the
+ * regular messages, handled by stj_fields/jts_fields) or a short function
+ * that walks the slots in order and says where the message is irregular.
+ *
+ * Everything here reads only inside the message it is given: attributes
+ * found by blobmsg_parse have been validated against the message, and the
+ * readers below re-check the rest (list elements, untyped slots) before they
+ * look into a value. */
+#ifndef BLOBXLATE_CORE_CODEC_H
+#define BLOBXLATE_CORE_CODEC_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "blobxlate.h"
+#include "core/trace.h"
+
+namespace bx {
+
+/* ---- Parsing ------------------------------------------------------------ */
+
+/* Parses the members of msg (its raw blob payload: converters get the
+ * message table itself) against policy into tb, one slot per policy entry. */
+template <size_t N>
+inline int parse(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *msg)
+{
+    return blobmsg_parse(policy, static_cast<int>(N), tb, blob_data(msg), blob_len(msg));
+}
+
+/* Parses a list element (a table inside an array) by its value. */
+template <size_t N>
+inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem)
+{
+    return blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), blobmsg_data_len(elem));
+}
+
+/* JTS_CheckBlobAttr for slot `slot`, with the policy's own key. */
+template <size_t N>
+inline bool present(const blobmsg_policy (&policy)[N], blob_attr *const (&tb)[N], size_t slot)
+{
+    return JTS_CheckBlobAttr(policy[slot].name, tb[slot]) != 0;
+}
+
+/* ---- Reading values ------------------------------------------------------ */
+
+/* The value bytes of an attribute that may hold up to `want` bytes: readers
+ * take what the attribute really has and treat the rest as zero, so an
+ * element of the wrong type is read as a number without leaving the
+ * message. */
+uint32_t get_u32(const blob_attr *attr);
+uint64_t get_u64(const blob_attr *attr);
+inline int32_t get_s32(const blob_attr *attr) { return static_cast<int32_t>(get_u32(attr)); }
+
+/* The attribute's text when its value is a terminated string, else "". */
+char *get_text(blob_attr *attr);
+
+/* strncpy of the attribute's text into dst, at most `bound` characters, no
+ * terminator added at the bound: callers pass zeroed records and bound is
+ * the array size minus one (or the whole size where a message says so). */
+void copy_text(char *dst, size_t bound, blob_attr *attr);
+
+/* The number of an enumeration word. */
+inline int get_word(int kind, blob_attr *attr) { return PARATRANS_String_To_Int(kind, get_text(attr)); }
+
+/* ---- Walking lists -------------------------------------------------------- */
+
+/* Calls fn(elem) for each element of an ARRAY or TABLE attribute, in order,
+ * the way blobmsg_for_each_attr walks it; fn returns false to stop. An
+ * element that is not a well-formed attribute inside the list (bad name
+ * header, wrong value size) ends the walk, so no element ever points outside
+ * the message. Returns the number of elements visited. */
+template <typename Fn>
+inline unsigned for_each_elem(blob_attr *list, Fn fn)
+{
+    if (list == nullptr)
+        return 0;
+    unsigned visited = 0;
+    blob_attr *cur;
+    size_t rem;
+    blobmsg_for_each_attr(cur, list, rem) {
+        if (!blobmsg_check_attr_len(cur, false, rem))
+            break;
+        ++visited;
+        if (!fn(cur))
+            break;
+    }
+    return visited;
+}
+
+/* ---- Writing values -------------------------------------------------------- */
+
+inline int add_word(blob_buf *buf, const char *key, int kind, uint32_t value)
+{
+    return blobmsg_add_string(buf, key, PARATRANS_Int_To_String(kind, static_cast<int>(value)));
+}
+
+/* ---- Traces whose format comes from a table --------------------------------- */
+
+/* Traces `fmt` and a line end with one value, passing the value with the
+ * width that the format's conversion asks for (%s, %d/%u, %ld/%lu,
+ * %lld/%llu, %p). Table trace texts therefore carry no line end. */
+void trace_value(const char *func, int line, const char *fmt, const char *text, uint64_t number);
+
+/* ---- Field tables for the regular messages ------------------------------------ */
+
+enum class Kind : uint8_t {
+    Text,  /* char[size], STRING, copied with bound size-1 */
+    U32,   /* uint32_t, INT32 */
+    S32,   /* int32_t, INT32 (emitted with blobmsg_add_u32 like any number) */
+    U64,   /* uint64_t, INT64 */
+    Word,  /* uint32_t enumeration number, STRING word of `kind` */
+};
+
+struct Field {
+    const char *key;
+    Kind how;
+    uint16_t offset;
+    uint16_t size;
+    int8_t kind;        /* enumeration kind of a Word */
+    const char *trace;  /* trace after storing (no line end), or nullptr */
+};
+
+#define BX_FIELD_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member))
+#define BX_TEXT(Rec, member, key, trace) \
+    ::bx::Field{key, ::bx::Kind::Text, static_cast<uint16_t>(offsetof(Rec, member)), BX_FIELD_SIZE(Rec, member), -1, trace}
+#define BX_U32(Rec, member, key, trace) \
+    ::bx::Field{key, ::bx::Kind::U32, static_cast<uint16_t>(offsetof(Rec, member)), 4, -1, trace}
+#define BX_S32(Rec, member, key, trace) \
+    ::bx::Field{key, ::bx::Kind::S32, static_cast<uint16_t>(offsetof(Rec, member)), 4, -1, trace}
+#define BX_U64(Rec, member, key, trace) \
+    ::bx::Field{key, ::bx::Kind::U64, static_cast<uint16_t>(offsetof(Rec, member)), 8, -1, trace}
+#define BX_WORD(Rec, member, enumkind, key, trace) \
+    ::bx::Field{key, ::bx::Kind::Word, static_cast<uint16_t>(offsetof(Rec, member)), 4, enumkind, trace}
+
+/* The most fields one table may hold (the policy is built on the stack). */
+constexpr size_t kMaxFields = 48;
+
+/* Emits every field in table order. Returns -1 on a null argument, else 0. */
+int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count);
+template <size_t N>
+inline int stj_fields(const void *record, blob_buf *buf, const Field (&fields)[N])
+{
+    static_assert(N <= kMaxFields, "field table too long");
+    return stj_fields(record, buf, fields, N);
+}
+
+/* Parses the message against the table's keys and stores every present
+ * field in table order, tracing each absent key (JTS_CheckBlobAttr) and each
+ * stored value (the field's trace, on behalf of `func`). Every key is
+ * optional. Returns -1 on a null argument, else 0. */
+int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fields, size_t count);
+template <size_t N>
+inline int jts_fields(const char *func, blob_attr *msg, void *record, const Field (&fields)[N])
+{
+    static_assert(N <= kMaxFields, "field table too long");
+    return jts_fields(func, msg, record, fields, N);
+}
+
+/* Stores one present attribute as field f of the record and traces it. */
+void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
+/* Emits field f of the record. */
+void emit_field(const Field &f, const void *record, blob_buf *buf);
+
+/* The blobmsg type a field travels as. */
+constexpr blobmsg_type wire_type(Kind how)
+{
+    return how == Kind::U64 ? BLOBMSG_TYPE_INT64
+         : (how == Kind::U32 || how == Kind::S32) ? BLOBMSG_TYPE_INT32
+         : BLOBMSG_TYPE_STRING;
+}
+
+} // namespace bx
+
+#endif

@@ -1,0 +1,129 @@
+#include "support.h"
+
+#include <cinttypes>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include <libubox/blobmsg_json.h>
+
+namespace bxtest {
+
+Buf::Buf() { blob_buf_init(&buf_, 0); }
+Buf::~Buf() { blob_buf_free(&buf_); }
+
+std::string Buf::json()
+{
+    char *text = blobmsg_format_json(buf_.head, true);
+    std::string out = text != nullptr ? text : "<null>";
+    std::free(text);
+    return out;
+}
+
+std::string Buf::typed() { return bxtest::typed(buf_.head); }
+
+Msg::Msg(const char *json_text)
+{
+    if (!blobmsg_add_json_from_string(buf_.get(), json_text))
+        throw std::runtime_error(std::string("test message is not a JSON object: ") + json_text);
+}
+
+namespace {
+
+void describe(std::string &out, blob_attr *attr, bool named);
+
+void describe_list(std::string &out, blob_attr *list, bool named)
+{
+    blob_attr *cur;
+    size_t rem;
+    bool first = true;
+    blobmsg_for_each_attr(cur, list, rem) {
+        if (!first)
+            out += ' ';
+        first = false;
+        describe(out, cur, named);
+    }
+}
+
+void describe(std::string &out, blob_attr *attr, bool named)
+{
+    if (named) {
+        out += blobmsg_name(attr);
+        out += '=';
+    }
+    char num[64];
+    switch (blobmsg_type(attr)) {
+    case BLOBMSG_TYPE_STRING:
+        out += "s\"";
+        out += blobmsg_get_string(attr);
+        out += '"';
+        break;
+    case BLOBMSG_TYPE_INT32:
+        std::snprintf(num, sizeof num, "i32:%" PRId32, static_cast<int32_t>(blobmsg_get_u32(attr)));
+        out += num;
+        break;
+    case BLOBMSG_TYPE_INT64:
+        std::snprintf(num, sizeof num, "i64:%" PRId64, static_cast<int64_t>(blobmsg_get_u64(attr)));
+        out += num;
+        break;
+    case BLOBMSG_TYPE_INT16:
+        std::snprintf(num, sizeof num, "i16:%d", static_cast<int16_t>(blobmsg_get_u16(attr)));
+        out += num;
+        break;
+    case BLOBMSG_TYPE_INT8:
+        std::snprintf(num, sizeof num, "i8:%d", blobmsg_get_u8(attr));
+        out += num;
+        break;
+    case BLOBMSG_TYPE_ARRAY:
+        out += '[';
+        describe_list(out, attr, false);
+        out += ']';
+        break;
+    case BLOBMSG_TYPE_TABLE:
+        out += '{';
+        describe_list(out, attr, true);
+        out += '}';
+        break;
+    default:
+        std::snprintf(num, sizeof num, "type%d", blobmsg_type(attr));
+        out += num;
+        break;
+    }
+}
+
+} // namespace
+
+std::string typed(blob_attr *table)
+{
+    std::string out;
+    blob_attr *cur;
+    size_t rem;
+    bool first = true;
+    __blob_for_each_attr(cur, blob_data(table), rem = blob_len(table)) {
+        if (!first)
+            out += ' ';
+        first = false;
+        describe(out, cur, true);
+    }
+    return out;
+}
+
+std::string stj_typed(int type, const void *record, int *ret)
+{
+    Buf buf;
+    int r = STRUCT_TRANS_JSON(type, record, buf.get());
+    if (ret != nullptr)
+        *ret = r;
+    return buf.typed();
+}
+
+std::string stj_json(int type, const void *record, int *ret)
+{
+    Buf buf;
+    int r = STRUCT_TRANS_JSON(type, record, buf.get());
+    if (ret != nullptr)
+        *ret = r;
+    return buf.json();
+}
+
+} // namespace bxtest
