@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <libubox/blobmsg_json.h>
 
@@ -115,6 +117,33 @@ std::string stj_typed(int type, const void *record, int *ret)
     if (ret != nullptr)
         *ret = r;
     return buf.typed();
+}
+
+bool run_tool(int type, const std::string &json_text, ToolResult &result)
+{
+    std::string tool = BLOBXLATE_TOOL;
+    if (tool.empty())
+        return false;
+    char path[] = "/tmp/blobxlate-msg-XXXXXX";
+    int fd = mkstemp(path);
+    if (fd < 0)
+        return false;
+    FILE *f = fdopen(fd, "w");
+    std::fputs(json_text.c_str(), f);
+    std::fclose(f);
+    std::string cmd = tool + " " + std::to_string(type) + " " + path + " 2>&1";
+    FILE *p = popen(cmd.c_str(), "r");
+    result.out.clear();
+    if (p != nullptr) {
+        char chunk[4096];
+        size_t n;
+        while ((n = std::fread(chunk, 1, sizeof chunk, p)) > 0)
+            result.out.append(chunk, n);
+        int status = pclose(p);
+        result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    unlink(path);
+    return true;
 }
 
 std::string stj_json(int type, const void *record, int *ret)

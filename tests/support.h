@@ -52,6 +52,14 @@ std::string stj_typed(int type, const void *record, int *ret = nullptr);
 // The same, as compact JSON.
 std::string stj_json(int type, const void *record, int *ret = nullptr);
 
+// Runs the blobxlate program on a message (JSON text) of the given type.
+// Returns false when the program is not built (the test then skips).
+struct ToolResult {
+    int exit_code = -1;
+    std::string out;  // standard output
+};
+bool run_tool(int type, const std::string &json_text, ToolResult &result);
+
 } // namespace bxtest
 
 #endif
