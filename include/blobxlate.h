@@ -330,6 +330,124 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Bridge, repeater, MAC clone, LAN, DHCP server, static leases, lock-net (types 28 to 39) ==== BEGIN LAN */
 
+/* These messages were designed here; docs/designed-messages.md gives their
+ * wire forms. Switches travel as "enable"/"disable". List messages hold at
+ * most the array's size of entries; on the way in the count is the number of
+ * entries filled. */
+
+/* BridgeSwitch (28): bridge mode on or off. LockNet (39) has the same record. */
+typedef struct BridgeSwitchParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+} BridgeSwitchParam;
+
+/* BridgeStatus (29) */
+typedef struct BridgeStatusParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+    uint32_t eLinkStatus;          /* "linkstatus", EnumLinkState ("up"/"down") */
+    char szIp[16];                 /* "ip" */
+} BridgeStatusParam;
+
+/* Repeater_SetInfo (30): the upstream network the repeater joins. */
+typedef struct RepeaterSetParam {
+    uint32_t eRadio;               /* "radio", EnumBand */
+    char szSsid[32];               /* "ssid" */
+    char szBssid[32];              /* "bssid" */
+    uint32_t eSecurity;            /* "security", EnumSecurity */
+    char szPassword[64];           /* "password" */
+} RepeaterSetParam;
+
+/* Repeater_StaInfo (31): the repeater's own uplink. */
+typedef struct RepeaterStaInfoParam {
+    uint32_t eRadio;               /* "radio", EnumBand */
+    char szSsid[32];               /* "ssid" */
+    char szBssid[32];              /* "bssid" */
+    int32_t iRssi;                 /* "rssi" */
+    uint32_t eConnected;           /* "status", EnumConnected ("Connected"/"Unconnected") */
+} RepeaterStaInfoParam;
+
+#define REPEATER_LIST_MAX 32
+/* One upstream network seen by the repeater. */
+typedef struct RepeaterApEntry {
+    char szSsid[32];               /* "ssid" */
+    char szBssid[32];              /* "bssid" */
+    uint32_t uiChannel;            /* "channel" */
+    int32_t iRssi;                 /* "rssi" */
+    uint32_t eSecurity;            /* "security", EnumSecurity */
+} RepeaterApEntry;
+
+/* Repeater_List (32): "count", then "list" of tables. */
+typedef struct RepeaterListParam {
+    uint32_t uiCount;
+    RepeaterApEntry astList[REPEATER_LIST_MAX];
+} RepeaterListParam;
+
+/* CloneMac (33) and LanClone (35): one converter pair serves both. */
+typedef struct MacCloneParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+    char szMac[32];                /* "mac" */
+} MacCloneParam;
+
+/* Lan (34) */
+typedef struct LanParam {
+    char szIp[16];                 /* "ip" */
+    char szMask[16];               /* "mask" */
+} LanParam;
+
+/* DhcpServer (36) */
+typedef struct DhcpServerParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+    char szStartIp[16];            /* "startip" */
+    char szEndIp[16];              /* "endip" */
+    uint32_t uiLeaseTime;          /* "leasetime", seconds */
+} DhcpServerParam;
+
+/* LanStatic (37): add, change or remove one static lease. */
+typedef struct LanStaticParam {
+    uint32_t eAction;              /* "action", EnumListAction */
+    char szMac[32];                /* "mac" */
+    char szIp[16];                 /* "ip" */
+    char szHostName[64];           /* "hostname" */
+} LanStaticParam;
+
+#define LAN_STATIC_LIST_MAX 32
+typedef struct LanStaticEntry {
+    char szMac[32];                /* "mac" */
+    char szIp[16];                 /* "ip" */
+    char szHostName[64];           /* "hostname" */
+} LanStaticEntry;
+
+/* LanStatic List (38): "count", then "list" of tables. */
+typedef struct LanStaticListParam {
+    uint32_t uiCount;
+    LanStaticEntry astList[LAN_STATIC_LIST_MAX];
+} LanStaticListParam;
+
+/* LockNet (39): BridgeSwitchParam's layout. */
+typedef BridgeSwitchParam LockNetParam;
+
+BX_API int STJ_BridgeSwitch(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_BridgeSet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_BridgeStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_BridgeGet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Repeater_SetInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RepeaterSet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Repeater_StaInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RepeaterGet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Repeater_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RepeaterList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CloneMac(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_MacClone(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Lan(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Lan(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_DhcpServer(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_DhcpServer(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LanStatic(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_LanStatic(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LanStatic_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_LanStatic_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LockNet(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_LockNet(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END LAN ==== */
 
 
@@ -350,6 +468,87 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Station access control (types 98 to 107) ==== BEGIN STA_CTRL */
 
+/* Station access control: which stations may use the Internet and the
+ * Wi-Fi. Modes travel as EnumListMode words ("WHITE"/"BLACK"). */
+
+/* StaCtrlStatus (98): access control on or off. */
+typedef struct StaCtrlStatusParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+} StaCtrlStatusParam;
+
+/* StaCtrlMode (99) and StaBWListGet (102, the mode whose list is asked for). */
+typedef struct StaCtrlModeParam {
+    uint32_t eMode;                /* "mode", EnumListMode */
+} StaCtrlModeParam;
+
+/* StaCtrlModeSwitch (100): one mode's list on or off. */
+typedef struct StaCtrlModeSwitchParam {
+    uint32_t eMode;                /* "mode", EnumListMode */
+    uint32_t eStatus;              /* "status", EnumSwitch */
+} StaCtrlModeSwitchParam;
+
+#define STA_CTRL_LIST_MAX 32
+typedef struct StaCtrlEntry {
+    char szMac[32];                /* "mac" */
+    char szName[64];               /* "name" */
+    uint32_t eMode;                /* "mode", EnumListMode */
+} StaCtrlEntry;
+
+/* StaCtrlList (101): "count", then "list" of tables. */
+typedef struct StaCtrlListParam {
+    uint32_t uiCount;
+    StaCtrlEntry astList[STA_CTRL_LIST_MAX];
+} StaCtrlListParam;
+
+/* StaCtrlInternet (103) and StaCtrlWifi (104): one station allowed or not. */
+typedef struct StaCtrlAllowParam {
+    char szMac[32];                /* "mac" */
+    uint32_t bAllow;               /* "allow", EnumBoolean ("true"/"false") */
+} StaCtrlAllowParam;
+
+/* StaCtrlWifi list (105): "count", then "list" of {"mac", "allow"}. */
+typedef struct StaCtrlWifiListParam {
+    uint32_t uiCount;
+    StaCtrlAllowParam astList[STA_CTRL_LIST_MAX];
+} StaCtrlWifiListParam;
+
+/* StaCtrlItemAdd (106): add, change or remove one station of a list. */
+typedef struct StaCtrlItemParam {
+    uint32_t eAction;              /* "action", EnumListAction */
+    uint32_t eMode;                /* "mode", EnumListMode */
+    char szMac[32];                /* "mac" */
+    char szName[64];               /* "name" */
+} StaCtrlItemParam;
+
+/* StaCtrlInternetTime (107): when a station may use the Internet. */
+typedef struct StaCtrlInternetTimeParam {
+    char szMac[32];                /* "mac" */
+    char szStartTime[16];          /* "starttime", "HH:MM" */
+    char szEndTime[16];            /* "endtime", "HH:MM" */
+    uint32_t uiWeekMask;           /* "week", bit 0 Monday .. bit 6 Sunday */
+} StaCtrlInternetTimeParam;
+
+BX_API int STJ_StaCtrlStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlStatus(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlMode(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlMode(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlModeSwitch(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlModeSwitch(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlList(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaBWListGet(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrBlackList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlInternet(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlInternet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlWifi(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlWifi(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlWifi_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlWifi_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlItemAdd(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlItemAdd(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaCtrlInternetTime(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaCtrlInternetTime(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END STA_CTRL ==== */
 
 
@@ -359,6 +558,82 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 
 /* ==== Mesh role, backhaul and topology (types 55 to 62) ==== BEGIN MESH */
+
+/* Mesh role, backhaul and topology. */
+
+/* WifiMesh (55): the device's mesh role. */
+typedef struct MeshRoleParam {
+    uint32_t eRole;                /* "role", EnumMeshRole */
+} MeshRoleParam;
+
+/* WifiMeshRoaming (56): steering of stations between mesh nodes. */
+typedef struct MeshRoamingParam {
+    uint32_t eStatus;              /* "status", EnumSwitch */
+    int32_t iRssiThreshold;        /* "thresholdrssi", dBm */
+} MeshRoamingParam;
+
+/* WifiBackhaulbss (57): the hidden network the nodes link over. */
+typedef struct BackhaulBssParam {
+    uint32_t eRadio;               /* "radio", EnumBand */
+    char szSsid[32];               /* "ssid" */
+    char szPassword[64];           /* "password" */
+    uint32_t eAuthMode;            /* "authmode", EnumAuthMode */
+    uint32_t eCipher;              /* "cipher", EnumCipher */
+} BackhaulBssParam;
+
+#define WIFI_TOPO_MAX 32
+typedef struct TopoNodeEntry {
+    char szMac[32];                /* "mac" */
+    char szParentMac[32];          /* "parentmac", empty for the controller */
+    uint32_t eRole;                /* "role", EnumMeshRole */
+    uint32_t eUplink;              /* "uplink", EnumUplinkMedium */
+    int32_t iRssi;                 /* "rssi", of a wireless uplink */
+    char szIp[16];                 /* "ip" */
+} TopoNodeEntry;
+
+/* WifiTopo (58): "count", then "topo" of node tables. */
+typedef struct WifiTopoParam {
+    uint32_t uiCount;
+    TopoNodeEntry astNode[WIFI_TOPO_MAX];
+} WifiTopoParam;
+
+/* WifiLocalMesh_Event (59, sent only): a node joined or left. */
+typedef struct LocalMeshEventParam {
+    char szMac[32];                /* "mac" */
+    uint32_t eAction;              /* "action", EnumListAction ("add"/"delete"/"modify") */
+} LocalMeshEventParam;
+
+/* WifiTopoMac (60): "count", then "maclist", an array of MAC texts. */
+typedef struct TopoApMacParam {
+    uint32_t uiCount;
+    char aszMac[WIFI_TOPO_MAX][32];
+} TopoApMacParam;
+
+/* WifiTopoAp_Map (61): the BSSIDs a node serves on each band. */
+typedef struct TopoApMapParam {
+    char szMac[32];                /* "mac" */
+    char szBssid2g[32];            /* "bssid2g" */
+    char szBssid5g[32];            /* "bssid5g" */
+} TopoApMapParam;
+
+/* WifiTopoChange (62): the topology changed at one node. LocalMeshEventParam's layout. */
+typedef LocalMeshEventParam TopoChangeParam;
+
+BX_API int STJ_WifiMesh(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiMesh(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiMeshRoaming(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiMeshRoaming(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBackhaulbss(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBackhaulbss(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTopo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTopo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiLocalMesh_Event(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int STJ_WifiTopoMac(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTopoMac(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTopoAp_Map(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTopoAp_Map(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTopoChange(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTopoChange(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END MESH ==== */
 
