@@ -436,7 +436,11 @@ BX_API int JTS_Pppoe(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Diagnostics: ping and traceroute (types 40 to 44) ==== BEGIN DIAGNOSTICS */
 
-/* Validity bits of uiCapaFlag in the ping and traceroute requests. */
+/* Validity bits of uiCapaFlag in the ping and traceroute requests. Received
+ * numbers set their bit; only numbers whose bit is set are sent, except the
+ * ping's uiBlockSize, which is sent whenever any of the low 16 bits is set.
+ * The host, the ping's szPingTime and uiPingNum, and the traceroute's
+ * uiResultType have no bit and are always sent. */
 enum {
     DIAG_CAPA_PING_NUM   = 0x02,
     DIAG_CAPA_TIMEOUT    = 0x04,
