@@ -325,6 +325,107 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== WAN status, IPv6 and addressing modes (types 22 to 27) ==== BEGIN WAN */
 
+/* WAN status report (type 22). eWorkMode travels as an EnumWanMode word,
+ * eLinkStatus as an EnumSwitch word; the units of uiDhcpRt and uiLinkSpeed
+ * are the WAN daemon's and pass through unchanged. */
+typedef struct WanStatusInfo {
+    uint32_t eWorkMode;
+    uint32_t eLinkStatus;
+    char szIp[16];
+    char szSubMask[16];
+    char szGwIp[16];
+    char szGwMac[32];
+    char szDnsMaster[16];
+    char szDnsSlave[16];
+    uint32_t uiDhcpRt;
+    char szMac[32];
+    uint32_t uiConNum;
+    uint32_t uiPortId;
+    uint32_t uiLinkSpeed;
+} WanStatusInfo;
+
+/* IPv6 switch (type 23): an EnumSwitch word. */
+typedef struct Ipv6Switch {
+    uint32_t uiEnable;
+} Ipv6Switch;
+
+/* IPv6 status report (type 24). The lifetimes are the daemon's numbers. */
+typedef struct Ipv6Info {
+    uint32_t uiEnable;        /* EnumSwitch */
+    uint32_t uiConnectStatus; /* EnumConnected */
+    char szIpAddr[64];
+    char szPrefix[64];
+    uint32_t uiPrefixLen;
+    char szGateway[64];
+    char szDns1[64];
+    char szDns2[64];
+    uint32_t uiIpAddrOrigin;  /* EnumIpv6AddrMode */
+    uint32_t uiPdFlag;        /* EnumBoolean */
+    uint32_t uiPrefixOrigin;  /* EnumIpv6PrefixMode */
+    uint32_t uiPrefixPlTime;
+    uint32_t uiPrefixVlTime;
+    uint32_t uiDsLite;        /* EnumBoolean */
+} Ipv6Info;
+
+/* DHCP access configuration (type 25). */
+typedef struct WanDhcpConfig {
+    uint32_t uiMtu;
+} WanDhcpConfig;
+
+/* Validity bits of uiCapaFlag in the static and PPPoE configurations: one
+ * numbering for both (the MTU is 0x20 in each; 0x10 is unused). Received
+ * fields set their bit; only fields whose bit is set are sent, except the
+ * last one of each record, which is sent whenever any of the low 16 bits is
+ * set. */
+enum {
+    WAN_CAPA_IP            = 0x001,
+    WAN_CAPA_SUBMASK       = 0x002,
+    WAN_CAPA_DNS_MASTER    = 0x004,
+    WAN_CAPA_DNS_SLAVE     = 0x008,
+    WAN_CAPA_MTU           = 0x020,
+    WAN_CAPA_GW_IP         = 0x040,
+    WAN_CAPA_PPPOE_USER    = 0x080,
+    WAN_CAPA_PPPOE_PWD     = 0x100,
+    WAN_CAPA_PPPOE_SERVER  = 0x200,
+    WAN_CAPA_PPPOE_SERVICE = 0x400
+};
+
+/* Static address configuration (type 26). */
+typedef struct WanStaticConfig {
+    char szIp[16];
+    char szSubMask[16];
+    char szGwIp[16];
+    uint32_t uiMtu;
+    char szDnsMaster[16];
+    char szDnsSlave[16];
+    uint32_t uiCapaFlag;
+} WanStaticConfig;
+
+/* PPPoE configuration (type 27). The four texts are received over their
+ * whole 33 bytes: a value of 33 characters or more leaves no terminator, so
+ * read them as at most 33 characters. */
+typedef struct WanPppoeConfig {
+    char szUser[33];
+    char szPwd[33];
+    char szServer[33];
+    char szService[33];
+    uint32_t uiMtu;
+    uint32_t uiCapaFlag;
+} WanPppoeConfig;
+
+BX_API int STJ_WanStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WanStatus(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_IPv6Enable(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_IPv6Enable(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_IPv6Info(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_IPv6Info(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Dhcp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Dhcp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Static(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Static(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Pppoe(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Pppoe(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END WAN ==== */
 
 
@@ -452,6 +553,86 @@ BX_API int JTS_LockNet(struct blob_attr *pstMsg, void *pvRecord);
 
 
 /* ==== Diagnostics: ping and traceroute (types 40 to 44) ==== BEGIN DIAGNOSTICS */
+
+/* Validity bits of uiCapaFlag in the ping and traceroute requests. Received
+ * numbers set their bit; only numbers whose bit is set are sent, except the
+ * ping's uiBlockSize, which is sent whenever any of the low 16 bits is set.
+ * The host, the ping's szPingTime and uiPingNum, and the traceroute's
+ * uiResultType have no bit and are always sent. */
+enum {
+    DIAG_CAPA_PING_NUM   = 0x02,
+    DIAG_CAPA_TIMEOUT    = 0x04,
+    DIAG_CAPA_BLOCKSIZE  = 0x08,
+    DIAG_CAPA_NUMOFTRIES = 0x10,
+    DIAG_CAPA_MAXHOP     = 0x20
+};
+
+/* Ping request (type 40). Received numbers are refused outside 0..65535
+ * (uiBlockSize 1..65535); szHost is required. */
+typedef struct PingRequest {
+    char szHost[64];
+    uint32_t uiNum;
+    uint32_t uiTimeout;
+    uint32_t uiBlockSize;
+    char szPingTime[64];
+    uint32_t uiPingNum;
+    uint32_t uiCapaFlag;
+} PingRequest;
+
+/* Traceroute request (type 41). szHost and uiResultType (0 or 1) are
+ * required; the numbers are refused outside 0..65535 (uiBlockSize and
+ * uiMaxHop 1..65535). */
+typedef struct TraceRouteRequest {
+    char szHost[64];
+    uint32_t uiNumOfTries;
+    uint32_t uiTimeout;
+    uint32_t uiBlockSize;
+    uint32_t uiMaxHop;
+    uint32_t uiResultType;
+    uint32_t uiCapaFlag;
+} TraceRouteRequest;
+
+/* Ping result (type 42); "recivedcount" is the key's spelling on the bus. */
+typedef struct PingResult {
+    uint32_t uiRecivedCount;
+    uint32_t uiLossCount;
+    uint32_t uiPacketsLoss;
+    uint32_t uiAvg;
+    uint32_t uiMin;
+    uint32_t uiMax;
+    uint32_t uiTimeTotal;
+    uint32_t uiPacketCount;
+    uint32_t uiPacketSize;
+    char szPingUrl[64];
+    char szHost[64];
+    uint32_t uiTimeout;
+    uint32_t uiPingNum;
+} PingResult;
+
+/* Traceroute result (type 43): the whole output as one text. */
+typedef struct TraceRouteResult {
+    char szResult[1024];
+} TraceRouteResult;
+
+/* Uplink modes the device supports (type 44), each an EnumSwitch word. */
+typedef struct UplinkSupport {
+    uint32_t uiDhcp;
+    uint32_t uiStatic;
+    uint32_t uiPppoe;
+    uint32_t uiBridge;
+    uint32_t uiRepeater;
+} UplinkSupport;
+
+BX_API int STJ_Ping(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ping(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_TraceRoute(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_TraceRoute(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Ping_Result(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PingResult(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_TraceRoute_Result(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_TraceRouteResult(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_UplinkSupport(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_UplinkSupport(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END DIAGNOSTICS ==== */
 
