@@ -434,13 +434,14 @@ BX_API int JTS_ApAccessRule(struct blob_attr *pstMsg, void *pvRecord)
     /* The list comes first. It is not held to "count": every element fills
      * the next entry, but never beyond the record's array. */
     if (bx::present(g_stApAccessRule_policy, tb, AR_IPLIST)) {
+        const char *func = __func__; /* the walk traces on behalf of this converter */
         uint32_t filled = 0;
         bx::for_each_elem(tb[AR_IPLIST], [&](blob_attr *elem) {
             if (filled == AP_ACCESS_IP_MAX)
                 return false;
             blob_attr *entry[2];
             parse_members(kApAccessIp, entry, blobmsg_data(elem), blobmsg_data_len(elem));
-            read_members(__func__, entry, &rec->astIpList[filled++], kApAccessIp, 0, 2, nullptr);
+            read_members(func, entry, &rec->astIpList[filled++], kApAccessIp, 0, 2, nullptr);
             return true;
         });
     }
