@@ -98,7 +98,7 @@ int read_members(const char *func, blob_attr *const *tb, void *record, const Mem
 }
 
 template <typename Rec, size_t N>
-int receive(const char *func, blob_attr *msg, void *record, const Member (&members)[N])
+int receive_members(const char *func, blob_attr *msg, void *record, const Member (&members)[N])
 {
     if (msg == nullptr || record == nullptr)
         return -1;
@@ -108,7 +108,7 @@ int receive(const char *func, blob_attr *msg, void *record, const Member (&membe
 }
 
 template <typename Rec, size_t N>
-int send(const void *record, blob_buf *buf, const Member (&members)[N])
+int send_members(const void *record, blob_buf *buf, const Member (&members)[N])
 {
     if (record == nullptr || buf == nullptr)
         return -1;
@@ -143,8 +143,8 @@ constexpr Field kRbStatus = BX_WORD(RadioBasicRec, uiStatus, EnumSwitch, "status
 constexpr Field kRbTxPower = BX_WORD(RadioBasicRec, uiTxPower, EnumTxPower, "txpower", "txpower:%d");
 constexpr Field kRbChannel = BX_U32(RadioBasicRec, uiChannel, "channel", "channel:%u");
 constexpr Field kRbBandwidth = BX_WORD(RadioBasicRec, uiBandwidth, EnumBandwidth, "bandwidth", "bandwidth:%d");
-/* The received "standard" is translated in place: the message loses its
- * last standard word, as every receiver of this word expects. */
+/* The received "standard" is translated in the message's own text, which
+ * loses its last token: the translation cuts it off in place. */
 constexpr Field kRbStandard = BX_WORD(RadioBasicRec, uiStandard, EnumStandard, "standard", "standard:%d");
 constexpr Field kRbRealBandwidth =
     BX_WORD(RadioBasicRec, uiRealBandwidth, EnumBandwidth, "realbandwidth", "realbandwidth:%d");
@@ -291,78 +291,78 @@ extern "C" {
 
 BX_API int STJ_WifiStatus(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<WifiSwitchRec>(pvRecord, pstBuf, kWifiSwitch);
+    return send_members<WifiSwitchRec>(pvRecord, pstBuf, kWifiSwitch);
 }
 
 BX_API int JTS_WifiStatus(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<WifiSwitchRec>(__func__, pstMsg, pvRecord, kWifiSwitch);
+    return receive_members<WifiSwitchRec>(__func__, pstMsg, pvRecord, kWifiSwitch);
 }
 
 BX_API int STJ_Wifi5Status(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<WifiSwitchRec>(pvRecord, pstBuf, kWifiSwitch);
+    return send_members<WifiSwitchRec>(pvRecord, pstBuf, kWifiSwitch);
 }
 
 BX_API int JTS_Wifi5Status(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<WifiSwitchRec>(__func__, pstMsg, pvRecord, kWifiSwitch);
+    return receive_members<WifiSwitchRec>(__func__, pstMsg, pvRecord, kWifiSwitch);
 }
 
 BX_API int STJ_WifiOpt(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<WifiRadioRec>(pvRecord, pstBuf, kWifiRadio);
+    return send_members<WifiRadioRec>(pvRecord, pstBuf, kWifiRadio);
 }
 
 BX_API int JTS_WifiOpt(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<WifiRadioRec>(__func__, pstMsg, pvRecord, kWifiRadio);
+    return receive_members<WifiRadioRec>(__func__, pstMsg, pvRecord, kWifiRadio);
 }
 
 BX_API int STJ_WifiSelect(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<WifiSelectRec>(pvRecord, pstBuf, kWifiSelect);
+    return send_members<WifiSelectRec>(pvRecord, pstBuf, kWifiSelect);
 }
 
 /* The selection message's receiver traces under the name JTS_WifiRadio. */
 BX_API int JTS_WifiRadio(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<WifiSelectRec>(__func__, pstMsg, pvRecord, kWifiSelect);
+    return receive_members<WifiSelectRec>(__func__, pstMsg, pvRecord, kWifiSelect);
 }
 
 BX_API int STJ_RadioBasic(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<RadioBasicRec>(pvRecord, pstBuf, kRadioBasicOut);
+    return send_members<RadioBasicRec>(pvRecord, pstBuf, kRadioBasicOut);
 }
 
 BX_API int JTS_RadioBasic(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<RadioBasicRec>(__func__, pstMsg, pvRecord, kRadioBasicIn);
+    return receive_members<RadioBasicRec>(__func__, pstMsg, pvRecord, kRadioBasicIn);
 }
 
 BX_API int STJ_ApBasic(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApBasicRec>(pvRecord, pstBuf, kApBasicOut);
+    return send_members<ApBasicRec>(pvRecord, pstBuf, kApBasicOut);
 }
 
 BX_API int JTS_ApBasic(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<ApBasicRec>(__func__, pstMsg, pvRecord, kApBasicIn);
+    return receive_members<ApBasicRec>(__func__, pstMsg, pvRecord, kApBasicIn);
 }
 
 BX_API int STJ_ApAdvanced(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApAdvancedRec>(pvRecord, pstBuf, kApAdvanced);
+    return send_members<ApAdvancedRec>(pvRecord, pstBuf, kApAdvanced);
 }
 
 BX_API int JTS_ApAdvanced(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<ApAdvancedRec>(__func__, pstMsg, pvRecord, kApAdvanced);
+    return receive_members<ApAdvancedRec>(__func__, pstMsg, pvRecord, kApAdvanced);
 }
 
 BX_API int STJ_ApRateLimit(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApRateLimitRec>(pvRecord, pstBuf, kApRateLimit);
+    return send_members<ApRateLimitRec>(pvRecord, pstBuf, kApRateLimit);
 }
 
 BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord)
@@ -398,17 +398,17 @@ BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_API int STJ_ApAccessMode(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApAccessModeRec>(pvRecord, pstBuf, kApAccessMode);
+    return send_members<ApAccessModeRec>(pvRecord, pstBuf, kApAccessMode);
 }
 
 BX_API int JTS_ApAccessMode(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<ApAccessModeRec>(__func__, pstMsg, pvRecord, kApAccessMode);
+    return receive_members<ApAccessModeRec>(__func__, pstMsg, pvRecord, kApAccessMode);
 }
 
 BX_API int STJ_ApAccessRule(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    if (send<ApAccessRuleRec>(pvRecord, pstBuf, kApAccessRule) != 0)
+    if (send_members<ApAccessRuleRec>(pvRecord, pstBuf, kApAccessRule) != 0)
         return -1;
     const auto *rec = static_cast<const ApAccessRuleRec *>(pvRecord);
     void *list = blobmsg_open_array(pstBuf, "iplist");
@@ -416,7 +416,7 @@ BX_API int STJ_ApAccessRule(const void *pvRecord, struct blob_buf *pstBuf)
     uint32_t count = rec->uiCount < AP_ACCESS_IP_MAX ? rec->uiCount : AP_ACCESS_IP_MAX;
     for (uint32_t i = 0; i < count; ++i) {
         void *entry = blobmsg_open_table(pstBuf, nullptr);
-        send<ApAccessIpRec>(&rec->astIpList[i], pstBuf, kApAccessIp);
+        send_members<ApAccessIpRec>(&rec->astIpList[i], pstBuf, kApAccessIp);
         blob_nest_end(pstBuf, entry);
     }
     blob_nest_end(pstBuf, list);
@@ -461,22 +461,22 @@ BX_API int JTS_ApAccessRule(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_API int STJ_ApAdd(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApIndexRec>(pvRecord, pstBuf, kApIndex);
+    return send_members<ApIndexRec>(pvRecord, pstBuf, kApIndex);
 }
 
 BX_API int JTS_ApAdd(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<ApIndexRec>(__func__, pstMsg, pvRecord, kApIndex);
+    return receive_members<ApIndexRec>(__func__, pstMsg, pvRecord, kApIndex);
 }
 
 BX_API int STJ_ApDelete(const void *pvRecord, struct blob_buf *pstBuf)
 {
-    return send<ApIndexRec>(pvRecord, pstBuf, kApIndex);
+    return send_members<ApIndexRec>(pvRecord, pstBuf, kApIndex);
 }
 
 BX_API int JTS_ApDelete(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return receive<ApIndexRec>(__func__, pstMsg, pvRecord, kApIndex);
+    return receive_members<ApIndexRec>(__func__, pstMsg, pvRecord, kApIndex);
 }
 
 } // extern "C"
