@@ -384,11 +384,14 @@ typedef struct WifiSwitchRec {
     uint32_t uiSwitch;
 } WifiSwitchRec;
 
-/* One radio (type 53; the neighbour scan and channel scan requests carry the
- * same record). */
+/* One radio (type 53). The neighbour scan and channel scan requests carry
+ * the same record; whichever section comes first defines it. */
+#ifndef BX_HAVE_WIFI_RADIO_REC
+#define BX_HAVE_WIFI_RADIO_REC
 typedef struct WifiRadioRec {
     uint32_t eRadio;
 } WifiRadioRec;
+#endif
 
 /* Selection of a radio and one of its access points (type 63): "radio", "ap". */
 typedef struct WifiSelectRec {
