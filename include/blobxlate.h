@@ -735,6 +735,162 @@ BX_API int JTS_StaCtrlInternetTime(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 81) ==== BEGIN RADIO_AP */
 
+/* Wi-Fi records begin with the radio, eRadio, which travels as an EnumBand
+ * word under "radio" ("2.4G"=0, "5G"=1); an access point is then named by its
+ * index within that radio. */
+
+/* Presence mask of the radio and access-point settings (field capaflag).
+ * Receiving sets the bit of every optional setting the message carried and
+ * never clears one; sending emits a setting only when its bit is set. The
+ * bits are shared by the whole family, each record uses its own subset. */
+#define WIFI_CAPA_STATUS        0x1u    /* RadioBasicRec, ApBasicRec */
+#define WIFI_CAPA_SSID          0x2u    /* ApBasicRec */
+#define WIFI_CAPA_KEY           0x4u    /* ApBasicRec */
+#define WIFI_CAPA_AUTH          0x8u    /* ApBasicRec */
+#define WIFI_CAPA_ENCRYPT       0x10u   /* ApBasicRec */
+#define WIFI_CAPA_HIDE          0x20u   /* ApBasicRec */
+#define WIFI_CAPA_BANDWIDTH     0x40u   /* RadioBasicRec */
+#define WIFI_CAPA_STANDARD      0x80u   /* RadioBasicRec */
+#define WIFI_CAPA_ACCESSMAX     0x100u  /* ApAdvancedRec */
+#define WIFI_CAPA_WMMENABLE     0x200u  /* ApAdvancedRec */
+#define WIFI_CAPA_USBANDWIDTH   0x400u  /* ApRateLimitRec */
+#define WIFI_CAPA_DSBANDWIDTH   0x800u  /* ApRateLimitRec */
+#define WIFI_CAPA_TXPOWER       0x1000u /* RadioBasicRec */
+#define WIFI_CAPA_CHANNEL       0x2000u /* RadioBasicRec */
+
+/* Wi-Fi on or off, for the whole set (type 52) or the 5 GHz radio (type 67):
+ * "switch", an EnumSwitch word. */
+typedef struct WifiSwitchRec {
+    uint32_t uiSwitch;
+} WifiSwitchRec;
+
+/* One radio (type 53). The neighbour scan and channel scan requests carry
+ * the same record; whichever section comes first defines it. */
+#ifndef BX_HAVE_WIFI_RADIO_REC
+#define BX_HAVE_WIFI_RADIO_REC
+typedef struct WifiRadioRec {
+    uint32_t eRadio;
+} WifiRadioRec;
+#endif
+
+/* Selection of a radio and one of its access points (type 63): "radio", "ap". */
+typedef struct WifiSelectRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;
+} WifiSelectRec;
+
+/* Basic settings of one radio (type 68). The ui*Real* fields, uiApCount,
+ * uiLoad and uiNoiseLevel report the radio's state and carry no mask bit. */
+typedef struct RadioBasicRec {
+    uint32_t eRadio;
+    uint32_t uiStatus;         /* "status", EnumSwitch */
+    uint32_t uiTxPower;        /* "txpower", EnumTxPower */
+    uint32_t uiChannel;        /* "channel" */
+    uint32_t uiRealChannel;    /* "realchannel": the channel in use */
+    uint32_t uiBandwidth;      /* "bandwidth", EnumBandwidth */
+    uint32_t uiStandard;       /* "standard", EnumStandard bit set */
+    uint32_t uiRealBandwidth;  /* "realbandwidth", EnumBandwidth: the bandwidth in use */
+    uint32_t uiApCount;        /* "apcount" */
+    uint32_t uiLoad;           /* "load" */
+    uint32_t uiNoiseLevel;     /* "noiselevel" */
+    uint32_t capaflag;         /* WIFI_CAPA_STATUS, _TXPOWER, _CHANNEL, _BANDWIDTH, _STANDARD */
+} RadioBasicRec;
+
+/* Basic settings of one access point (type 70). uiValidTime and uiRestTime
+ * (the access point's validity and rest times, "ValidTime" and "RestTime")
+ * are carried for the daemons but never converted: they sit here, two
+ * unsigned 32-bit numbers before the mask. */
+typedef struct ApBasicRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;        /* "apindex" */
+    uint32_t uiStatus;         /* "status", EnumSwitch */
+    char szSsid[32];           /* "ssid" */
+    char szInitalSsid[32];     /* "initalssid": the factory network name */
+    char szBssid[32];          /* "bssid" */
+    uint32_t uiAuth;           /* "auth", EnumAuthMode */
+    uint32_t uiEncrypt;        /* "encrypt", EnumCipher */
+    char szKey[64];            /* "key": the passphrase */
+    uint32_t uiHide;           /* "hide", EnumSwitch: hidden network name */
+    uint32_t uiValidTime;
+    uint32_t uiRestTime;
+    uint32_t capaflag;         /* WIFI_CAPA_STATUS, _SSID, _KEY, _AUTH, _ENCRYPT, _HIDE */
+} ApBasicRec;
+
+/* Advanced settings of one access point (type 71). */
+typedef struct ApAdvancedRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;
+    uint32_t uiAccessMax;      /* "accessmax": the station limit */
+    uint32_t uiWmmEnable;      /* "wmmenable", EnumSwitch */
+    uint32_t capaflag;         /* WIFI_CAPA_ACCESSMAX, _WMMENABLE */
+    char szRegulatoryDomain[8]; /* "regulatorydomain" */
+} ApAdvancedRec;
+
+/* Rate limits of one access point (type 72). */
+typedef struct ApRateLimitRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;
+    uint32_t uiUsBandWidth;    /* "usbandwidth": upstream limit */
+    uint32_t uiDsBandWidth;    /* "dsbandwidth": downstream limit */
+    uint32_t capaflag;         /* WIFI_CAPA_USBANDWIDTH, _DSBANDWIDTH */
+} ApRateLimitRec;
+
+/* Access mode of one access point (type 73). */
+typedef struct ApAccessModeRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;
+    uint32_t uiAccessMode;     /* "accessmode" */
+} ApAccessModeRec;
+
+/* Entries an access rule holds. A received "iplist" fills at most this many,
+ * whatever "count" says; a record sent with a larger uiCount sends this many. */
+#define AP_ACCESS_IP_MAX 32
+
+typedef struct ApAccessIpRec {
+    char szIp[16];             /* "ip" */
+    uint32_t uiPort;           /* "port" */
+} ApAccessIpRec;
+
+/* Access rule of one access point (type 74). */
+typedef struct ApAccessRuleRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;
+    uint32_t uiAccessRule;     /* "accessrule", EnumIsolation; 3 when none was received */
+    uint32_t uiCount;          /* "count": entries of astIpList that are sent */
+    ApAccessIpRec astIpList[AP_ACCESS_IP_MAX]; /* "iplist" */
+} ApAccessRuleRec;
+
+/* Creation (type 75) and deletion (type 76) of an access point. */
+typedef struct ApIndexRec {
+    uint32_t eRadio;
+    uint32_t uiApIndex;        /* "apindex" */
+} ApIndexRec;
+
+BX_API int STJ_WifiStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiStatus(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiOpt(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiOpt(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiSelect(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiRadio(struct blob_attr *pstMsg, void *pvRecord); /* type 63, WifiSelectRec */
+BX_API int STJ_Wifi5Status(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Wifi5Status(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RadioBasic(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RadioBasic(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApBasic(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApBasic(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApAdvanced(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApAdvanced(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApRateLimit(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApAccessMode(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApAccessMode(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApAccessRule(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApAccessRule(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApAdd(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApAdd(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ApDelete(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ApDelete(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END RADIO_AP ==== */
 
 
