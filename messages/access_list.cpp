@@ -69,6 +69,7 @@ BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBu
 BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stWifiDeassoc_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<WifiDeassocRec *>(pvRecord);
@@ -92,10 +93,10 @@ BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
     if (!bx::present(policy, tb, DA_MACS))
         return 0;
     /* Up to the 32 slots, whatever the count says; the count stays as given. */
-    bx::wifi::fill_entries(__func__, tb[DA_MACS], BLOBMSG_TYPE_STRING, BX_WIFI_DEASSOC_MAC_MAX,
+    bx::wifi::fill_entries(func, tb[DA_MACS], BLOBMSG_TYPE_STRING, BX_WIFI_DEASSOC_MAC_MAX,
                            [&](blob_attr *cur, uint32_t n) {
                                bx::copy_text(rec->aszMac[n], sizeof rec->aszMac[n] - 1, cur);
-                               BX_TRACE("mac:%s\n", rec->aszMac[n]);
+                               BX_TRACE_AS(func, "mac:%s\n", rec->aszMac[n]);
                            });
     return 0;
 }
@@ -155,6 +156,7 @@ BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf
 BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stWifiAccessList_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<WifiAccessListRec *>(pvRecord);
@@ -168,9 +170,9 @@ BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     /* Not bounded by "count": every element is taken, up to the record's
      * capacity so that a long list never writes past it. */
-    bx::wifi::fill_entries(__func__, tb[AL_LIST], BLOBMSG_TYPE_TABLE, BX_WIFI_ACCESS_LIST_MAX,
+    bx::wifi::fill_entries(func, tb[AL_LIST], BLOBMSG_TYPE_TABLE, BX_WIFI_ACCESS_LIST_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(__func__, kAccessEntry, cur, &rec->astList[n]);
+                               bx::wifi::store_entry(func, kAccessEntry, cur, &rec->astList[n]);
                            });
     return 0;
 }

@@ -129,6 +129,7 @@ BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stWlanNeighbour_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<WlanNeighbourRec *>(pvRecord);
@@ -141,9 +142,9 @@ BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     /* Bounded by the count in the record, whether this message brought it
      * or the caller put it there, and by the record's capacity. */
-    bx::wifi::fill_entries(__func__, tb[NB_LIST], BLOBMSG_TYPE_TABLE, at_most(rec->uiCount, BX_WLAN_NEIGHBOUR_MAX),
+    bx::wifi::fill_entries(func, tb[NB_LIST], BLOBMSG_TYPE_TABLE, at_most(rec->uiCount, BX_WLAN_NEIGHBOUR_MAX),
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(__func__, kNeighbour, cur, &rec->astNeighbour[n]);
+                               bx::wifi::store_entry(func, kNeighbour, cur, &rec->astNeighbour[n]);
                            });
     return 0;
 }
@@ -197,6 +198,7 @@ BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stChannelScore_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<ChannelScoreRec *>(pvRecord);
@@ -209,9 +211,9 @@ BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     /* The scores are not bounded by "count": every element is taken, up to
      * the record's capacity so that a long list never writes past it. */
-    bx::wifi::fill_entries(__func__, tb[CS_LIST], BLOBMSG_TYPE_TABLE, BX_CHANNEL_SCORE_MAX,
+    bx::wifi::fill_entries(func, tb[CS_LIST], BLOBMSG_TYPE_TABLE, BX_CHANNEL_SCORE_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(__func__, kScore, cur, &rec->astScore[n]);
+                               bx::wifi::store_entry(func, kScore, cur, &rec->astScore[n]);
                            });
     return 0;
 }

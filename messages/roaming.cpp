@@ -238,6 +238,7 @@ BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stRoamingApQuery_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<RoamingApQueryRec *>(pvRecord);
@@ -253,15 +254,15 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
     }
     if (!bx::present(policy, tb, APQ_APINFO))
         return 0;
-    walk_ap_list(__func__, policy, tb[APQ_APINFO], rec->uiCount, [&](blob_attr *(&etb)[APQ_MAX], uint32_t n) {
+    walk_ap_list(func, policy, tb[APQ_APINFO], rec->uiCount, [&](blob_attr *(&etb)[APQ_MAX], uint32_t n) {
         RoamingApInfoRec &ap = rec->astApInfo[n];
         if (bx::present(policy, etb, APQ_BSSID)) {
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APQ_BSSID]);
-            BX_TRACE("bssid:%s\n", ap.szBssid);
+            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
         }
         if (bx::present(policy, etb, APQ_CHANNEL)) {
             ap.uiChannel = bx::get_u32(etb[APQ_CHANNEL]);
-            BX_TRACE("channel:%u\n", ap.uiChannel);
+            BX_TRACE_AS(func, "channel:%u\n", ap.uiChannel);
         }
     });
     return 0;
@@ -284,6 +285,7 @@ BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = g_stRoamingApRsp_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<RoamingApRspRec *>(pvRecord);
@@ -295,15 +297,15 @@ BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
     }
     if (!bx::present(policy, tb, APR_APRSSI))
         return 0;
-    walk_ap_list(__func__, policy, tb[APR_APRSSI], rec->uiCount, [&](blob_attr *(&etb)[APR_MAX], uint32_t n) {
+    walk_ap_list(func, policy, tb[APR_APRSSI], rec->uiCount, [&](blob_attr *(&etb)[APR_MAX], uint32_t n) {
         RoamingApRssiRec &ap = rec->astApRssi[n];
         if (bx::present(policy, etb, APR_BSSID)) {
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APR_BSSID]);
-            BX_TRACE("bssid:%s\n", ap.szBssid);
+            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
         }
         if (bx::present(policy, etb, APR_RSSI)) {
             ap.iRssi = bx::get_s32(etb[APR_RSSI]);
-            BX_TRACE("rssi:%d\n", ap.iRssi);
+            BX_TRACE_AS(func, "rssi:%d\n", ap.iRssi);
         }
     });
     return 0;
