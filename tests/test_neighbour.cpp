@@ -17,14 +17,6 @@ namespace {
 static_assert(offsetof(WlanNeighbourEntryRec, szBssid) == 33 && offsetof(WlanNeighbourEntryRec, uiChannel) == 68);
 static_assert(sizeof(WlanNeighbourEntryRec) == 92 && offsetof(WlanNeighbourRec, astNeighbour) == 8);
 
-const char *row_name(const MessageTransEntry *table, int count, int id)
-{
-    for (int i = 0; i < count; ++i)
-        if (table[i].id == id)
-            return table[i].name;
-    return nullptr;
-}
-
 // A list of n tables {"<a>": i + 1, "<b>": 10 * (i + 1)}.
 std::string pairs(const char *key, const char *a, const char *b, int n)
 {
@@ -33,23 +25,6 @@ std::string pairs(const char *key, const char *a, const char *b, int n)
         s += (i > 1 ? ", " : "") + std::string("{\"") + a + "\": " + std::to_string(i) + ", \"" + b +
              "\": " + std::to_string(10 * i) + "}";
     return s + "]";
-}
-
-TEST(Neighbour, NameTextsOfBothTables)
-{
-    struct Row { int id; const char *to_json; const char *to_struct; };
-    const Row rows[] = {
-        {MSG_SCAN_WLAN_NEIGHBOUR, "ScanWlanNeighbour", "ScanWlanNeighbour"},
-        {MSG_WLAN_NEIGHBOUR, "WlanNeighbour", "WlanNeighbour"},
-        {MSG_WPS_PBC, "WpsPbc", "WpsPbc"},
-        {MSG_CHANNEL_SCAN, "ChannelScan", "Channel scan"},
-        {MSG_CHANNEL_SCORE, "ChannelScore", "ChannelScore"},
-    };
-    for (const Row &r : rows) {
-        SCOPED_TRACE(r.id);
-        EXPECT_STREQ(row_name(g_astStructToJson_Func, g_iStructToJson_FuncNum, r.id), r.to_json);
-        EXPECT_STREQ(row_name(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, r.id), r.to_struct);
-    }
 }
 
 TEST(Neighbour, RecordToTree)
