@@ -9,6 +9,7 @@
  * reports 17 (the colon form). */
 #include <cstring>
 #include <iterator>
+#include <string_view>
 
 #include "blobxlate.h"
 #include "core/codec.h"
@@ -131,8 +132,7 @@ constexpr Field kReportIn[] = {
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
 };
-static_assert(std::size(kReportIn) == RPT_SUPPORT11K);
-const blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
+constexpr blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
     /* RPT_MAC */         {"mac", BLOBMSG_TYPE_STRING},
     /* RPT_BSSID */       {"bssid", BLOBMSG_TYPE_STRING},
     /* RPT_CONNECTTIME */ {"connecttime", BLOBMSG_TYPE_INT32},
@@ -144,6 +144,15 @@ const blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
     /* RPT_SUPPORT11K */  {"support11k", BLOBMSG_TYPE_STRING},
     /* RPT_SUPPORT11V */  {"support11v", BLOBMSG_TYPE_STRING},
 };
+constexpr bool table_follows_policy()
+{
+    for (size_t i = 0; i < std::size(kReportIn); ++i) {
+        if (std::string_view(kReportIn[i].key) != g_stRoamingReport_policy[i].name)
+            return false;
+    }
+    return std::size(kReportIn) == RPT_SUPPORT11K;
+}
+static_assert(table_follows_policy());
 
 /* Only the exact word "true" sets a support flag: "false" and unknown words
  * alike store 0 (not the boolean kind's -1 for an unknown word). */
