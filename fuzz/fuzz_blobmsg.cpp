@@ -6,7 +6,9 @@
 #include <endian.h>
 #include <string>
 
+extern "C" {
 #include <libubox/blobmsg_json.h>
+}
 
 namespace {
 

@@ -17,7 +17,9 @@
 extern "C" {
 #include <libubox/blob.h>
 #include <libubox/blobmsg.h>
+extern "C" {
 #include <libubox/blobmsg_json.h>
+}
 }
 
 namespace {
