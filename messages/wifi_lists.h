@@ -25,7 +25,7 @@ constexpr uint32_t at_most(uint32_t count, size_t capacity)
 template <size_t N>
 inline void parse_fields(const Field (&fields)[N], blob_attr *(&tb)[N], void *data, size_t len)
 {
-    blobmsg_policy policy[N];
+    blobmsg_policy policy[N] = {};
     for (size_t i = 0; i < N; ++i)
         policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
     blobmsg_parse(policy, static_cast<int>(N), tb, data, static_cast<unsigned>(len));
