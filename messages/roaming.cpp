@@ -35,7 +35,8 @@ constexpr Field kL2Roaming[] = {
 
 /* ---- 114: assisted roaming ------------------------------------------------- */
 
-/* Field i of the table owns bit 1 << i of uiRoamFlag. */
+/* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
+ * number here, not as a switch word. */
 constexpr Field kRoaming[] = {
     BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"),
     BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"),
