@@ -733,7 +733,7 @@ BX_API int JTS_StaCtrlInternetTime(struct blob_attr *pstMsg, void *pvRecord);
 /* ==== END STA_CTRL ==== */
 
 
-/* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 81) ==== BEGIN RADIO_AP */
+/* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 76) ==== BEGIN RADIO_AP */
 
 /* Wi-Fi records begin with the radio, eRadio, which travels as an EnumBand
  * word under "radio" ("2.4G"=0, "5G"=1); an access point is then named by its
@@ -766,12 +766,9 @@ typedef struct WifiSwitchRec {
 
 /* One radio (type 53). The neighbour scan and channel scan requests carry
  * the same record; whichever section comes first defines it. */
-#ifndef BX_HAVE_WIFI_RADIO_REC
-#define BX_HAVE_WIFI_RADIO_REC
 typedef struct WifiRadioRec {
-    uint32_t eRadio;
+    uint32_t eRadio;            /* "radio", band word */
 } WifiRadioRec;
-#endif
 
 /* Selection of a radio and one of its access points (type 63): "radio", "ap". */
 typedef struct WifiSelectRec {
@@ -977,15 +974,214 @@ BX_API int JTS_WifiTopoChange(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Roaming (types 113 to 120) ==== BEGIN ROAMING */
 
+/* Layer-2 roaming settings (type 113). */
+typedef struct L2RoamingRec {
+    uint32_t uiStatus;      /* "status", switch word */
+    int32_t iLowRssi2p4g;   /* "lowrssi2p4g", weak-signal threshold on 2.4 GHz */
+    int32_t iLowRssi5g;     /* "lowrssi5g" */
+} L2RoamingRec;
+
+/* Bits of RoamingRec.uiRoamFlag: which settings the message carries. */
+#define BX_ROAM_ENABLE           0x01u
+#define BX_ROAM_THRESHOLD_RSSI   0x02u
+#define BX_ROAM_REPORT_INTERVAL  0x04u
+#define BX_ROAM_START_TIME       0x08u
+#define BX_ROAM_START_RSSI       0x10u
+#define BX_ROAM_LOW_RSSI_PERIOD  0x20u
+#define BX_ROAM_THRESHOLD_RSSI5G 0x40u
+
+/* Assisted roaming settings (type 114). */
+typedef struct RoamingRec {
+    uint32_t uiEnable;          /* "enable", a number */
+    int32_t iThresholdRssi;     /* "thresholdrssi" */
+    uint32_t uiReportInterval;  /* "reportinterval" */
+    uint32_t uiStartTime;       /* "starttime" */
+    int32_t iStartRssi;         /* "startrssi" */
+    uint32_t uiLowRssiPeriod;   /* "lowrssiperiod" */
+    int32_t iThresholdRssi5g;   /* "thresholdrssi5g" */
+    uint32_t uiRoamFlag;        /* BX_ROAM_* presence mask, never on the bus */
+} RoamingRec;
+
+/* Access points per signal-strength query or answer (types 115, 116). */
+#define BX_ROAMING_AP_MAX 32
+
+/* The query, answer and BSS transition messages write MACs as 12 bare
+ * hexadecimal digits; only 12 characters are kept on the way in. */
+typedef struct RoamingApInfoRec {
+    char szBssid[16];           /* "bssid", 12 characters kept */
+    uint32_t uiChannel;         /* "channel" */
+} RoamingApInfoRec;
+
+/* Which access points should measure a station (type 115). */
+typedef struct RoamingApQueryRec {
+    uint32_t uiCount;           /* "count" */
+    char szMac[16];             /* "mac", the station, 12 characters kept */
+    RoamingApInfoRec astApInfo[BX_ROAMING_AP_MAX];  /* "apinfo" */
+} RoamingApQueryRec;
+
+typedef struct RoamingApRssiRec {
+    char szBssid[16];           /* "bssid", 12 characters kept */
+    int32_t iRssi;              /* "rssi" */
+} RoamingApRssiRec;
+
+/* What the access points heard (type 116). */
+typedef struct RoamingApRspRec {
+    uint32_t uiCount;           /* "count" */
+    RoamingApRssiRec astApRssi[BX_ROAMING_AP_MAX];  /* "aprssi" */
+} RoamingApRspRec;
+
+/* Steer a station to another access point (type 117). */
+typedef struct RoamingBssTransRec {
+    char szSta[13];             /* "sta" */
+    char szBssid[13];           /* "bssid" */
+    uint32_t uiChannel;         /* "channel" */
+} RoamingBssTransRec;
+
+/* A station's roaming report (type 118); MACs in the 17-character colon form. */
+typedef struct RoamingReportRec {
+    char szMac[18];             /* "mac" */
+    uint32_t eRadio;            /* "radio", band word */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t uiConnectTime;     /* "connecttime" */
+    uint32_t uiRxRate;          /* "rxRate" */
+    uint32_t uiTxRate;          /* "txRate" */
+    uint32_t uiChannel;         /* "channel" */
+    char szBssid[18];           /* "bssid" */
+    uint16_t usSupport11k;      /* "support11k", "true"/"false" */
+    uint16_t usSupport11v;      /* "support11v", "true"/"false" */
+} RoamingReportRec;
+
+/* Stop watching a station (type 119, received only). */
+typedef struct RoamingStopDetectRec {
+    char szMac[18];             /* "mac" */
+    uint32_t uiStopDetectTime;  /* "stopdetecttime" */
+} RoamingStopDetectRec;
+
+/* A station's weak-signal report (type 120). */
+typedef struct RoamingStaRssiRec {
+    char szMac[18];             /* "mac", taken whole: all 18 bytes may be text */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t eRadio;            /* "radio", band word */
+} RoamingStaRssiRec;
+
+BX_API int STJ_L2_Roaming(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_L2_Roaming(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_BssTrans(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_BssTrans(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int JTS_Roaming_StopDetect(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_StaRssi(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END ROAMING ==== */
 
 
-/* ==== Neighbour scan, WPS and channel scoring ==== BEGIN NEIGHBOUR */
+/* ==== Neighbour scan, WPS and channel scoring (types 77 to 81) ==== BEGIN NEIGHBOUR */
+
+/* The scan and channel-scan orders (77, 80) carry the radio alone:
+ * WifiRadioRec, declared with the radios (type 53 uses it too). */
+
+/* Start or stop WPS push-button pairing (type 79). */
+typedef struct WpsPbcRec {
+    uint32_t eRadio;            /* "radio", band word */
+    uint32_t uiStatus;          /* "status", switch word */
+} WpsPbcRec;
+
+/* Capacity of astNeighbour (chosen here): the walk of a received list stops
+ * at the record's count and never goes past this. */
+#define BX_WLAN_NEIGHBOUR_MAX 64
+
+typedef struct WlanNeighbourEntryRec {
+    char szSsid[33];            /* "ssid", up to 32 characters */
+    char szBssid[32];           /* "bssid" */
+    uint32_t uiChannel;         /* "channel" */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t uiStandard;        /* "standard", "11b/11g/..." bit set */
+    uint32_t eBandWidth;        /* "bandwidth", a plain number */
+    uint32_t eAuth;             /* "authmode", authentication word */
+    uint32_t eEncryptType;      /* "encrypttype" in, "encryttype" out */
+} WlanNeighbourEntryRec;
+
+/* The networks a scan found (type 78). */
+typedef struct WlanNeighbourRec {
+    uint32_t eRadio;            /* "radio" */
+    uint32_t uiCount;           /* "count" */
+    WlanNeighbourEntryRec astNeighbour[BX_WLAN_NEIGHBOUR_MAX];  /* "neighbourlist" */
+} WlanNeighbourRec;
+
+/* Capacity of astScore (chosen here): every channel of both bands fits; a
+ * received list is cut here. */
+#define BX_CHANNEL_SCORE_MAX 64
+
+typedef struct ChannelScoreEntryRec {
+    uint32_t uiChannel;         /* "channel" */
+    uint32_t uiScore;           /* "score" */
+} ChannelScoreEntryRec;
+
+/* Each channel's score after a channel scan (type 81). */
+typedef struct ChannelScoreRec {
+    uint32_t eRadio;            /* "radio" */
+    uint32_t uiCount;           /* "count" */
+    ChannelScoreEntryRec astScore[BX_CHANNEL_SCORE_MAX];  /* "scorelist" */
+} ChannelScoreRec;
+
+BX_API int STJ_ScanWlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ScanWlanNeighbour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WpsPbc(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WpsPbc(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ChannelScan(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END NEIGHBOUR ==== */
 
 
 /* ==== Access lists and deassociation (types 54, 64 to 66) ==== BEGIN ACCESS_LIST */
+
+#define BX_WIFI_DEASSOC_MAC_MAX 32
+
+/* Push stations off one radio (type 54). */
+typedef struct WifiDeassocRec {
+    uint32_t uiCount;           /* "count", MACs in aszMac */
+    uint32_t eRadio;            /* "radio", band word */
+    uint32_t uiTime;            /* "time" */
+    char aszMac[BX_WIFI_DEASSOC_MAC_MAX][32];  /* "macs" */
+} WifiDeassocRec;
+
+/* One access-list station (types 64 and 65; 65 uses the index only). */
+typedef struct WifiAccessEntryRec {
+    uint32_t uiIndex;           /* "index" */
+    char szName[64];            /* "name" */
+    char szMac[32];             /* "mac" */
+} WifiAccessEntryRec;
+
+/* Capacity of astList (chosen here): a received list is cut here. */
+#define BX_WIFI_ACCESS_LIST_MAX 64
+
+/* The whole access list (type 66). */
+typedef struct WifiAccessListRec {
+    uint32_t uiCount;           /* "count" */
+    WifiAccessEntryRec astList[BX_WIFI_ACCESS_LIST_MAX];  /* "list" */
+} WifiAccessListRec;
+
+BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_Delete(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_Delete(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END ACCESS_LIST ==== */
 
