@@ -27,6 +27,23 @@ extern "C" {
 
 constinit const MessageTransEntry g_astStructToJson_Func[] = {
     /*   0 */ stj("Ret", MSG_RET, STJ_Ret),
+    /*  46 */ stj("QoS", MSG_QOS, STJ_QoS),
+    /*  47 */ stj("Dscp", MSG_DSCP, STJ_Dscp),
+    /*  48 */ stj("8021p", MSG_8021P, STJ_8021p),
+    /*  49 */ stj("Qos_Classification_Add", MSG_QOS_CLASSIFICATION_ADD, STJ_Qos_Classification_Add),
+    /*  50 */ stj("Qos_Classification_Delete", MSG_QOS_CLASSIFICATION_DELETE, STJ_Qos_Classification_Delete),
+    /*  51 */ stj("Qos_Classification_Set", MSG_QOS_CLASSIFICATION_SET, STJ_Qos_Classification_Set),
+    /*  52 */ stj("Qos_Classification_Get", MSG_QOS_CLASSIFICATION_GET, STJ_Qos_Classification_Get),
+    /*  53 */ stj("Qos_Classification_List", MSG_QOS_CLASSIFICATION_LIST, STJ_Qos_Classification_List),
+    /*  54 */ stj("RebootTimer", MSG_REBOOT_TIMER, STJ_RebootTimer),
+    /*  55 */ stj("WifiTimer", MSG_WIFI_TIMER, STJ_WifiTimer_List),
+    /*  56 */ stj("WifiTimerset", MSG_WIFI_TIMER_SET, STJ_WifiTimer_Set),
+    /*  57 */ stj("WifiTimerIdx", MSG_WIFI_TIMER_IDX, STJ_WifiTimer_Idx),
+    /*  58 */ stj("Ratelimit", MSG_RATELIMIT, STJ_Ratelimit),
+    /*  59 */ stj("RatelimitList", MSG_RATELIMIT_LIST, STJ_RatelimitList),
+    /*  60 */ stj("PeriodRateSet", MSG_PERIOD_RATE_SET, STJ_PeriodRate_Set),
+    /*  61 */ stj("PeriodRateGet", MSG_PERIOD_RATE_GET, STJ_PeriodRate_Get),
+    /*  62 */ stj("Iptv", MSG_IPTV, STJ_IPTV),
     /* closing row */ stj(nullptr, bx::kClosingRowId, closing_row_to_json),
 };
 const int32_t g_iStructToJson_FuncNum =
@@ -34,6 +51,23 @@ const int32_t g_iStructToJson_FuncNum =
 
 constinit const MessageTransEntry g_astJsonToStruct_Func[] = {
     /*   0 */ jts("Ret", MSG_RET, JTS_Ret),
+    /*  17 */ jts("RebootTimer", MSG_REBOOT_TIMER, JTS_RebootTimer),
+    /*  18 */ jts("WifiTimer", MSG_WIFI_TIMER_SET, JTS_WifiTimer_Set),
+    /*  19 */ jts("WifiTimer", MSG_WIFI_TIMER, JTS_WifiTimer_Get),
+    /*  20 */ jts("WifiTimerIdx", MSG_WIFI_TIMER_IDX, JTS_WifiTimer_Idx),
+    /*  21 */ jts("Ratelimit", MSG_RATELIMIT, JTS_Ratelimit),
+    /*  22 */ jts("RatelimitList", MSG_RATELIMIT_LIST, JTS_RatelimitList),
+    /*  23 */ jts("PeriodRateSet", MSG_PERIOD_RATE_SET, JTS_PeriodRate_Set),
+    /*  24 */ jts("PeriodRateGet", MSG_PERIOD_RATE_GET, JTS_PeriodRate_Get),
+    /*  25 */ jts("Iptv", MSG_IPTV, JTS_IPTV),
+    /* 134 */ jts("QoS", MSG_QOS, JTS_QoS),
+    /* 135 */ jts("Dscp", MSG_DSCP, JTS_Dscp),
+    /* 136 */ jts("8021p", MSG_8021P, JTS_8021p),
+    /* 137 */ jts("Qos_Classification", MSG_QOS_CLASSIFICATION_ADD, JTS_Qos_Classification_Add),
+    /* 138 */ jts("Qos_Classification_Delete", MSG_QOS_CLASSIFICATION_DELETE, JTS_Qos_Classification_Delete),
+    /* 139 */ jts("Qos_Classification_List", MSG_QOS_CLASSIFICATION_LIST, JTS_Qos_Classification_List),
+    /* 140 */ jts("Qos_Classification_Set", MSG_QOS_CLASSIFICATION_SET, JTS_Qos_Classification_Set),
+    /* 141 */ jts("Qos_Classification_Get", MSG_QOS_CLASSIFICATION_GET, JTS_Qos_Classification_Get),
     /* closing row */ jts(nullptr, bx::kClosingRowId, closing_row_to_struct),
 };
 const int32_t g_iJsonToStruct_FuncNum =
