@@ -220,7 +220,7 @@ enum {
     EnumDeviceOs      = 13,
     EnumDuplex        = 14,
     EnumListMode      = 15,
-    EnumNone16        = 16, /* no words */
+    EnumNone16        = 16, /* no words; numbers go out as decimal */
     EnumEditAction    = 17,
     EnumCarrier       = 18,
     EnumProvince      = 19,
