@@ -1,11 +1,12 @@
 /* QoS classification: the QoS, DSCP and 802.1p switches, and the rules that
  * map matching traffic to a priority, a DSCP value and an 802.1p value.
  *
- * The rule messages were written at different times by different daemons
- * and each reads the rule its own way: the add and list messages carry the
- * protocols as an array of numbers, the set message carries "protocol" and
- * the ports as strings; the copy bounds and trace labels differ per message.
- * Each message below therefore names its keys in a table of its own. */
+ * Each rule message reads the rule its own way, and the daemons on both
+ * sides rely on it: the add and list messages carry the protocols as an
+ * array of numbers, the set message carries "protocol" and the ports as
+ * strings, and the copy bounds and trace labels differ from message to
+ * message. Each message below therefore names its keys in a table of its
+ * own. */
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
