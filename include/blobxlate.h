@@ -1188,10 +1188,183 @@ BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== QoS classification (types 121 to 128) ==== BEGIN QOS */
 
+/* The QoS, DSCP and 802.1p switches (121, 122, 123): "enable" travels as the
+ * word "enable" or "disable". */
+typedef struct QosSwitch {
+    uint32_t uiEnable;
+} QosSwitch;
+
+/* A rule's index: delete (125) both ways, get (128) from JSON. */
+typedef struct QosClassIndex {
+    uint32_t uiIndex;
+} QosClassIndex;
+
+/* Protocol slots of one rule: a 0 in slot 1 or later ends the used part. */
+#define QOS_CLASS_PROTOCOL_NUM 8
+
+/* One classification rule (add 124, set 127, get 128 to JSON, list 126). */
+typedef struct QosClassRule {
+    uint32_t uiIndex;
+    char szName[33];
+    uint32_t uiPriority;
+    uint32_t uiDscp;
+    uint32_t uiVlan8021p;
+    uint32_t auiProtocol[QOS_CLASS_PROTOCOL_NUM];
+    char szSrcIp[17];
+    char szSrcMask[17];
+    uint32_t uiSrcPort;
+    char szSrcMac[17];
+    char szDstIp[17];
+    char szDstMask[17];
+    uint32_t uiDstPort;
+    char szDstMac[17];
+} QosClassRule;
+
+/* Rules a list record holds. The converters walk uiCount rules but never
+ * more than this many, in either direction. */
+#define QOS_CLASS_RULE_MAX 32
+
+/* The rule list (126); uiCount travels under the key "index". */
+typedef struct QosClassRuleList {
+    uint32_t uiCount;
+    QosClassRule astRule[QOS_CLASS_RULE_MAX];
+} QosClassRuleList;
+
+BX_API int STJ_QoS(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_QoS(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Dscp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Dscp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_8021p(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_8021p(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Set(struct blob_attr *pstMsg, void *pvRecord);
+/* To JSON from a QosClassRule, from JSON into a QosClassIndex. */
+BX_API int STJ_Qos_Classification_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Get(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END QOS ==== */
 
 
 /* ==== Timers, rate limits and IPTV (types 84 to 87, 108 to 112) ==== BEGIN TIMERS */
+
+/* Scheduled reboot (84); uiStatus travels as "enable"/"disable". */
+typedef struct RebootTimer {
+    uint32_t uiStatus;
+    uint32_t uiHour;
+    uint32_t uiMinute;
+    uint32_t uiWeek;
+} RebootTimer;
+
+/* One Wi-Fi on/off task (85, and the element of 86). uiStatus and uiAction
+ * travel as "enable"/"disable", uiType as "continuous"/"instant". */
+typedef struct WifiTimerTask {
+    uint32_t uiTaskId;
+    uint32_t uiStatus;
+    uint32_t uiAction;
+    uint32_t uiType;
+    uint32_t uiStartHour;
+    uint32_t uiStartMinute;
+    uint32_t uiEndHour;
+    uint32_t uiEndMinute;
+    uint32_t uiWeek;
+} WifiTimerTask;
+
+/* Tasks a timer list record holds; the converters never walk more. */
+#define WIFI_TIMER_TASK_MAX 32
+
+typedef struct WifiTimerList {
+    uint32_t uiCount;
+    WifiTimerTask astTask[WIFI_TIMER_TASK_MAX];
+} WifiTimerList;
+
+typedef struct WifiTimerIdx {
+    uint32_t uiTaskId;
+} WifiTimerIdx;
+
+/* uiValidFlags: which of the optional members a rate limit carries. */
+#define RATE_LIMIT_VALID_TX     0x1u
+#define RATE_LIMIT_VALID_RX     0x2u
+#define RATE_LIMIT_VALID_ENABLE 0x4u
+
+/* One client's rate limit (108, and the element of 109). */
+typedef struct RateLimitEntry {
+    uint32_t uiEnable;
+    char szMac[32];
+    char szIp[32];
+    uint32_t uiRxRateLimit;
+    uint32_t uiTxRateLimit;
+    uint32_t uiValidFlags;
+} RateLimitEntry;
+
+#define RATE_LIMIT_LIST_MAX 32
+
+typedef struct RateLimitList {
+    uint32_t uiCount;
+    RateLimitEntry astEntry[RATE_LIMIT_LIST_MAX];
+} RateLimitList;
+
+/* The periodic traffic-rate sampling task (110); eTaskType travels as
+ * "UPLINK"/"USER". */
+typedef struct PeriodRateTask {
+    uint32_t eTaskType;
+    char szTaskName[33];
+    uint32_t uiReportInterval;
+    uint32_t uiSampleInterval;
+} PeriodRateTask;
+
+/* One reading of the sampling task (111). */
+typedef struct PeriodRateReport {
+    uint32_t eTaskType;
+    char szTaskName[33];
+    char szMac[32];
+    uint32_t uiTxRateRt;
+    uint32_t uiRxRateRt;
+    uint32_t uiMaxRxRate;
+    uint32_t uiMaxTxRate;
+    uint32_t uiAvaRxRate;
+    uint32_t uiAvaTxRate;
+} PeriodRateReport;
+
+/* One IPTV VLAN; a slot whose uiVlanId is 0 is unused. */
+typedef struct IptvVlan {
+    uint32_t uiVlanId;
+    uint32_t uiEthPorts;
+    uint32_t uiPorts2p4g;
+    uint32_t uiPorts5g;
+} IptvVlan;
+
+#define IPTV_VLAN_NUM 2
+
+/* IPTV settings (112); uiStatus travels as "enable"/"disable". */
+typedef struct IptvConfig {
+    uint32_t uiStatus;
+    IptvVlan astVlan[IPTV_VLAN_NUM];
+} IptvConfig;
+
+BX_API int STJ_RebootTimer(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RebootTimer(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_Idx(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Idx(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PeriodRate_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PeriodRate_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PeriodRate_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END TIMERS ==== */
 
