@@ -106,16 +106,9 @@ TEST(Carrier, RecordsToTree)
     AgentUplinkInfoParam up{1, "bh", -70, -90, 300, 200};
     EXPECT_EQ(bxtest::stj_typed(MSG_WIFI_GET_AGENT_UPLINK_INFO, &up),
               "type=s\"2p4g\" ssid=s\"bh\" rssi=i32:-70 noise=i32:-90 uprate=i32:300 downrate=i32:200");
-    ServiceAccessParam svc{1, "u", "p"};
-    EXPECT_EQ(bxtest::stj_typed(MSG_TELNET, &svc), "switch=s\"enable\" telnetUser=s\"u\" telnetPwd=s\"p\"");
-    EXPECT_EQ(bxtest::stj_typed(MSG_SAMBA, &svc), "switch=s\"enable\" sambaUser=s\"u\" sambaPwd=s\"p\"");
-    EXPECT_EQ(bxtest::stj_typed(MSG_FTP, &svc), "switch=s\"enable\" ftpUser=s\"u\" ftpPwd=s\"p\"");
+    // "GD" is a carrier (3) and a province (9).
     CustomInfoParam ci{3, 9};
     EXPECT_EQ(bxtest::stj_typed(MSG_CUSTOM_INFO, &ci), "operate=s\"GD\" district=s\"GD\"");
-    WanTcpUdpConNumParam con{2, 17};
-    EXPECT_EQ(bxtest::stj_typed(MSG_WAN_TCP_UDP_CON_NUM_GET, &con), "wanindex=i32:2 number=i32:17");
-    UpgradeReportParam rep{1, 0};
-    EXPECT_EQ(bxtest::stj_typed(MSG_UPGRADE_REPORT, &rep), "status=i32:1 errCode=i32:0");
 }
 
 // Only five messages refuse a missing key; the rest take what is there.

@@ -194,8 +194,6 @@ TEST(DeviceInfo, RecordsToTree)
     EXPECT_EQ(bxtest::stj_typed(MSG_MANAGE_INFO, &manage),
               "ip=s\"192.168.1.1\" domainname=s\"router.lan\" curip=s\"10.0.0.2\"");
 
-    CpuRateParam cpu{37, 61};
-    EXPECT_EQ(bxtest::stj_typed(MSG_CPU_RATE, &cpu), "cpurate=i32:37 cputemprature=i32:61");
 }
 
 struct RoundTrip {
