@@ -310,15 +310,388 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Device and firmware information (types 1 to 11) ==== BEGIN DEVICE_INFO */
 
+/* Hardware description (type 1). The two rate lists are short on purpose:
+ * receivers store up to four LAN rates and two WAN rates, and the extra ones
+ * land in the fields that follow (uiWanPortsMax, the head of szSysType);
+ * daemons rely on that layout, so keep the field order as it is. */
+typedef struct HwInfoParam {
+    char szVendor[16];
+    char szModel[32];
+    char szVersion[32];
+    char szDescriptionUrl[64];
+    char szCpuModel[32];
+    uint32_t uiFlashSize;
+    uint32_t uiRamSize;
+    uint32_t uiLanPortsMax;
+    uint32_t auiLanMaxRate[3];
+    uint32_t uiWanPortsMax;
+    uint32_t auiWanMaxRate[1];
+    char szSysType[16];
+    char szSysVersion[32];
+    char szDescription[32];
+    uint32_t uiCpuCores;
+    char szCpuSupplier[16];
+    uint32_t uiCpuMainFrequency;
+    char szMemoryProvider[16];
+    uint32_t ui24gMode;
+    uint32_t ui24gMaxBw;
+    uint32_t ui5gMode;
+    uint32_t ui5gMaxBw;
+    uint32_t ui24gMaxRate;
+    uint32_t ui5gMaxRate;
+} HwInfoParam;
+
+/* Firmware versions and compile time (type 2). uiReserved travels in
+ * neither direction. szRealVersion is sized like the other version texts
+ * (32). */
+typedef struct FwInfoParam {
+    char szFwVersion[32];
+    char szBootVersion[32];
+    char szNewFwVersion[32];
+    uint32_t uiYear;
+    uint32_t uiMon;
+    uint32_t uiDay;
+    uint32_t uiHour;
+    uint32_t uiMin;
+    uint32_t uiSec;
+    uint32_t uiWeek;
+    uint32_t uiReserved;
+    char szRealVersion[32];
+} FwInfoParam;
+
+/* Manufacturing data (type 3). */
+typedef struct ManuInfoParam {
+    char szMac[32];
+    char szSn[32];
+    char szProductName[32];
+} ManuInfoParam;
+
+/* Management address (type 4). */
+typedef struct ManageInfoParam {
+    char szIp[16];
+    char szDomainName[64];
+    char szCurIp[16];
+} ManageInfoParam;
+
+/* Supported functions (type 5): EnumSwitch numbers, "enable"/"disable" on
+ * the bus. The field names follow the receivers' trace texts. */
+typedef struct FuncSupportParam {
+    uint32_t eSupportWifi;
+    uint32_t eSupportDualBand;
+    uint32_t eSupportUsb;
+    uint32_t eSupportVpn;
+    uint32_t eSupportIPv6;
+    uint32_t eSupportPrivMesh;
+    uint32_t eSupportPortBlind;
+    uint32_t eSupportEasyMesh;
+} FuncSupportParam;
+
+/* Processor load and temperature (type 6). */
+typedef struct CpuRateParam {
+    uint32_t uiCpuRate;
+    uint32_t uiCpuTemperature;
+} CpuRateParam;
+
+/* Memory load (type 7). */
+typedef struct MemRateParam {
+    uint32_t uiRamRate;
+} MemRateParam;
+
+/* Flash size and load (type 8). */
+typedef struct FlashRateParam {
+    uint32_t uiRwFlashSize;
+    uint32_t uiFlashUsageRate;
+} FlashRateParam;
+
+/* Run time, clock and login history (type 9). eGetType is an
+ * EnumUpgradeMode number ("manual"/"online"). */
+typedef struct RunTimeInfoParam {
+    uint32_t uiLoginTimes;
+    char szLoginLastTime[32];
+    char szApLastOnlineTime[32];
+    uint32_t uiOnlineTime;
+    uint32_t uiYear;
+    uint32_t uiMonth;
+    uint32_t uiDate;
+    uint32_t uiHour;
+    uint32_t uiMinute;
+    uint32_t uiSecond;
+    uint32_t uiWeek;
+    uint32_t eGetType;
+} RunTimeInfoParam;
+
+/* Open TCP or UDP ports (types 10 and 11); a zero entry ends the list. */
+#define OPEN_PORT_MAX 32
+typedef struct OpenPortParam {
+    uint32_t auiPorts[OPEN_PORT_MAX];
+} OpenPortParam;
+
+BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FwInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FwInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ManuInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ManageInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FuncSupport(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FuncSupport(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CpuRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_MemRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FlashRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RunTimeInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_TcpOpenPort(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_UdpOpenPort(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_UdpOpenPort(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END DEVICE_INFO ==== */
 
 
 /* ==== Device control and status (types 12, 15 to 21) ==== BEGIN DEVICE_CONTROL */
 
+/* Reboot order (type 12): eRebootType is an EnumTiming number
+ * ("now"/"delay"). */
+typedef struct RebootParam {
+    uint32_t eRebootType;
+} RebootParam;
+
+/* Firmware upgrade order (type 15). */
+typedef struct UpgradeParam {
+    char szDownUrl[256];
+    char szVersionUrl[128];
+    uint32_t uiFileSize;
+    char szChkSum[64];
+    uint32_t eRebootType;   /* EnumTiming */
+} UpgradeParam;
+
+/* Login password (type 16). */
+typedef struct LoginPasswordParam {
+    char szPassword[256];
+} LoginPasswordParam;
+
+/* One on/off switch, EnumSwitch (types 17 firewall, 18 LED, 21 dual-band
+ * synchronisation). */
+typedef struct SwitchStatusParam {
+    uint32_t eStatus;
+} SwitchStatusParam;
+
+/* Upgrade progress (type 19), EnumUpgradeState; sent only. */
+typedef struct UpgradeStatusParam {
+    uint32_t eUpgradeStatus;
+} UpgradeStatusParam;
+
+/* LED switch and colour (type 20): eStatus EnumSwitch, eColour
+ * EnumLedColour. */
+typedef struct LedColourParam {
+    uint32_t eStatus;
+    uint32_t eColour;
+} LedColourParam;
+
+BX_API int STJ_Reboot(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Reboot(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Upgrade(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_LoginPassWord(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FireWall(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Led(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_UpgradeStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int STJ_LedColour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_DualbandSync(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END DEVICE_CONTROL ==== */
 
 
 /* ==== Carrier and service messages (types 129, 130, 153 to 172) ==== BEGIN CARRIER */
+
+/* Station storage permission (type 129): eAllow is an EnumBoolean number. */
+typedef struct StaStorageInfoParam {
+    char szMac[32];
+    uint32_t eAllow;
+} StaStorageInfoParam;
+
+/* Carrier and province selection (type 130): eOperate EnumCarrier,
+ * eDistrict EnumProvince. */
+typedef struct CustomInfoParam {
+    uint32_t eOperate;
+    uint32_t eDistrict;
+} CustomInfoParam;
+
+/* CTCC basic device data (type 153): eElinkLink is an EnumSwitch number. */
+typedef struct CTCCBasicInfoParam {
+    char szCtei[16];
+    char szElinkSn[35];
+    char szIfVersion[16];
+    uint32_t eElinkLink;
+} CTCCBasicInfoParam;
+
+/* CTCC platform servers (type 154). uiValidMask has one bit per member that
+ * holds a value: CTCC_SERVER_* below. The texts may fill their whole array
+ * (65 characters, no terminator). */
+#define CTCC_SERVER_BACKUP_MAX 16
+#define CTCC_SERVER_TEXT_SIZE 65
+enum {
+    CTCC_SERVER_BSSADDR  = 1,
+    CTCC_SERVER_ABIADDR  = 2,
+    CTCC_SERVER_DEVTOKEN = 4,
+    CTCC_SERVER_DEVID    = 8,
+    CTCC_SERVER_BACKUP   = 16,
+};
+typedef struct CTCCServerInfoParam {
+    char szBssAddr[CTCC_SERVER_TEXT_SIZE];
+    char szAbiAddr[CTCC_SERVER_TEXT_SIZE];
+    char szDevToken[CTCC_SERVER_TEXT_SIZE];
+    char szDevId[CTCC_SERVER_TEXT_SIZE];
+    char aszBackup[CTCC_SERVER_BACKUP_MAX][CTCC_SERVER_TEXT_SIZE];
+    uint32_t uiValidMask;
+} CTCCServerInfoParam;
+
+/* CTCC e-link state (type 155), EnumSwitch. */
+typedef struct CTCCElinkStatusParam {
+    uint32_t eStatus;
+} CTCCElinkStatusParam;
+
+/* CMCC basic device data (type 156). */
+typedef struct CMCCBasicInfoParam {
+    char szDeviceType[32];
+    char szProductToken[32];
+    char szDeviceVendor[8];
+    char szDeviceModel[8];
+    char szDeviceSn[32];
+    char szCmei[16];
+    char szDeviceKey[256];
+    char szProvCode[8];
+    char szDmAppKey[16];
+    char szDmPwd[64];
+} CMCCBasicInfoParam;
+
+/* A login service switch with its account (types 157 Telnet, 158 Samba,
+ * 159 FTP): eSwitch is an EnumSwitch number. */
+typedef struct ServiceAccessParam {
+    uint32_t eSwitch;
+    char szUser[16];
+    char szPwd[16];
+} ServiceAccessParam;
+
+/* Router display name (type 160). */
+typedef struct RouterNameParam {
+    char szRouterName[32];
+} RouterNameParam;
+
+/* Kernel counter (type 161). */
+typedef struct KernelCountParam {
+    uint32_t uiCount;
+} KernelCountParam;
+
+/* CTCC router PIN (type 162). */
+typedef struct CTCCRouterPinParam {
+    char szPin[16];
+} CTCCRouterPinParam;
+
+/* Factory mode flag (type 163), EnumSwitch. */
+typedef struct FactoryFlagParam {
+    uint32_t eStatus;
+} FactoryFlagParam;
+
+/* CMCC configuration file to synchronise (type 164). */
+typedef struct CMCCCfgFileSyncParam {
+    char szCfgFile[32];
+} CMCCCfgFileSyncParam;
+
+/* Time synchronisation (type 165). */
+typedef struct SyncTimeParam {
+    uint32_t uiTime;
+} SyncTimeParam;
+
+/* Number of TCP/UDP connections of one WAN (type 166). */
+typedef struct WanTcpUdpConNumParam {
+    uint32_t uiWanIndex;
+    uint32_t uiNumber;
+} WanTcpUdpConNumParam;
+
+/* Factory random password (type 168): exactly 8 characters. */
+typedef struct CustomFactoryInfoParam {
+    char szRandPassword[16];
+} CustomFactoryInfoParam;
+
+/* A mesh agent's uplink (type 169): eType is an EnumUplinkMedium number. */
+typedef struct AgentUplinkInfoParam {
+    uint32_t eType;
+    char szSsid[32];
+    int32_t iRssi;
+    int32_t iNoise;
+    uint32_t uiUpRate;
+    uint32_t uiDownRate;
+} AgentUplinkInfoParam;
+
+/* Result of an upgrade (type 170): uiStatus 1 success, 0 failure. */
+typedef struct UpgradeReportParam {
+    uint32_t uiStatus;
+    uint32_t uiErrCode;
+} UpgradeReportParam;
+
+/* A file to copy (type 171). */
+typedef struct FileSyncParam {
+    char szSrcFile[64];
+    char szDestFile[64];
+} FileSyncParam;
+
+/* Quick-join switch (type 172), EnumSwitch. */
+typedef struct QuickjoinParam {
+    uint32_t eStatus;
+} QuickjoinParam;
+
+BX_API int STJ_StaStorageInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaStorageInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CustomInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCElinkStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCElinkInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CMCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Telnet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Samba(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ftp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RouterName(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_KernelCount(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCRouterPin(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FactoryFlag(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CMCCCfgFileSync(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_SyncTime(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WanTcpUdpConNum_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CustomFactoryInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Agent_Uplink_Info_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Agent_Uplink_Info_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Upgrade_report(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_File_Save(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Quickjoin(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END CARRIER ==== */
 
