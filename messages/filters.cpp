@@ -533,8 +533,9 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
     if (bx::present(policy, tb, DNS_NAME)) {
         read_name(__func__, tb[DNS_NAME], rule->szName);
         /* The name is measured up to one byte past its array (the first byte
-         * of szMacs, still inside the record): only a caller's unterminated
-         * name fails here, the copy stopping at 31 characters. */
+         * of szMacs, still inside the record). The copy stops at 31
+         * characters, so only a long name in a record the caller did not
+         * zero fails here. */
         const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
         if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
             BX_TRACE("out nmd fsl\n");
