@@ -1744,6 +1744,87 @@ BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== URL and DNS filters (types 132 to 139) ==== BEGIN FILTERS */
 
+/* Lists of texts in a rule: 32 slots of 32 bytes, at most 31 characters
+ * each; the first empty slot ends the used part. */
+#define FILTER_TEXT_NUM 32
+#define FILTER_TEXT_LEN 32
+/* Active periods of a rule; a pair whose uiEndTime is 0 ends the used part. */
+#define FILTER_TIME_RANGE_NUM 3
+/* Rules a list record holds; the converters never walk more. */
+#define FILTER_RULE_NUM 32
+
+/* One active period, in seconds since midnight. */
+typedef struct FilterTimeRange {
+    uint32_t uiStartTime;
+    uint32_t uiEndTime;
+} FilterTimeRange;
+
+/* A URL filter rule (135, and the element of 134). uiEnable travels as
+ * "enable"/"disable", uiMode as "Black"/"White". uiWeekday 0 means no
+ * schedule: the rule then goes out without "weekday" and "timerange". */
+typedef struct FilterUrlRule {
+    uint32_t uiIdx;
+    uint32_t uiEnable;
+    char aszUrls[FILTER_TEXT_NUM][FILTER_TEXT_LEN];
+    char szName[32];
+    char aszMacs[FILTER_TEXT_NUM][FILTER_TEXT_LEN];
+    uint32_t uiMode;
+    uint32_t uiWeekday;
+    FilterTimeRange astTimeRange[FILTER_TIME_RANGE_NUM];
+} FilterUrlRule;
+
+/* A DNS filter rule (138, and the element of 137): one client MAC text, and
+ * uiAction as "Ignore"/"LanIp"/"NameError". */
+typedef struct FilterDnsRule {
+    uint32_t uiIdx;
+    uint32_t uiEnable;
+    char aszHostnames[FILTER_TEXT_NUM][FILTER_TEXT_LEN];
+    char szName[32];
+    char szMacs[32];
+    uint32_t uiAction;
+    uint32_t uiMode;
+    uint32_t uiWeekday;
+    FilterTimeRange astTimeRange[FILTER_TIME_RANGE_NUM];
+} FilterDnsRule;
+
+/* The rule lists (134, 137). Rules whose uiIdx is 0 are not sent, though
+ * "count" still counts them. */
+typedef struct FilterUrlList {
+    uint32_t uiCount;
+    FilterUrlRule astRule[FILTER_RULE_NUM];
+} FilterUrlList;
+
+typedef struct FilterDnsList {
+    uint32_t uiCount;
+    FilterDnsRule astRule[FILTER_RULE_NUM];
+} FilterDnsList;
+
+/* The global URL filter switch (132): "enable"/"disable", sent under "idx"
+ * and received under "status". */
+typedef struct FilterSwitch {
+    uint32_t uiStatus;
+} FilterSwitch;
+
+/* The index of a rule just set (136, 139). */
+typedef struct FilterReply {
+    uint32_t uiIdx;
+} FilterReply;
+
+BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterUrl_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterUrl_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterUrl_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterUrl_Reply(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterUrl_Set_Reply(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterDns_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterDns_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterDns_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FilterDns_Reply(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FilterDns_Set_Reply(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END FILTERS ==== */
 
 

@@ -20,7 +20,7 @@ extern "C" {
 
 namespace {
 
-constexpr size_t kRecordBytes = 64 * 1024;  // larger than any record
+constexpr size_t kRecordBytes = 128 * 1024; // larger than any record
 constexpr unsigned kStationCapacity = 64;   // entries offered to the station list
 
 bool has_row(const MessageTransEntry *table, int count, int type)
