@@ -1,85 +1,38 @@
-// Vendor elements in beacons: limits, the beacon element entries and list,
-// the index messages, and the dispatch rows of the whole vendor-element family.
+// Vendor elements in beacons: limits, beacon entries and their list, the
+// index messages, and the dispatch rows of the whole vendor-element family.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-#include <string>
-#include <vector>
-
-#include "support.h"
+#include "vsie_support.h"
 
 using bxtest::Msg;
 using bxtest::TraceCapture;
 using testing::ElementsAre;
+using vsietest::Guarded;
+using vsietest::numbers;
 
 namespace {
 
-// A record followed by a guard that no converter may touch.
-template <typename T>
-struct Guarded {
-    T rec{};
-    unsigned char guard[64];
-    Guarded() { std::memset(guard, 0xA5, sizeof guard); }
-    bool guard_intact() const
-    {
-        for (unsigned char b : guard)
-            if (b != 0xA5)
-                return false;
-        return true;
-    }
-};
-
-std::string numbers(int from, int count)
-{
-    std::string out = "[";
-    for (int i = 0; i < count; ++i)
-        out += (i != 0 ? "," : "") + std::to_string(from + i);
-    return out + "]";
-}
-
-TEST(VsieDispatch, EveryTypeTracesItsNameTextInBothDirections)
+TEST(VsieDispatch, NameTextsAndTheSharedIndexConverter)
 {
     BX_REQUIRE_TRACE_CAPTURE();
-    const std::pair<int, const char *> rows[] = {
-        {140, "Vsie_Info"},          {141, "Vsie_Beacontx_Add"},       {142, "Vsie_Beacontx_Idx"},
-        {143, "Vsie_Beacontx_List"}, {144, "Vsie_Beacontx_Set"},       {145, "Vsie_Proberx_Add"},
-        {146, "Vsie_Proberx_Idx"},   {147, "Vsie_Proberx_List"},       {148, "Vsie_Proberx_Flush"},
-        {149, "Vsie_Proberx_Record_Add"}, {150, "Vsie_Proberesp_Add"}, {151, "Vsie_Proberesp_Idx"},
-        {152, "Vsie_Proberesp_List"},
-    };
-    for (auto [type, name] : rows) {
+    const char *names[] = {"Vsie_Info", "Vsie_Beacontx_Add", "Vsie_Beacontx_Idx", "Vsie_Beacontx_List",
+                           "Vsie_Beacontx_Set", "Vsie_Proberx_Add", "Vsie_Proberx_Idx", "Vsie_Proberx_List",
+                           "Vsie_Proberx_Flush", "Vsie_Proberx_Record_Add", "Vsie_Proberesp_Add",
+                           "Vsie_Proberesp_Idx", "Vsie_Proberesp_List"};
+    alignas(8) static unsigned char rec[64 * 1024];
+    for (int type = MSG_VSIE_INFO; type <= MSG_VSIE_PROBERESP_LIST; ++type) {
         SCOPED_TRACE(type);
-        static VsieProbeRxList rec;  // large enough for every record of the family
-        std::memset(&rec, 0, sizeof rec);
-        Msg msg("{}");
+        std::string name = names[type - MSG_VSIE_INFO];
         bxtest::Buf buf;
         TraceCapture cap;
-        EXPECT_EQ(STRUCT_TRANS_JSON(type, &rec, buf.get()), 0);
-        EXPECT_EQ(JSON_TRANS_STRUCT(type, msg, &rec), 0);
+        EXPECT_EQ(STRUCT_TRANS_JSON(type, rec, buf.get()), 0);
+        EXPECT_EQ(JSON_TRANS_STRUCT(type, Msg("{}"), rec), 0);
         auto lines = cap.take();
         ASSERT_GE(lines.size(), 3u);
-        EXPECT_EQ(lines[0], std::string("STRUCT_TRANS_JSON: Struct To Json: [") + name + "] \n\n");
-        EXPECT_EQ(lines[2], std::string("JSON_TRANS_STRUCT: Json To Struct: [") + name + "] \n\n");
+        EXPECT_EQ(lines[0], "STRUCT_TRANS_JSON: Struct To Json: [" + name + "] \n\n");
+        EXPECT_EQ(lines[2], "JSON_TRANS_STRUCT: Json To Struct: [" + name + "] \n\n");
     }
-}
-
-TEST(VsieDispatch, OneConverterSendsEveryIndexMessage)
-{
-    const StructToJsonFunc *found[3] = {};
-    for (int i = 0; i < g_iStructToJson_FuncNum; ++i) {
-        const MessageTransEntry &row = g_astStructToJson_Func[i];
-        if (row.id == MSG_VSIE_BEACONTX_IDX)
-            found[0] = &row.converter.toJson;
-        if (row.id == MSG_VSIE_PROBERX_IDX)
-            found[1] = &row.converter.toJson;
-        if (row.id == MSG_VSIE_PROBERESP_IDX)
-            found[2] = &row.converter.toJson;
-    }
-    ASSERT_TRUE(found[0] && found[1] && found[2]);
-    EXPECT_EQ(*found[1], *found[0]);
-    EXPECT_EQ(*found[2], *found[0]);
     EXPECT_EQ(&STJ_Vsie_Proberx_Idx, &STJ_Vsie_Beacontx_Idx);
     EXPECT_EQ(&STJ_Vsie_Proberesp_Idx, &STJ_Vsie_Beacontx_Idx);
 }
@@ -93,83 +46,55 @@ TEST(VsieInfo, BothWays)
     VsieInfo back{0, 0, 0, 77};
     TraceCapture cap;
     EXPECT_EQ(JTS_Vsie_Info(Msg(R"({"maxproberxentry": 3, "maxbeacontxentry": 8, "maxbeacontxconcurrent": 4})"), &back), 0);
-    EXPECT_THAT(cap.take(), ElementsAre("JTS_Vsie_Info: MaxBeacontxEntry:8\n", "JTS_Vsie_Info: MaxBeacontxConCurrent:4\n",
-                                        "JTS_Vsie_Info: MaxProberxEntry:3\n",
-                                        "JTS_CheckBlobAttr: Illegal parameter: maxproberespentry\n"));
-    EXPECT_EQ(back.uiMaxBeaconTxEntry, 8u);
+    EXPECT_THAT(vsietest::texts_from(cap.take(), "JTS_Vsie_Info"), ElementsAre("MaxBeacontxEntry:8\n", "MaxBeacontxConCurrent:4\n", "MaxProberxEntry:3\n",
+                                              "Illegal parameter: maxproberespentry\n"));
+    EXPECT_EQ(back.uiMaxBeaconTxConcurrent, 4u);
     EXPECT_EQ(back.uiMaxProbeRespEntry, 77u);
 }
 
 TEST(VsieBeacontxAdd, SendsEverythingButTheIndex)
 {
-    Guarded<VsieBeaconTxEntry> g;
-    VsieBeaconTxEntry &e = g.rec;
-    e.uiIdx = 9;
-    std::strcpy(e.szServiceName, "svc");
-    e.uiSsidIdx = 1;
-    e.uiDuration = 60;
-    e.uiLen = 3;
-    e.auiIeData[0] = 221;
-    e.auiIeData[1] = 5;
-    e.auiIeData[3] = 99;  // beyond uiLen
+    VsieBeaconTxEntry e{9, "svc", 1, 60, 3, {221, 5, 0, 99}};
     EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_ADD, &e),
               R"(servicename=s"svc" ssididx=i32:1 duration=i32:60 len=i32:3 iedata=[i32:221 i32:5 i32:0])");
     e.uiLen = 0;
     EXPECT_THAT(bxtest::stj_typed(MSG_VSIE_BEACONTX_ADD, &e), testing::EndsWith("len=i32:0 iedata=[]"));
-    // A full name without terminator is sent as the array holds it.
-    std::memset(e.szServiceName, 'x', sizeof e.szServiceName);
-    EXPECT_THAT(bxtest::stj_typed(MSG_VSIE_BEACONTX_ADD, &e),
-                testing::StartsWith("servicename=s\"" + std::string(64, 'x') + "\" "));
-    // A length past the slots sends the slots only.
-    e.uiLen = 1000;
-    std::string sent = "len=i32:1000 iedata=[";
-    for (size_t i = 0; i < 256; ++i)
-        sent += (i ? " i32:" : "i32:") + std::to_string(e.auiIeData[i]);
-    EXPECT_THAT(bxtest::stj_typed(MSG_VSIE_BEACONTX_ADD, &e), testing::EndsWith(sent + "]"));
+    e.uiLen = 1000;  // sent as it is; the bytes stop at the record's slots
+    EXPECT_EQ(vsietest::count_i32(bxtest::stj_typed(MSG_VSIE_BEACONTX_ADD, &e)), 3u + 256u);
 }
 
 TEST(VsieBeacontxAdd, ReceivedBytesStopAtTheLength)
 {
-    struct Case {
-        const char *json;
-        uint32_t len_before;
-        uint32_t len_after;
-        std::vector<uint32_t> slots;  // the first slots after the call
-    };
-    const Case cases[] = {
+    const struct {
+        std::string json;
+        uint32_t len_before, len_after;
+        std::vector<uint32_t> slots;  // the first slots afterwards (0xEE: untouched)
+    } cases[] = {
         {R"({"len": 3, "iedata": [221, 5, 0, 80, 242]})", 0, 3, {221, 5, 0, 0xEE}},
         // Without "len" the caller's length bounds the walk.
-        {R"({"iedata": [221, 5, 0]})", 0, 0, {0xEE, 0xEE}},
+        {R"({"iedata": [221, 5, 0]})", 0, 0, {0xEE}},
         {R"({"iedata": [221, 5, 0]})", 2, 2, {221, 5, 0xEE}},
-        // Fewer numbers than the length leave the other slots as they were.
         {R"({"len": 4, "iedata": [7]})", 0, 4, {7, 0xEE}},
-        // A number element of another type is read from its own bytes.
+        // Elements of another type are read from their own bytes; a non-array is absent.
         {R"({"len": 2, "iedata": [-1, "A"]})", 0, 2, {0xFFFFFFFFu, 0x41000000u}},
-        {R"({"len": 9, "iedata": 5})", 0, 9, {0xEE}},  // not an array: absent
+        {R"({"len": 9, "iedata": 5})", 0, 9, {0xEE}},
+        // A length from the sender never takes the walk past the slots.
+        {R"({"len": 100000, "iedata": )" + numbers(1, 300) + "}", 0, 100000, {1, 2}},
     };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.json);
-        VsieBeaconTxEntry e{};
-        e.uiLen = c.len_before;
-        for (uint32_t &slot : e.auiIeData)
-            slot = 0xEE;
-        EXPECT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_ADD, Msg(c.json), &e), 0);
-        EXPECT_EQ(e.uiLen, c.len_after);
+        Guarded<VsieBeaconTxEntry> g;
+        g.rec.uiLen = c.len_before;
+        std::fill(std::begin(g.rec.auiIeData), std::end(g.rec.auiIeData), 0xEEu);
+        EXPECT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_ADD, Msg(c.json.c_str()), &g.rec), 0);
+        EXPECT_EQ(g.rec.uiLen, c.len_after);
         for (size_t i = 0; i < c.slots.size(); ++i)
-            EXPECT_EQ(e.auiIeData[i], c.slots[i]) << "slot " << i;
+            EXPECT_EQ(g.rec.auiIeData[i], c.slots[i]) << "slot " << i;
+        EXPECT_TRUE(g.intact());
     }
 }
 
-TEST(VsieBeacontxAdd, LengthFromTheSenderNeverWritesPastTheRecord)
-{
-    Guarded<VsieBeaconTxEntry> g;
-    std::string json = R"({"len": 100000, "iedata": )" + numbers(1, 300) + "}";
-    EXPECT_EQ(JTS_Vsie_Beacontx_Add(Msg(json.c_str()), &g.rec), 0);
-    EXPECT_EQ(g.rec.auiIeData[255], 256u);
-    EXPECT_TRUE(g.guard_intact());
-}
-
-TEST(VsieBeacontxAdd, TracesAndMissingBytes)
+TEST(VsieBeacontxAdd, Traces)
 {
     BX_REQUIRE_TRACE_CAPTURE();
     VsieBeaconTxEntry e{};
@@ -177,77 +102,59 @@ TEST(VsieBeacontxAdd, TracesAndMissingBytes)
     EXPECT_EQ(JTS_Vsie_Beacontx_Add(Msg(R"({"idx": 4, "servicename": "svc", "len": 2, "iedata": [65, 66]})"), &e), 0);
     EXPECT_THAT(cap.take(), ElementsAre("JTS_Vsie_Beacontx_Add: Servicename:svc\n",
                                         "JTS_CheckBlobAttr: Illegal parameter: ssididx\n",
-                                        "JTS_CheckBlobAttr: Illegal parameter: duration\n",
-                                        "JTS_Vsie_Beacontx_Add: Len:2\n", "JTS_Vsie_Beacontx_Add: Iedata:A\n",
-                                        "JTS_Vsie_Beacontx_Add: Iedata:B\n"));
-    EXPECT_EQ(e.uiIdx, 0u);  // the index is not read
-
-    VsieBeaconTxEntry f{};
-    EXPECT_EQ(JTS_Vsie_Beacontx_Add(Msg(R"({"servicename": "svc", "ssididx": 2, "duration": 30, "len": 1})"), &f), 0);
-    auto lines = cap.take();
-    ASSERT_GE(lines.size(), 2u);
-    EXPECT_EQ(lines[lines.size() - 2], "JTS_CheckBlobAttr: Illegal parameter: iedata\n");
-    EXPECT_EQ(lines.back(), "JTS_Vsie_Beacontx_Add: No IEDATA\n");
-    EXPECT_STREQ(f.szServiceName, "svc");
-    EXPECT_EQ(f.uiDuration, 30u);
+                                        "JTS_CheckBlobAttr: Illegal parameter: duration\n", "JTS_Vsie_Beacontx_Add: Len:2\n",
+                                        "JTS_Vsie_Beacontx_Add: Iedata:A\n", "JTS_Vsie_Beacontx_Add: Iedata:B\n"));
+    EXPECT_EQ(e.uiIdx, 0u);  // not read
+    EXPECT_EQ(JTS_Vsie_Beacontx_Add(Msg(R"({"duration": 30})"), &e), 0);
+    EXPECT_EQ(e.uiDuration, 30u);
+    EXPECT_THAT(vsietest::texts_from(cap.take(), "JTS_Vsie_Beacontx_Add"), testing::IsSupersetOf({"Illegal parameter: iedata\n", "No IEDATA\n"}));
 }
 
 TEST(VsieIndex, AllThreeIndexMessages)
 {
     BX_REQUIRE_TRACE_CAPTURE();
-    const std::pair<int, const char *> types[] = {{MSG_VSIE_BEACONTX_IDX, "JTS_Vsie_Beacontx_Idx"},
-                                                  {MSG_VSIE_PROBERX_IDX, "JTS_Vsie_Proberx_Idx"},
-                                                  {MSG_VSIE_PROBERESP_IDX, "JTS_Vsie_Proberesp_Idx"}};
-    for (auto [type, func] : types) {
+    const std::pair<int, std::string> types[] = {{MSG_VSIE_BEACONTX_IDX, "JTS_Vsie_Beacontx_Idx"},
+                                                 {MSG_VSIE_PROBERX_IDX, "JTS_Vsie_Proberx_Idx"},
+                                                 {MSG_VSIE_PROBERESP_IDX, "JTS_Vsie_Proberesp_Idx"}};
+    for (const auto &[type, func] : types) {
         SCOPED_TRACE(type);
         VsieIndex idx{7};
         EXPECT_EQ(bxtest::stj_typed(type, &idx), "idx=i32:7");
-        VsieIndex back{42};
         TraceCapture cap;
-        EXPECT_EQ(JSON_TRANS_STRUCT(type, Msg("{}"), &back), 0);
-        EXPECT_EQ(back.uiIdx, 42u);
+        EXPECT_EQ(JSON_TRANS_STRUCT(type, Msg("{}"), &idx), 0);
+        EXPECT_EQ(idx.uiIdx, 7u);
         EXPECT_EQ(cap.take().back(), "JTS_CheckBlobAttr: Illegal parameter: idx\n");
-        EXPECT_EQ(JSON_TRANS_STRUCT(type, Msg(R"({"idx": 3})"), &back), 0);
-        EXPECT_EQ(back.uiIdx, 3u);
-        EXPECT_EQ(cap.take().back(), std::string(func) + ": Idx:3\n");
+        EXPECT_EQ(JSON_TRANS_STRUCT(type, Msg(R"({"idx": 3})"), &idx), 0);
+        EXPECT_EQ(idx.uiIdx, 3u);
+        EXPECT_EQ(cap.take().back(), func + ": Idx:3\n");
     }
 }
 
-TEST(VsieBeacontxSet, EnableTravelsAsASwitchWord)
+TEST(VsieBeacontxSet, EnableTravelsAsASwitchWordWithoutRangeCheck)
 {
     BX_REQUIRE_TRACE_CAPTURE();
-    VsieBeaconTxSwitch sw{2, 1};
-    EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_SET, &sw), R"(idx=i32:2 enable=s"enable")");
-    sw.uiEnable = 0;
-    EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_SET, &sw), R"(idx=i32:2 enable=s"disable")");
-    sw.uiEnable = 5;
-    EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_SET, &sw), R"(idx=i32:2 enable=s"")");
-
+    for (auto [value, word] : {std::pair{1u, "enable"}, {0u, "disable"}, {5u, ""}}) {
+        VsieBeaconTxSwitch sw{2, value};
+        EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_SET, &sw), std::string("idx=i32:2 enable=s\"") + word + "\"");
+    }
     VsieBeaconTxSwitch back{};
     TraceCapture cap;
     EXPECT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_SET, Msg(R"({"enable": "on", "idx": 4})"), &back), 0);
     EXPECT_EQ(back.uiIdx, 4u);
-    EXPECT_EQ(back.uiEnable, 0xFFFFFFFFu);  // no range check
-    EXPECT_THAT(cap.take(), testing::IsSupersetOf({"JTS_Vsie_Beacontx_Set: Idx:4\n", "JTS_Vsie_Beacontx_Set: Enable:-1\n"}));
-    EXPECT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_SET, Msg(R"({"enable": "disable"})"), &back), 0);
-    EXPECT_EQ(back.uiEnable, 0u);
-    EXPECT_EQ(back.uiIdx, 4u);
+    EXPECT_EQ(back.uiEnable, 0xFFFFFFFFu);
+    EXPECT_THAT(vsietest::texts_from(cap.take(), "JTS_Vsie_Beacontx_Set"), testing::IsSupersetOf({"Idx:4\n", "Enable:-1\n"}));
 }
 
 TEST(VsieBeacontxList, SendsCountAndEntries)
 {
     static VsieBeaconTxList list;
-    std::memset(&list, 0, sizeof list);
     list.uiCount = 2;
     list.astEntry[0] = {1, "a", 2, 3, 1, {221}};
     list.astEntry[1] = {4, "b", 5, 6, 0, {}};
     EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_LIST, &list),
               R"(count=i32:2 list=[{idx=i32:1 servicename=s"a" ssididx=i32:2 duration=i32:3 len=i32:1 iedata=[i32:221]} )"
               R"({idx=i32:4 servicename=s"b" ssididx=i32:5 duration=i32:6 len=i32:0 iedata=[]}])");
-    list.uiCount = 0;
-    EXPECT_EQ(bxtest::stj_typed(MSG_VSIE_BEACONTX_LIST, &list), "count=i32:0 list=[]");
-    // The count is sent as it is; the entries stop at the record's end.
-    list.uiCount = 1000;
+    list.uiCount = 1000;  // sent as it is; the entries stop at the record's end
     std::string typed = bxtest::stj_typed(MSG_VSIE_BEACONTX_LIST, &list);
     EXPECT_THAT(typed, testing::StartsWith("count=i32:1000 "));
     EXPECT_EQ(std::count(typed.begin(), typed.end(), '{'), VSIE_BEACONTX_LIST_MAX);
@@ -256,29 +163,24 @@ TEST(VsieBeacontxList, SendsCountAndEntries)
 TEST(VsieBeacontxList, WalkIsBoundedByCountAndTheTopLevelIedata)
 {
     BX_REQUIRE_TRACE_CAPTURE();
-    const char *three = R"([{"idx": 1, "len": 1, "iedata": [65]}, {"idx": 2, "len": 1, "iedata": [66]},
-                           {"idx": 3, "len": 1, "iedata": [67]}])";
-    struct Case {
+    const std::string three = R"([{"idx": 1, "len": 1, "iedata": [65]}, {"idx": 2, "len": 1, "iedata": [66]},
+                                  {"idx": 3, "len": 1, "iedata": [67]}])";
+    const struct {
         std::string json;
-        uint32_t count_before;
-        uint32_t count_after;
-        std::vector<uint32_t> idx;     // idx of entries 0..2 after the call
-        std::vector<uint32_t> first;   // auiIeData[0] of entries 0..2
-        size_t null_cur;               // "NULL == cur" traces
-        bool no_iedata;
-    };
-    const Case cases[] = {
-        {std::string(R"({"count": 2, "iedata": [], "list": )") + three + "}", 0, 2, {1, 2, 0}, {65, 66, 0}, 1, false},
-        // Quirk: without a top-level "iedata" only the first entry's scalars are read.
-        {std::string(R"({"count": 2, "list": )") + three + "}", 0, 2, {1, 0, 0}, {0, 0, 0}, 0, true},
+        uint32_t count_before, count_after;
+        std::vector<uint32_t> idx, first_byte;  // of entries 0 to 2
+        size_t null_cur, no_iedata;
+    } cases[] = {
+        {R"({"count": 2, "iedata": [], "list": )" + three + "}", 0, 2, {1, 2, 0}, {65, 66, 0}, 1, 0},
+        // Without a top-level "iedata" only the first entry's scalars are read.
+        {R"({"count": 2, "list": )" + three + "}", 0, 2, {1, 0, 0}, {0, 0, 0}, 0, 1},
         // Without "count" the caller's count bounds the walk.
-        {std::string(R"({"iedata": [1], "list": )") + three + "}", 1, 1, {1, 0, 0}, {65, 0, 0}, 2, false},
+        {R"({"iedata": [1], "list": )" + three + "}", 1, 1, {1, 0, 0}, {65, 0, 0}, 2, 0},
         // An element without bytes still takes its place; a number takes an empty one.
-        {R"({"count": 3, "iedata": [], "list": [{"idx": 1, "len": 1}, 5, {"idx": 3, "len": 1, "iedata": [67]}]})", 0, 3,
-         {1, 0, 3}, {0, 0, 67}, 0, false},
-        {R"({"count": 3, "iedata": []})", 0, 3, {0, 0, 0}, {0, 0, 0}, 0, false},
+        {R"({"count": 3, "iedata": [], "list": [{"idx": 1}, 5, {"idx": 3, "len": 1, "iedata": [67]}]})", 0, 3,
+         {1, 0, 3}, {0, 0, 67}, 0, 0},
     };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.json);
         static VsieBeaconTxList list;
         std::memset(&list, 0, sizeof list);
@@ -288,12 +190,11 @@ TEST(VsieBeacontxList, WalkIsBoundedByCountAndTheTopLevelIedata)
         EXPECT_EQ(list.uiCount, c.count_after);
         for (size_t n = 0; n < 3; ++n) {
             EXPECT_EQ(list.astEntry[n].uiIdx, c.idx[n]) << "entry " << n;
-            EXPECT_EQ(list.astEntry[n].auiIeData[0], c.first[n]) << "entry " << n;
+            EXPECT_EQ(list.astEntry[n].auiIeData[0], c.first_byte[n]) << "entry " << n;
         }
         auto lines = cap.take();
-        EXPECT_EQ(std::count(lines.begin(), lines.end(), "JTS_Vsie_Beacontx_List: NULL == cur\n\n"),
-                  static_cast<long>(c.null_cur));
-        EXPECT_EQ(std::count(lines.begin(), lines.end(), "JTS_Vsie_Beacontx_List: No IEDATA\n"), c.no_iedata ? 1 : 0);
+        EXPECT_EQ(vsietest::count_line(lines, "JTS_Vsie_Beacontx_List: NULL == cur\n\n"), c.null_cur);
+        EXPECT_EQ(vsietest::count_line(lines, "JTS_Vsie_Beacontx_List: No IEDATA\n"), c.no_iedata);
     }
 }
 
@@ -301,47 +202,39 @@ TEST(VsieBeacontxList, ElementTracesCarryTheEntryNumber)
 {
     BX_REQUIRE_TRACE_CAPTURE();
     static VsieBeaconTxList list;
-    std::memset(&list, 0, sizeof list);
     TraceCapture cap;
-    EXPECT_EQ(JTS_Vsie_Beacontx_List(
-                  Msg(R"({"count": 1, "iedata": [], "list": [{"idx": 5, "servicename": "s", "ssididx": 6,
-                          "duration": 7, "len": 1, "iedata": [65, 66]}]})"),
-                  &list),
+    EXPECT_EQ(JTS_Vsie_Beacontx_List(Msg(R"({"count": 1, "iedata": [], "list": [{"idx": 5, "servicename": "s",
+                                             "ssididx": 6, "duration": 7, "len": 1, "iedata": [65, 66]}]})"),
+                                     &list),
               0);
-    EXPECT_THAT(cap.take(), ElementsAre("JTS_Vsie_Beacontx_List: Count:1\n", "JTS_Vsie_Beacontx_List: Idx0:5\n",
-                                        "JTS_Vsie_Beacontx_List: Servicename0:s\n", "JTS_Vsie_Beacontx_List: Ssididx0:6\n",
-                                        "JTS_Vsie_Beacontx_List: Duration0:7\n", "JTS_Vsie_Beacontx_List: Len0:1\n",
-                                        "JTS_Vsie_Beacontx_List: Iedata0:A\n"));
+    EXPECT_THAT(vsietest::texts_from(cap.take(), "JTS_Vsie_Beacontx_List"), ElementsAre("Count:1\n", "Idx0:5\n", "Servicename0:s\n", "Ssididx0:6\n",
+                                              "Duration0:7\n", "Len0:1\n", "Iedata0:A\n"));
 }
 
 TEST(VsieBeacontxList, CountFromTheSenderNeverWritesPastTheRecord)
 {
-    Guarded<VsieBeaconTxList> g;
+    static Guarded<VsieBeaconTxList> g;
     std::string json = R"({"count": 100, "iedata": [], "list": [)";
     for (int i = 0; i < 20; ++i)
-        json += std::string(i ? "," : "") + R"({"idx": )" + std::to_string(i) + R"(, "len": 300, "iedata": )" +
-                numbers(0, 300) + "}";
-    json += "]}";
-    EXPECT_EQ(JTS_Vsie_Beacontx_List(Msg(json.c_str()), &g.rec), 0);
+        json += (i ? R"(,{"idx": )" : R"({"idx": )") + std::to_string(i) + R"(, "len": 300, "iedata": )" + numbers(0, 300) + "}";
+    EXPECT_EQ(JTS_Vsie_Beacontx_List(Msg((json + "]}").c_str()), &g.rec), 0);
     EXPECT_EQ(g.rec.uiCount, 100u);
     EXPECT_EQ(g.rec.astEntry[VSIE_BEACONTX_LIST_MAX - 1].uiIdx, VSIE_BEACONTX_LIST_MAX - 1u);
     EXPECT_EQ(g.rec.astEntry[0].auiIeData[255], 255u);
-    EXPECT_TRUE(g.guard_intact());
+    EXPECT_TRUE(g.intact());
 }
 
-TEST(VsieBeacontx, RoundTripThroughTheProgram)
+TEST(VsieBeacontxList, RoundTripThroughTheProgram)
 {
     bxtest::ToolResult r;
-    if (!bxtest::run_tool(MSG_VSIE_BEACONTX_LIST,
-                          R"({"count": 1, "iedata": [], "list": [{"idx": 2, "servicename": "s", "ssididx": 0,
-                              "duration": 9, "len": 2, "iedata": [221, 3, 4]}]})",
+    if (!bxtest::run_tool(MSG_VSIE_BEACONTX_LIST, R"({"count": 1, "iedata": [], "list": [{"idx": 2, "servicename": "s",
+                                                      "ssididx": 0, "duration": 9, "len": 2, "iedata": [221, 3, 4]}]})",
                           r))
         GTEST_SKIP() << "blobxlate program not built";
     EXPECT_EQ(r.exit_code, 0);
-    EXPECT_EQ(r.out, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n"
-                     "{\n\t\"count\": 1,\n\t\"list\": [\n\t\t{\n\t\t\t\"idx\": 2,\n\t\t\t\"servicename\": \"s\",\n"
-                     "\t\t\t\"ssididx\": 0,\n\t\t\t\"duration\": 9,\n\t\t\t\"len\": 2,\n\t\t\t\"iedata\": [\n"
-                     "\t\t\t\t221,\n\t\t\t\t3\n\t\t\t]\n\t\t}\n\t]\n}\n");
+    EXPECT_EQ(r.out, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"count\": 1,\n\t\"list\": [\n\t\t{\n"
+                     "\t\t\t\"idx\": 2,\n\t\t\t\"servicename\": \"s\",\n\t\t\t\"ssididx\": 0,\n\t\t\t\"duration\": 9,\n"
+                     "\t\t\t\"len\": 2,\n\t\t\t\"iedata\": [\n\t\t\t\t221,\n\t\t\t\t3\n\t\t\t]\n\t\t}\n\t]\n}\n");
 }
 
 } // namespace
