@@ -172,7 +172,7 @@ int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fiel
         return -1;
     if (count > kMaxFields)
         count = kMaxFields;
-    blobmsg_policy policy[kMaxFields];
+    blobmsg_policy policy[kMaxFields] = {};
     blob_attr *tb[kMaxFields];
     for (size_t i = 0; i < count; ++i)
         policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};

@@ -165,7 +165,7 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
 void emit_field(const Field &f, const void *record, blob_buf *buf);
 
 /* The blobmsg type a field travels as. */
-constexpr blobmsg_type wire_type(Kind how)
+constexpr enum blobmsg_type wire_type(Kind how)
 {
     return how == Kind::U64 ? BLOBMSG_TYPE_INT64
          : (how == Kind::U32 || how == Kind::S32) ? BLOBMSG_TYPE_INT32
