@@ -265,6 +265,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
         ++n;
         return true;
     });
+    /* The count is the entries read, whatever the caller had there. */
     rec->uiCount = n;
     return 0;
 }
