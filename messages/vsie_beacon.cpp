@@ -24,8 +24,9 @@ constexpr bx::Field kInfoFields[] = {
 
 /* ---- Beacon entries (types 141 to 144) -------------------------------------- */
 
-/* The add and list messages are read against one policy; each converter
- * looks only at the keys it needs. */
+/* The beacon messages share one policy; each converter looks only at the
+ * keys it needs. The index and switch messages read theirs through field
+ * tables, which find the same attributes. */
 enum {
     BTX_IDX,
     BTX_SERVICENAME,

@@ -15,7 +15,8 @@ using bx::vsie::low_byte;
 using bx::vsie::Text;
 
 /* Every probe-receive message (types 145 to 149), and every element of its
- * "list" and "record" arrays, is read against this policy. */
+ * "list" and "record" arrays, is read against this policy (the index message
+ * reads its one key through a field table, which finds the same attribute). */
 enum {
     PRX_IDX,
     PRX_SERVICENAME,
@@ -69,6 +70,8 @@ void emit_record(blob_buf *buf, const VsieProbeRxRecord &rec)
     add_bytes(buf, "vsie", rec.aucVsie, capped(rec.uiVsieLen, VSIE_PAYLOAD_MAX));
 }
 
+/* A probe-response entry as a list sends it (`whole`), or as an added entry
+ * is sent: the MAC and the bytes only. */
 void emit_response(blob_buf *buf, const VsieProbeRespEntry &entry, bool whole)
 {
     if (whole)
