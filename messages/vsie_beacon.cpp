@@ -101,15 +101,7 @@ extern "C" {
 
 /* ---- Type 140 ---- */
 
-BX_API int STJ_Vsie_Info(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kInfoFields);
-}
-
-BX_API int JTS_Vsie_Info(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kInfoFields);
-}
+BX_FIELD_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
 
 /* ---- Type 141 ---- */
 
@@ -150,21 +142,13 @@ BX_API int JTS_Vsie_Beacontx_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Types 142, 146 and 151 ---- */
 
-BX_API int STJ_Vsie_Beacontx_Idx(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, bx::vsie::kIndexFields);
-}
+BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Idx, JTS_Vsie_Beacontx_Idx, bx::vsie::kIndexFields)
 
 /* The probe index messages send the same one member. */
 BX_API int STJ_Vsie_Proberx_Idx(const void *pvRecord, struct blob_buf *pstBuf)
     __attribute__((alias("STJ_Vsie_Beacontx_Idx")));
 BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf)
     __attribute__((alias("STJ_Vsie_Beacontx_Idx")));
-
-BX_API int JTS_Vsie_Beacontx_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, bx::vsie::kIndexFields);
-}
 
 /* ---- Type 143 ---- */
 
@@ -253,14 +237,6 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 144 ---- */
 
-BX_API int STJ_Vsie_Beacontx_Set(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kSwitchFields);
-}
-
-BX_API int JTS_Vsie_Beacontx_Set(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kSwitchFields);
-}
+BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Set, JTS_Vsie_Beacontx_Set, kSwitchFields)
 
 } // extern "C"
