@@ -1830,6 +1830,140 @@ BX_API int JTS_FilterDns_Set_Reply(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Vendor-specific information elements (types 140 to 152) ==== BEGIN VSIE */
 
+/* Vendor-specific information elements: raw 802.11 element bytes that a
+ * service asks the radios to add to beacons and probe responses, or to look
+ * for in incoming probe requests. Element bytes travel as arrays of numbers,
+ * one number per byte. Bands are EnumBand words ("2.4G", "5G"). */
+
+/* Element bytes one entry can hold. */
+#define VSIE_IEDATA_MAX          256
+/* Payload bytes (after the OUI) of one observed probe element. */
+#define VSIE_PAYLOAD_MAX         255
+/* Stations one probe-receive entry collects. */
+#define VSIE_PROBERX_RECORD_MAX  8
+/* Capacities of the list records. The converters that build a message trust
+ * uiCount up to these; the ones that read a probe list fill at most three
+ * entries. Chosen here: 16 beacon entries, 8 entries per probe list. */
+#define VSIE_BEACONTX_LIST_MAX   16
+#define VSIE_PROBERX_LIST_MAX    8
+#define VSIE_PROBERESP_LIST_MAX  8
+
+/* Type 140: the radio's limits for vendor elements. */
+typedef struct VsieInfo {
+    uint32_t uiMaxBeaconTxEntry;      /* "maxbeacontxentry" */
+    uint32_t uiMaxBeaconTxConcurrent; /* "maxbeacontxconcurrent" */
+    uint32_t uiMaxProbeRxEntry;       /* "maxproberxentry" */
+    uint32_t uiMaxProbeRespEntry;     /* "maxproberespentry" */
+} VsieInfo;
+
+/* Type 141, and one entry of the beacon list (143). The element bytes are
+ * kept one per 32-bit slot, in transmission order; uiLen counts them and must
+ * stay at or below VSIE_IEDATA_MAX. */
+typedef struct VsieBeaconTxEntry {
+    uint32_t uiIdx;              /* "idx" */
+    char szServiceName[64];      /* "servicename" */
+    uint32_t uiSsidIdx;          /* "ssididx" */
+    uint32_t uiDuration;         /* "duration", in the callers' unit */
+    uint32_t uiLen;              /* "len" */
+    uint32_t auiIeData[VSIE_IEDATA_MAX]; /* "iedata" */
+} VsieBeaconTxEntry;
+
+/* Type 143. */
+typedef struct VsieBeaconTxList {
+    uint32_t uiCount;            /* "count" */
+    VsieBeaconTxEntry astEntry[VSIE_BEACONTX_LIST_MAX]; /* "list" */
+} VsieBeaconTxList;
+
+/* Types 142, 146 and 151: one entry named by its index. */
+typedef struct VsieIndex {
+    uint32_t uiIdx;              /* "idx" */
+} VsieIndex;
+
+/* Type 144: switch one beacon element on or off. */
+typedef struct VsieBeaconTxSwitch {
+    uint32_t uiIdx;              /* "idx" */
+    uint32_t uiEnable;           /* "enable", EnumSwitch word */
+} VsieBeaconTxSwitch;
+
+/* Type 149, and one station record of a probe-receive entry. Element bytes
+ * are packed, one byte each. */
+typedef struct VsieProbeRxRecord {
+    uint32_t uiRecIdx;           /* not carried on the bus */
+    char szMac[18];              /* "mac" */
+    uint32_t uiBand;             /* "band", EnumBand word */
+    uint32_t uiVsieLen;          /* payload bytes (type 149 received: OUI included) */
+    uint8_t aucVsie[VSIE_PAYLOAD_MAX]; /* "vsie" */
+    uint8_t aucOui[3];           /* leading three "vsie" numbers of type 149 */
+} VsieProbeRxRecord;
+
+/* Type 145, and one entry of the probe-receive list (147). Received by type
+ * 148 as well, which fills only szServiceName. */
+typedef struct VsieProbeRxEntry {
+    uint32_t uiIdx;              /* "idx" */
+    char szServiceName[64];      /* "servicename" */
+    uint32_t uiBand;             /* "band", EnumBand word */
+    uint8_t aucOui[3];           /* "oui" */
+    uint32_t uiRecordCount;      /* length of "record" */
+    VsieProbeRxRecord astRecord[VSIE_PROBERX_RECORD_MAX]; /* "record" */
+} VsieProbeRxEntry;
+
+/* Type 147. */
+typedef struct VsieProbeRxList {
+    uint32_t uiCount;
+    VsieProbeRxEntry astEntry[VSIE_PROBERX_LIST_MAX]; /* "list" */
+} VsieProbeRxList;
+
+/* Type 148 as sent: the bare service name at the very start of the record.
+ * As received, the name goes to the szServiceName of a VsieProbeRxEntry,
+ * after its uiIdx. */
+typedef struct VsieProbeRxFlush {
+    char szServiceName[64];      /* "servicename" */
+} VsieProbeRxFlush;
+
+/* Type 150, and one entry of the probe-response list (152). */
+typedef struct VsieProbeRespEntry {
+    uint32_t uiIdx;              /* "idx" */
+    char szMac[18];              /* "mac" */
+    uint32_t uiBand;             /* "band", EnumBand word */
+    uint32_t uiIedataLen;        /* bytes in aucIedata */
+    uint8_t aucIedata[VSIE_IEDATA_MAX]; /* "iedata" */
+} VsieProbeRespEntry;
+
+/* Type 152. */
+typedef struct VsieProbeRespList {
+    uint32_t uiCount;
+    VsieProbeRespEntry astEntry[VSIE_PROBERESP_LIST_MAX]; /* "list" */
+} VsieProbeRespList;
+
+BX_API int STJ_Vsie_Info(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Info(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Beacontx_Add(struct blob_attr *pstMsg, void *pvRecord);
+/* One converter sends the index of types 142, 146 and 151; the other two
+ * names are aliases of it. */
+BX_API int STJ_Vsie_Beacontx_Idx(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Beacontx_Idx(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Beacontx_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Beacontx_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberx_Idx(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberx_Idx(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberesp_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberesp_Idx(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END VSIE ==== */
 
 

@@ -1,0 +1,90 @@
+/* Pieces shared by the vendor-element converters (beacon and probe lists). */
+#ifndef BLOBXLATE_MESSAGES_VSIE_COMMON_H
+#define BLOBXLATE_MESSAGES_VSIE_COMMON_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "core/codec.h"
+
+namespace bx::vsie {
+
+/* Parses one element of a "list" or "record" array the way these daemons
+ * always have: from the element's value over the element's whole payload
+ * length, name header included, so the span reaches that many bytes past
+ * the element into its next sibling. Those bytes can at most hold the
+ * start of the sibling, which the parse then sees and ignores. The span is
+ * cut at the end of the array, so the parse never leaves the message. */
+template <size_t N>
+inline void parse_member(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem,
+                         blob_attr *array)
+{
+    const auto *value = static_cast<const char *>(blobmsg_data(elem));
+    const auto *end = static_cast<const char *>(blobmsg_data(array)) + blobmsg_data_len(array);
+    size_t span = blob_len(elem);
+    size_t room = static_cast<size_t>(end - value);
+    blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), static_cast<unsigned>(span < room ? span : room));
+}
+
+/* The low byte of a number element: element arrays carry one byte each. */
+inline uint8_t low_byte(const blob_attr *elem) { return static_cast<uint8_t>(get_u32(elem)); }
+
+/* The one member of the index messages (types 142, 146 and 151). */
+inline constexpr Field kIndexFields[] = {
+    BX_U32(VsieIndex, uiIdx, "idx", "Idx:%u"),
+};
+
+/* Stores the numbers of an array attribute in dst[0], dst[1], ..., at most
+ * `limit` of them (a byte array keeps each number's low byte), and calls
+ * stored(k, dst[k]) after each. Returns how many were stored. */
+template <typename T, typename Stored>
+inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored stored)
+{
+    size_t k = 0;
+    for_each_elem(array, [&](blob_attr *cur) {
+        if (k >= limit)
+            return false;
+        dst[k] = static_cast<T>(get_u32(cur));
+        stored(k, dst[k]);
+        ++k;
+        return true;
+    });
+    return k;
+}
+
+/* Appends `key` as an array of `count` bytes (or 32-bit byte slots), each an
+ * unnamed INT32. */
+template <typename T>
+inline void add_bytes(blob_buf *buf, const char *key, const T *bytes, size_t count)
+{
+    void *array = blobmsg_open_array(buf, key);
+    for (size_t i = 0; i < count; ++i)
+        blobmsg_add_u32(buf, nullptr, static_cast<uint32_t>(bytes[i]));
+    blob_nest_end(buf, array);
+}
+
+/* Counts that come from a record are trusted up to the array they count:
+ * never read past the record. */
+inline size_t capped(uint32_t count, size_t capacity) { return count < capacity ? count : capacity; }
+
+/* A text array that a full-size copy may have left unterminated, as a
+ * terminated text for a trace or a STRING member. */
+template <size_t N>
+struct Text {
+    char s[N + 1];
+    explicit Text(const char (&field)[N])
+    {
+        std::memcpy(s, field, N);
+        s[N] = 0;
+    }
+};
+
+inline void add_text(blob_buf *buf, const char *key, const auto &field)
+{
+    blobmsg_add_string(buf, key, Text(field).s);
+}
+
+} // namespace bx::vsie
+
+#endif
