@@ -27,6 +27,19 @@ extern "C" {
 
 constinit const MessageTransEntry g_astStructToJson_Func[] = {
     /*   0 */ stj("Ret", MSG_RET, STJ_Ret),
+    /* 116 */ stj("PortNum", MSG_PORT_NUM, STJ_PortNum),
+    /* 117 */ stj("StaList", MSG_PORT_STATUS, STJ_PortStatus),
+    /* 118 */ stj("StaList", MSG_PORT_TRAFFIC, STJ_PortTraffic),
+    /* 119 */ stj("StaList", MSG_PORT_RATE, STJ_PortRate),
+    /* 120 */ stj("PortMAC", MSG_PORT_MAC, STJ_PortMAC),
+    /* 121 */ stj("PortUpDown", MSG_PORT_UP_DOWN, STJ_PortUpDown),
+    /* 122 */ stj("StaList", MSG_STA_LIST, STJ_StaList),
+    /* 123 */ stj("StaInfoByMac", MSG_STA_INFO_BY_MAC, STJ_StaInfoByMac),
+    /* 124 */ stj("StaWifiPwdErr", MSG_STA_WIFI_PWD_ERR, STJ_StaWifiPwdErr),
+    /* 125 */ stj("StaTraffic", MSG_STA_TRAFFIC, STJ_StaTraffic),
+    /* 126 */ stj("StaNum", MSG_STA_NUM, STJ_StaNum),
+    /* 127 */ stj("StaName", MSG_STA_NAME, STJ_StaName),
+    /* 128 */ stj("StaModel", MSG_STA_MODEL, STJ_StaModel),
     /* closing row */ stj(nullptr, bx::kClosingRowId, closing_row_to_json),
 };
 const int32_t g_iStructToJson_FuncNum =
@@ -34,6 +47,19 @@ const int32_t g_iStructToJson_FuncNum =
 
 constinit const MessageTransEntry g_astJsonToStruct_Func[] = {
     /*   0 */ jts("Ret", MSG_RET, JTS_Ret),
+    /*  41 */ jts("PortNum", MSG_PORT_NUM, JTS_PortNum),
+    /*  42 */ jts("PortStatus", MSG_PORT_STATUS, JTS_PortStatus),
+    /*  43 */ jts("PortTraffic", MSG_PORT_TRAFFIC, JTS_PortTraffic),
+    /*  44 */ jts("PortRate", MSG_PORT_RATE, JTS_PortRate),
+    /*  45 */ jts("PortMAC", MSG_PORT_MAC, JTS_PortMAC),
+    /*  46 */ jts("PortUpDown", MSG_PORT_UP_DOWN, JTS_PortUpDown),
+    /*  72 */ jts("StaList", MSG_STA_LIST, JTS_StaList),
+    /*  73 */ jts("StaInfoByMac", MSG_STA_INFO_BY_MAC, JTS_StaInfoByMac),
+    /*  74 */ jts("StaWifiPwdErr", MSG_STA_WIFI_PWD_ERR, JTS_WifiPwdErr),
+    /*  75 */ jts("StaTraffic", MSG_STA_TRAFFIC, JTS_StaTraffic),
+    /*  76 */ jts("StaNum", MSG_STA_NUM, JTS_StaNum),
+    /*  77 */ jts("StaName", MSG_STA_NAME, JTS_StaName),
+    /*  89 */ jts("StaModel", MSG_STA_MODEL, JTS_StaModel),
     /* closing row */ jts(nullptr, bx::kClosingRowId, closing_row_to_struct),
 };
 const int32_t g_iJsonToStruct_FuncNum =
