@@ -6,7 +6,9 @@
 
 #include <cstring>
 
+extern "C" {
 #include <libubox/blobmsg_json.h>
+}
 
 #include "blobxlate.h"
 

@@ -103,7 +103,7 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
         }
         /* A text that fills its whole array has no terminator: send the
          * array's bytes and never read past it. */
-        char bounded[1024];
+        char bounded[4096];
         n = n < sizeof bounded ? n : sizeof bounded - 1;
         std::memcpy(bounded, text, n);
         bounded[n] = 0;
@@ -143,8 +143,15 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
     switch (f.how) {
     case Kind::Text:
         copy_text(reinterpret_cast<char *>(base), f.size - 1u, attr);
-        if (f.trace != nullptr)
-            trace_value(func, __LINE__, f.trace, reinterpret_cast<const char *>(base), 0);
+        if (f.trace != nullptr) {
+            /* The last byte is the caller's: trace only what the array holds. */
+            char shown[4096];
+            size_t n = strnlen(reinterpret_cast<const char *>(base), f.size);
+            n = n < sizeof shown ? n : sizeof shown - 1;
+            std::memcpy(shown, base, n);
+            shown[n] = 0;
+            trace_value(func, __LINE__, f.trace, shown, 0);
+        }
         return;
     case Kind::U32:
     case Kind::S32:
@@ -166,22 +173,67 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
         trace_value(func, __LINE__, f.trace, nullptr, u64);
 }
 
-int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fields, size_t count)
+namespace {
+
+/* Parses an area against the field table's keys and stores what is there. */
+void store_fields(const char *func, void *data, size_t len, void *record, const Field *fields, size_t count)
 {
-    if (msg == nullptr || record == nullptr)
-        return -1;
     if (count > kMaxFields)
         count = kMaxFields;
-    blobmsg_policy policy[kMaxFields];
+    blobmsg_policy policy[kMaxFields] = {};
     blob_attr *tb[kMaxFields];
     for (size_t i = 0; i < count; ++i)
         policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
-    blobmsg_parse(policy, static_cast<int>(count), tb, blob_data(msg), blob_len(msg));
+    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(len));
     for (size_t i = 0; i < count; ++i) {
         if (JTS_CheckBlobAttr(fields[i].key, tb[i]))
             store_field(func, fields[i], tb[i], record);
     }
+}
+
+} // namespace
+
+int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fields, size_t count)
+{
+    if (msg == nullptr || record == nullptr)
+        return -1;
+    store_fields(func, blob_data(msg), blob_len(msg), record, fields, count);
     return 0;
+}
+
+void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
+              const Field *fields, size_t nfields)
+{
+    /* A count above the array's size is the caller's error: send what the
+     * array holds and never read past it. */
+    if (count > capacity)
+        count = static_cast<uint32_t>(capacity);
+    void *array = blobmsg_open_array(buf, key);
+    for (uint32_t i = 0; i < count; ++i) {
+        void *table = blobmsg_open_table(buf, nullptr);
+        stj_fields(static_cast<const uint8_t *>(first) + i * stride, buf, fields, nfields);
+        blob_nest_end(buf, table);
+    }
+    blob_nest_end(buf, array);
+}
+
+uint32_t jts_list(const char *func, blob_attr *list, void *first, size_t stride, size_t capacity,
+                  const Field *fields, size_t nfields)
+{
+    uint32_t filled = 0;
+    for_each_elem(list, [&](blob_attr *elem) {
+        if (filled >= capacity) {
+            trace_value(func, __LINE__, "list full, %u entries kept", nullptr, filled);
+            return false;
+        }
+        if (blobmsg_type(elem) != BLOBMSG_TYPE_TABLE)
+            return true;
+        store_fields(func, blobmsg_data(elem), blobmsg_data_len(elem),
+                     static_cast<uint8_t *>(first) + filled * stride, fields, nfields);
+        ++filled;
+        return true;
+    });
+    return filled;
 }
 
 } // namespace bx

@@ -164,8 +164,92 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
 /* Emits field f of the record. */
 void emit_field(const Field &f, const void *record, blob_buf *buf);
 
+/* ---- Lists of field-table records held in a fixed array ------------------- */
+
+/* Emits `count` entries (never more than the array holds) as a named array
+ * of unnamed tables, each with the entry's fields in table order. */
+void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
+              const Field *fields, size_t nfields);
+template <typename Entry, size_t Cap, size_t N>
+inline void stj_list(blob_buf *buf, const char *key, const Entry (&entries)[Cap], uint32_t count,
+                     const Field (&fields)[N])
+{
+    static_assert(N <= kMaxFields, "field table too long");
+    stj_list(buf, key, entries, sizeof(Entry), count, Cap, fields, N);
+}
+
+/* Fills consecutive entries from the tables of a list attribute (every key
+ * optional, traced as in jts_fields) and returns how many it filled. Stops at
+ * the array's capacity; elements that are not tables are skipped. */
+uint32_t jts_list(const char *func, blob_attr *list, void *first, size_t stride, size_t capacity,
+                  const Field *fields, size_t nfields);
+template <typename Entry, size_t Cap, size_t N>
+inline uint32_t jts_list(const char *func, blob_attr *list, Entry (&entries)[Cap], const Field (&fields)[N])
+{
+    static_assert(N <= kMaxFields, "field table too long");
+    return jts_list(func, list, entries, sizeof(Entry), Cap, fields, N);
+}
+
+/* A counted list: "count" then the entries under `key`. On the way in the
+ * record's count becomes the number of entries filled, whatever "count"
+ * said, so it can never exceed the array. */
+template <typename Rec, typename Entry, size_t Cap, size_t N>
+inline int stj_counted_list(const Rec *rec, blob_buf *buf, const char *key, const Entry (&list)[Cap],
+                            const Field (&fields)[N])
+{
+    blobmsg_add_u32(buf, "count", rec->uiCount);
+    stj_list(buf, key, list, rec->uiCount, fields);
+    return 0;
+}
+
+template <typename Rec, typename Entry, size_t Cap, size_t N>
+inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const char *key, Entry (&list)[Cap],
+                            const Field (&fields)[N])
+{
+    enum { LIST_ENTRIES, LIST_MAX };
+    const blobmsg_policy policy[LIST_MAX] = {
+        /* LIST_ENTRIES */ {key, BLOBMSG_TYPE_ARRAY},
+    };
+    blob_attr *tb[LIST_MAX];
+    parse(policy, tb, msg);
+    if (!present(policy, tb, LIST_ENTRIES))
+        return 0;
+    rec->uiCount = jts_list(func, tb[LIST_ENTRIES], list, fields);
+    BX_TRACE_AS(func, "count:%u\n", rec->uiCount);
+    return 0;
+}
+
+/* Defines a message's two converters from one field table. */
+#define BX_FIELD_CONVERTERS(stj_name, jts_name, table)                              \
+    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)               \
+    {                                                                                \
+        return ::bx::stj_fields(pvRecord, pstBuf, table);                           \
+    }                                                                                \
+    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                    \
+    {                                                                                \
+        return ::bx::jts_fields(__func__, pstMsg, pvRecord, table);                 \
+    }
+
+/* Defines a counted list message's two converters: "count" and `key`
+ * holding the tables of rec->member. */
+#define BX_LIST_CONVERTERS(stj_name, jts_name, Rec, member, key, fields)                  \
+    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                   \
+    {                                                                                    \
+        if (pvRecord == nullptr || pstBuf == nullptr)                                    \
+            return -1;                                                                   \
+        const auto *rec = static_cast<const Rec *>(pvRecord);                            \
+        return ::bx::stj_counted_list(rec, pstBuf, key, rec->member, fields);            \
+    }                                                                                    \
+    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                        \
+    {                                                                                    \
+        if (pstMsg == nullptr || pvRecord == nullptr)                                    \
+            return -1;                                                                   \
+        auto *rec = static_cast<Rec *>(pvRecord);                                        \
+        return ::bx::jts_counted_list(__func__, pstMsg, rec, key, rec->member, fields);  \
+    }
+
 /* The blobmsg type a field travels as. */
-constexpr blobmsg_type wire_type(Kind how)
+constexpr enum blobmsg_type wire_type(Kind how)
 {
     return how == Kind::U64 ? BLOBMSG_TYPE_INT64
          : (how == Kind::U32 || how == Kind::S32) ? BLOBMSG_TYPE_INT32

@@ -2,6 +2,10 @@
 #include <cstdlib>
 
 #include "blobxlate.h"
+
+extern "C" {
+#include <libubox/blobmsg_json.h>
+}
 #include "core/codec.h"
 #include "core/tables.h"
 

@@ -7,7 +7,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+extern "C" {
 #include <libubox/blobmsg_json.h>
+}
 
 namespace bxtest {
 
@@ -99,9 +101,9 @@ std::string typed(blob_attr *table)
 {
     std::string out;
     blob_attr *cur;
-    size_t rem;
+    size_t rem = blob_len(table);
     bool first = true;
-    __blob_for_each_attr(cur, blob_data(table), rem = blob_len(table)) {
+    __blob_for_each_attr(cur, blob_data(table), rem) {
         if (!first)
             out += ' ';
         first = false;

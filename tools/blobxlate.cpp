@@ -12,7 +12,9 @@
 #include <cstring>
 #include <string>
 
+extern "C" {
 #include <libubox/blobmsg_json.h>
+}
 
 #include "blobxlate.h"
 

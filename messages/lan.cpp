@@ -1,0 +1,94 @@
+/* Bridge, repeater, MAC clone, LAN, DHCP server, static leases and lock-net.
+ *
+ * Every key is optional in both directions: an absent key is traced and its
+ * field left as the caller set it. Each message is one field table; lists
+ * are "count" and a named array of tables. */
+#include "core/codec.h"
+
+namespace {
+
+using bx::Field;
+
+constexpr Field kBridgeSwitch[] = {
+    BX_WORD(BridgeSwitchParam, eStatus, EnumSwitch, "status", "status:%d"),
+};
+
+constexpr Field kBridgeStatus[] = {
+    BX_WORD(BridgeStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+    BX_WORD(BridgeStatusParam, eLinkStatus, EnumLinkState, "linkstatus", "linkstatus:%d"),
+    BX_TEXT(BridgeStatusParam, szIp, "ip", "ip:%s"),
+};
+
+constexpr Field kRepeaterSet[] = {
+    BX_WORD(RepeaterSetParam, eRadio, EnumBand, "radio", "radio:%u"),
+    BX_TEXT(RepeaterSetParam, szSsid, "ssid", "ssid:%s"),
+    BX_TEXT(RepeaterSetParam, szBssid, "bssid", "bssid:%s"),
+    BX_WORD(RepeaterSetParam, eSecurity, EnumSecurity, "security", "security:%d"),
+    BX_TEXT(RepeaterSetParam, szPassword, "password", "password:%s"),
+};
+
+constexpr Field kRepeaterStaInfo[] = {
+    BX_WORD(RepeaterStaInfoParam, eRadio, EnumBand, "radio", "radio:%u"),
+    BX_TEXT(RepeaterStaInfoParam, szSsid, "ssid", "ssid:%s"),
+    BX_TEXT(RepeaterStaInfoParam, szBssid, "bssid", "bssid:%s"),
+    BX_S32(RepeaterStaInfoParam, iRssi, "rssi", "rssi:%d"),
+    BX_WORD(RepeaterStaInfoParam, eConnected, EnumConnected, "status", "status:%d"),
+};
+
+constexpr Field kRepeaterAp[] = {
+    BX_TEXT(RepeaterApEntry, szSsid, "ssid", "ssid:%s"),
+    BX_TEXT(RepeaterApEntry, szBssid, "bssid", "bssid:%s"),
+    BX_U32(RepeaterApEntry, uiChannel, "channel", "channel:%u"),
+    BX_S32(RepeaterApEntry, iRssi, "rssi", "rssi:%d"),
+    BX_WORD(RepeaterApEntry, eSecurity, EnumSecurity, "security", "security:%d"),
+};
+
+constexpr Field kMacClone[] = {
+    BX_WORD(MacCloneParam, eStatus, EnumSwitch, "status", "status:%d"),
+    BX_TEXT(MacCloneParam, szMac, "mac", "mac:%s"),
+};
+
+constexpr Field kLan[] = {
+    BX_TEXT(LanParam, szIp, "ip", "ip:%s"),
+    BX_TEXT(LanParam, szMask, "mask", "mask:%s"),
+};
+
+constexpr Field kDhcpServer[] = {
+    BX_WORD(DhcpServerParam, eStatus, EnumSwitch, "status", "status:%d"),
+    BX_TEXT(DhcpServerParam, szStartIp, "startip", "startip:%s"),
+    BX_TEXT(DhcpServerParam, szEndIp, "endip", "endip:%s"),
+    BX_U32(DhcpServerParam, uiLeaseTime, "leasetime", "leasetime:%u"),
+};
+
+constexpr Field kLanStatic[] = {
+    BX_WORD(LanStaticParam, eAction, EnumListAction, "action", "action:%d"),
+    BX_TEXT(LanStaticParam, szMac, "mac", "mac:%s"),
+    BX_TEXT(LanStaticParam, szIp, "ip", "ip:%s"),
+    BX_TEXT(LanStaticParam, szHostName, "hostname", "hostname:%s"),
+};
+
+constexpr Field kLanStaticEntry[] = {
+    BX_TEXT(LanStaticEntry, szMac, "mac", "mac:%s"),
+    BX_TEXT(LanStaticEntry, szIp, "ip", "ip:%s"),
+    BX_TEXT(LanStaticEntry, szHostName, "hostname", "hostname:%s"),
+};
+
+} // namespace
+
+extern "C" {
+
+BX_FIELD_CONVERTERS(STJ_BridgeSwitch, JTS_BridgeSet, kBridgeSwitch)
+BX_FIELD_CONVERTERS(STJ_BridgeStatus, JTS_BridgeGet, kBridgeStatus)
+BX_FIELD_CONVERTERS(STJ_Repeater_SetInfo, JTS_RepeaterSet, kRepeaterSet)
+BX_FIELD_CONVERTERS(STJ_Repeater_StaInfo, JTS_RepeaterGet, kRepeaterStaInfo)
+/* One pair serves the WAN MAC clone (33) and the LAN MAC clone (35). */
+BX_FIELD_CONVERTERS(STJ_CloneMac, JTS_MacClone, kMacClone)
+BX_FIELD_CONVERTERS(STJ_Lan, JTS_Lan, kLan)
+BX_FIELD_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
+BX_FIELD_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
+BX_FIELD_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
+
+BX_LIST_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, RepeaterListParam, astList, "list", kRepeaterAp)
+BX_LIST_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, LanStaticListParam, astList, "list", kLanStaticEntry)
+
+} // extern "C"

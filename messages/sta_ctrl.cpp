@@ -1,0 +1,66 @@
+/* Station access control: the switch, the black/white mode, the lists, and
+ * per-station Internet and Wi-Fi permission and Internet hours.
+ *
+ * Every key is optional in both directions: an absent key is traced and its
+ * field left as the caller set it. */
+#include "core/codec.h"
+
+namespace {
+
+using bx::Field;
+
+constexpr Field kStatus[] = {
+    BX_WORD(StaCtrlStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+};
+
+constexpr Field kMode[] = {
+    BX_WORD(StaCtrlModeParam, eMode, EnumListMode, "mode", "mode:%d"),
+};
+
+constexpr Field kModeSwitch[] = {
+    BX_WORD(StaCtrlModeSwitchParam, eMode, EnumListMode, "mode", "mode:%d"),
+    BX_WORD(StaCtrlModeSwitchParam, eStatus, EnumSwitch, "status", "status:%d"),
+};
+
+constexpr Field kEntry[] = {
+    BX_TEXT(StaCtrlEntry, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaCtrlEntry, szName, "name", "name:%s"),
+    BX_WORD(StaCtrlEntry, eMode, EnumListMode, "mode", "mode:%d"),
+};
+
+constexpr Field kAllow[] = {
+    BX_TEXT(StaCtrlAllowParam, szMac, "mac", "mac:%s"),
+    BX_WORD(StaCtrlAllowParam, bAllow, EnumBoolean, "allow", "allow:%d"),
+};
+
+constexpr Field kItem[] = {
+    BX_WORD(StaCtrlItemParam, eAction, EnumListAction, "action", "action:%d"),
+    BX_WORD(StaCtrlItemParam, eMode, EnumListMode, "mode", "mode:%d"),
+    BX_TEXT(StaCtrlItemParam, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaCtrlItemParam, szName, "name", "name:%s"),
+};
+
+constexpr Field kInternetTime[] = {
+    BX_TEXT(StaCtrlInternetTimeParam, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaCtrlInternetTimeParam, szStartTime, "starttime", "starttime:%s"),
+    BX_TEXT(StaCtrlInternetTimeParam, szEndTime, "endtime", "endtime:%s"),
+    BX_U32(StaCtrlInternetTimeParam, uiWeekMask, "week", "week:%u"),
+};
+
+} // namespace
+
+extern "C" {
+
+BX_FIELD_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
+BX_FIELD_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
+BX_FIELD_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
+BX_LIST_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, StaCtrlListParam, astList, "list", kEntry)
+/* Asks for the list of one mode: the mode record again. */
+BX_FIELD_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
+BX_FIELD_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
+BX_FIELD_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
+BX_LIST_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, StaCtrlWifiListParam, astList, "list", kAllow)
+BX_FIELD_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
+BX_FIELD_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
+
+} // extern "C"

@@ -1,0 +1,237 @@
+/*
+ * blobmsg: named, typed attributes on top of blob.
+ *
+ * A blobmsg attribute is an extended blob attribute whose payload starts
+ * with a name header (big-endian 16-bit name length, the name, a NUL, zero
+ * padding to a multiple of 4) followed by the value. The attribute id is the
+ * value's type.
+ *
+ * No extern "C" guard on purpose; see blob.h.
+ */
+#ifndef LIBUBOX_BLOBMSG_H
+#define LIBUBOX_BLOBMSG_H
+
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <string.h>
+
+#include "blob.h"
+
+#define BLOBMSG_ALIGN 2
+#define BLOBMSG_PADDING(len) (((len) + (1 << BLOBMSG_ALIGN) - 1) & ~((1 << BLOBMSG_ALIGN) - 1))
+
+enum blobmsg_type {
+	BLOBMSG_TYPE_UNSPEC,
+	BLOBMSG_TYPE_ARRAY,
+	BLOBMSG_TYPE_TABLE,
+	BLOBMSG_TYPE_STRING,
+	BLOBMSG_TYPE_INT64,
+	BLOBMSG_TYPE_INT32,
+	BLOBMSG_TYPE_INT16,
+	BLOBMSG_TYPE_INT8,
+	BLOBMSG_TYPE_DOUBLE,
+	__BLOBMSG_TYPE_LAST,
+	BLOBMSG_TYPE_LAST = __BLOBMSG_TYPE_LAST - 1,
+	BLOBMSG_TYPE_BOOL = BLOBMSG_TYPE_INT8,
+	/* Policy-only: accepts any of the integer types. */
+	BLOBMSG_CAST_INT64 = __BLOBMSG_TYPE_LAST,
+};
+
+struct blobmsg_hdr {
+	uint16_t namelen;
+	uint8_t name[];
+} __attribute__((packed));
+
+struct blobmsg_policy {
+	const char *name;
+	enum blobmsg_type type;
+};
+
+static inline int blobmsg_hdrlen(unsigned int namelen)
+{
+	return (int) BLOBMSG_PADDING(sizeof(struct blobmsg_hdr) + namelen + 1);
+}
+
+static inline uint16_t blobmsg_namelen(const struct blobmsg_hdr *hdr)
+{
+	return blob_load_be16(hdr);
+}
+
+/* Name of a member; a non-extended attribute has none. */
+static inline const char *blobmsg_name(const struct blob_attr *attr)
+{
+	const struct blobmsg_hdr *hdr;
+
+	if (!blob_is_extended(attr))
+		return "";
+	hdr = (const struct blobmsg_hdr *) blob_data(attr);
+	return (const char *) hdr->name;
+}
+
+static inline int blobmsg_type(const struct blob_attr *attr)
+{
+	return (int) blob_id(attr);
+}
+
+static inline void *blobmsg_data(const struct blob_attr *attr)
+{
+	char *data;
+
+	if (!attr)
+		return NULL;
+	data = (char *) blob_data(attr);
+	if (blob_is_extended(attr))
+		data += blobmsg_hdrlen(blobmsg_namelen((const struct blobmsg_hdr *) data));
+	return data;
+}
+
+static inline size_t blobmsg_data_len(const struct blob_attr *attr)
+{
+	if (!attr)
+		return 0;
+	return blob_len(attr) - (size_t) ((char *) blobmsg_data(attr) - (char *) blob_data(attr));
+}
+
+static inline size_t blobmsg_len(const struct blob_attr *attr)
+{
+	return blobmsg_data_len(attr);
+}
+
+/* Value getters: no type or length check; validate the attribute first. */
+static inline uint8_t blobmsg_get_u8(struct blob_attr *attr)
+{
+	return *(const uint8_t *) blobmsg_data(attr);
+}
+
+static inline bool blobmsg_get_bool(struct blob_attr *attr)
+{
+	return blobmsg_get_u8(attr) != 0;
+}
+
+static inline uint16_t blobmsg_get_u16(struct blob_attr *attr)
+{
+	return blob_load_be16(blobmsg_data(attr));
+}
+
+static inline uint32_t blobmsg_get_u32(struct blob_attr *attr)
+{
+	return blob_load_be32(blobmsg_data(attr));
+}
+
+static inline uint64_t blobmsg_get_u64(struct blob_attr *attr)
+{
+	return blob_load_be64(blobmsg_data(attr));
+}
+
+static inline double blobmsg_get_double(struct blob_attr *attr)
+{
+	uint64_t bits = blob_load_be64(blobmsg_data(attr));
+	double v;
+
+	memcpy(&v, &bits, sizeof(v));
+	return v;
+}
+
+static inline char *blobmsg_get_string(struct blob_attr *attr)
+{
+	if (!attr)
+		return NULL;
+	return (char *) blobmsg_data(attr);
+}
+
+bool blobmsg_check_attr(const struct blob_attr *attr, bool name);
+bool blobmsg_check_attr_len(const struct blob_attr *attr, bool name, size_t len);
+int blobmsg_check_array(const struct blob_attr *attr, int type);
+int blobmsg_check_array_len(const struct blob_attr *attr, int type, size_t len);
+
+int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
+		  struct blob_attr **tb, void *data, unsigned int len);
+int blobmsg_parse_array(const struct blobmsg_policy *policy, int policy_len,
+			struct blob_attr **tb, void *data, unsigned int len);
+
+int blobmsg_add_field(struct blob_buf *buf, int type, const char *name,
+		      const void *data, unsigned int len);
+
+void *blobmsg_open_nested(struct blob_buf *buf, const char *name, bool array);
+
+static inline int blobmsg_buf_init(struct blob_buf *buf)
+{
+	return blob_buf_init(buf, BLOBMSG_TYPE_TABLE);
+}
+
+static inline void *blobmsg_open_array(struct blob_buf *buf, const char *name)
+{
+	return blobmsg_open_nested(buf, name, true);
+}
+
+static inline void *blobmsg_open_table(struct blob_buf *buf, const char *name)
+{
+	return blobmsg_open_nested(buf, name, false);
+}
+
+static inline void blobmsg_close_array(struct blob_buf *buf, void *cookie)
+{
+	blob_nest_end(buf, cookie);
+}
+
+static inline void blobmsg_close_table(struct blob_buf *buf, void *cookie)
+{
+	blob_nest_end(buf, cookie);
+}
+
+static inline int blobmsg_add_string(struct blob_buf *buf, const char *name, const char *string)
+{
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, name, string,
+				 (unsigned int) strlen(string) + 1);
+}
+
+static inline int blobmsg_add_u8(struct blob_buf *buf, const char *name, uint8_t val)
+{
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_INT8, name, &val, 1);
+}
+
+static inline int blobmsg_add_u16(struct blob_buf *buf, const char *name, uint16_t val)
+{
+	uint8_t be[2];
+
+	blob_store_be16(be, val);
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_INT16, name, be, sizeof(be));
+}
+
+static inline int blobmsg_add_u32(struct blob_buf *buf, const char *name, uint32_t val)
+{
+	uint8_t be[4];
+
+	blob_store_be32(be, val);
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_INT32, name, be, sizeof(be));
+}
+
+static inline int blobmsg_add_u64(struct blob_buf *buf, const char *name, uint64_t val)
+{
+	uint8_t be[8];
+
+	blob_store_be64(be, val);
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_INT64, name, be, sizeof(be));
+}
+
+static inline int blobmsg_add_double(struct blob_buf *buf, const char *name, double val)
+{
+	uint64_t bits;
+	uint8_t be[8];
+
+	memcpy(&bits, &val, sizeof(bits));
+	blob_store_be64(be, bits);
+	return blobmsg_add_field(buf, BLOBMSG_TYPE_DOUBLE, name, be, sizeof(be));
+}
+
+/* Walks the members of an ARRAY or TABLE attribute (null attr: nothing). */
+#define blobmsg_for_each_attr(pos, attr, rem)                                  \
+	for (rem = (attr) ? blobmsg_data_len(attr) : 0,                        \
+	     pos = (struct blob_attr *) ((attr) ? blobmsg_data(attr) : NULL);  \
+	     (rem) >= (int) sizeof(struct blob_attr) &&                        \
+	     blob_pad_len(pos) >= sizeof(struct blob_attr) &&                  \
+	     blob_pad_len(pos) <= (size_t) (rem);                              \
+	     rem -= blob_pad_len(pos), pos = blob_next(pos))
+
+#endif
