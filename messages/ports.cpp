@@ -4,8 +4,6 @@
  *
  * Every key is optional on the way in and no value is refused: out-of-range
  * numbers and unknown words are stored as they come. */
-#include <cstring>
-
 #include "blobxlate.h"
 #include "core/codec.h"
 
@@ -163,15 +161,7 @@ BX_API int JTS_PortNum(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- One port's link state (46) ----------------------------------------- */
 
-BX_API int STJ_PortStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortStatus);
-}
-
-BX_API int JTS_PortStatus(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPortStatus);
-}
+BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 /* ---- One port's traffic counters (47) ----------------------------------- */
 
@@ -200,38 +190,14 @@ BX_API int JTS_PortTraffic(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- One port's rates (48) ---------------------------------------------- */
 
-BX_API int STJ_PortRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortRate);
-}
-
-BX_API int JTS_PortRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPortRate);
-}
+BX_FIELD_CONVERTERS(STJ_PortRate, JTS_PortRate, kPortRate)
 
 /* ---- One port's MAC address (49) ---------------------------------------- */
 
-BX_API int STJ_PortMAC(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortMac);
-}
-
-BX_API int JTS_PortMAC(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPortMac);
-}
+BX_FIELD_CONVERTERS(STJ_PortMAC, JTS_PortMAC, kPortMac)
 
 /* ---- One port's up/down switch and address (50) ------------------------- */
 
-BX_API int STJ_PortUpDown(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortUpDown);
-}
-
-BX_API int JTS_PortUpDown(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPortUpDown);
-}
+BX_FIELD_CONVERTERS(STJ_PortUpDown, JTS_PortUpDown, kPortUpDown)
 
 } // extern "C"

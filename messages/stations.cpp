@@ -4,8 +4,6 @@
  * model (94).
  *
  * Every key is optional on the way in and no value is refused. */
-#include <cstring>
-
 #include "blobxlate.h"
 #include "core/codec.h"
 
@@ -241,51 +239,19 @@ BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */
 
-BX_API int STJ_StaWifiPwdErr(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaMac);
-}
-
-BX_API int JTS_WifiPwdErr(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaMac);
-}
+BX_FIELD_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
 
 /* ---- Per-station traffic (91) --------------------------------------------------- */
 
-BX_API int STJ_StaTraffic(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaTraffic);
-}
-
-BX_API int JTS_StaTraffic(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaTraffic);
-}
+BX_FIELD_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
 
 /* ---- Station counts (92) --------------------------------------------------------- */
 
-BX_API int STJ_StaNum(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaNum);
-}
-
-BX_API int JTS_StaNum(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaNum);
-}
+BX_FIELD_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
 
 /* ---- Display name (93) ------------------------------------------------------------ */
 
-BX_API int STJ_StaName(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaName);
-}
-
-BX_API int JTS_StaName(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaName);
-}
+BX_FIELD_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
 
 /* ---- Brand and model (94) ------------------------------------------------------- */
 
