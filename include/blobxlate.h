@@ -310,15 +310,388 @@ BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Device and firmware information (types 1 to 11) ==== BEGIN DEVICE_INFO */
 
+/* Hardware description (type 1). The two rate lists are short on purpose:
+ * receivers store up to four LAN rates and two WAN rates, and the extra ones
+ * land in the fields that follow (uiWanPortsMax, the head of szSysType);
+ * daemons rely on that layout, so keep the field order as it is. */
+typedef struct HwInfoParam {
+    char szVendor[16];
+    char szModel[32];
+    char szVersion[32];
+    char szDescriptionUrl[64];
+    char szCpuModel[32];
+    uint32_t uiFlashSize;
+    uint32_t uiRamSize;
+    uint32_t uiLanPortsMax;
+    uint32_t auiLanMaxRate[3];
+    uint32_t uiWanPortsMax;
+    uint32_t auiWanMaxRate[1];
+    char szSysType[16];
+    char szSysVersion[32];
+    char szDescription[32];
+    uint32_t uiCpuCores;
+    char szCpuSupplier[16];
+    uint32_t uiCpuMainFrequency;
+    char szMemoryProvider[16];
+    uint32_t ui24gMode;
+    uint32_t ui24gMaxBw;
+    uint32_t ui5gMode;
+    uint32_t ui5gMaxBw;
+    uint32_t ui24gMaxRate;
+    uint32_t ui5gMaxRate;
+} HwInfoParam;
+
+/* Firmware versions and compile time (type 2). uiReserved travels in
+ * neither direction. szRealVersion is sized like the other version texts
+ * (32). */
+typedef struct FwInfoParam {
+    char szFwVersion[32];
+    char szBootVersion[32];
+    char szNewFwVersion[32];
+    uint32_t uiYear;
+    uint32_t uiMon;
+    uint32_t uiDay;
+    uint32_t uiHour;
+    uint32_t uiMin;
+    uint32_t uiSec;
+    uint32_t uiWeek;
+    uint32_t uiReserved;
+    char szRealVersion[32];
+} FwInfoParam;
+
+/* Manufacturing data (type 3). */
+typedef struct ManuInfoParam {
+    char szMac[32];
+    char szSn[32];
+    char szProductName[32];
+} ManuInfoParam;
+
+/* Management address (type 4). */
+typedef struct ManageInfoParam {
+    char szIp[16];
+    char szDomainName[64];
+    char szCurIp[16];
+} ManageInfoParam;
+
+/* Supported functions (type 5): EnumSwitch numbers, "enable"/"disable" on
+ * the bus. The field names follow the receivers' trace texts. */
+typedef struct FuncSupportParam {
+    uint32_t eSupportWifi;
+    uint32_t eSupportDualBand;
+    uint32_t eSupportUsb;
+    uint32_t eSupportVpn;
+    uint32_t eSupportIPv6;
+    uint32_t eSupportPrivMesh;
+    uint32_t eSupportPortBlind;
+    uint32_t eSupportEasyMesh;
+} FuncSupportParam;
+
+/* Processor load and temperature (type 6). */
+typedef struct CpuRateParam {
+    uint32_t uiCpuRate;
+    uint32_t uiCpuTemperature;
+} CpuRateParam;
+
+/* Memory load (type 7). */
+typedef struct MemRateParam {
+    uint32_t uiRamRate;
+} MemRateParam;
+
+/* Flash size and load (type 8). */
+typedef struct FlashRateParam {
+    uint32_t uiRwFlashSize;
+    uint32_t uiFlashUsageRate;
+} FlashRateParam;
+
+/* Run time, clock and login history (type 9). eGetType is an
+ * EnumUpgradeMode number ("manual"/"online"). */
+typedef struct RunTimeInfoParam {
+    uint32_t uiLoginTimes;
+    char szLoginLastTime[32];
+    char szApLastOnlineTime[32];
+    uint32_t uiOnlineTime;
+    uint32_t uiYear;
+    uint32_t uiMonth;
+    uint32_t uiDate;
+    uint32_t uiHour;
+    uint32_t uiMinute;
+    uint32_t uiSecond;
+    uint32_t uiWeek;
+    uint32_t eGetType;
+} RunTimeInfoParam;
+
+/* Open TCP or UDP ports (types 10 and 11); a zero entry ends the list. */
+#define OPEN_PORT_MAX 32
+typedef struct OpenPortParam {
+    uint32_t auiPorts[OPEN_PORT_MAX];
+} OpenPortParam;
+
+BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FwInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FwInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ManuInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ManageInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FuncSupport(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FuncSupport(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CpuRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_MemRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FlashRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RunTimeInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_TcpOpenPort(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_UdpOpenPort(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_UdpOpenPort(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END DEVICE_INFO ==== */
 
 
 /* ==== Device control and status (types 12, 15 to 21) ==== BEGIN DEVICE_CONTROL */
 
+/* Reboot order (type 12): eRebootType is an EnumTiming number
+ * ("now"/"delay"). */
+typedef struct RebootParam {
+    uint32_t eRebootType;
+} RebootParam;
+
+/* Firmware upgrade order (type 15). */
+typedef struct UpgradeParam {
+    char szDownUrl[256];
+    char szVersionUrl[128];
+    uint32_t uiFileSize;
+    char szChkSum[64];
+    uint32_t eRebootType;   /* EnumTiming */
+} UpgradeParam;
+
+/* Login password (type 16). */
+typedef struct LoginPasswordParam {
+    char szPassword[256];
+} LoginPasswordParam;
+
+/* One on/off switch, EnumSwitch (types 17 firewall, 18 LED, 21 dual-band
+ * synchronisation). */
+typedef struct SwitchStatusParam {
+    uint32_t eStatus;
+} SwitchStatusParam;
+
+/* Upgrade progress (type 19), EnumUpgradeState; sent only. */
+typedef struct UpgradeStatusParam {
+    uint32_t eUpgradeStatus;
+} UpgradeStatusParam;
+
+/* LED switch and colour (type 20): eStatus EnumSwitch, eColour
+ * EnumLedColour. */
+typedef struct LedColourParam {
+    uint32_t eStatus;
+    uint32_t eColour;
+} LedColourParam;
+
+BX_API int STJ_Reboot(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Reboot(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Upgrade(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_LoginPassWord(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FireWall(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Led(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_UpgradeStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int STJ_LedColour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_DualbandSync(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END DEVICE_CONTROL ==== */
 
 
 /* ==== Carrier and service messages (types 129, 130, 153 to 172) ==== BEGIN CARRIER */
+
+/* Station storage permission (type 129): eAllow is an EnumBoolean number. */
+typedef struct StaStorageInfoParam {
+    char szMac[32];
+    uint32_t eAllow;
+} StaStorageInfoParam;
+
+/* Carrier and province selection (type 130): eOperate EnumCarrier,
+ * eDistrict EnumProvince. */
+typedef struct CustomInfoParam {
+    uint32_t eOperate;
+    uint32_t eDistrict;
+} CustomInfoParam;
+
+/* CTCC basic device data (type 153): eElinkLink is an EnumSwitch number. */
+typedef struct CTCCBasicInfoParam {
+    char szCtei[16];
+    char szElinkSn[35];
+    char szIfVersion[16];
+    uint32_t eElinkLink;
+} CTCCBasicInfoParam;
+
+/* CTCC platform servers (type 154). uiValidMask has one bit per member that
+ * holds a value: CTCC_SERVER_* below. The texts may fill their whole array
+ * (65 characters, no terminator). */
+#define CTCC_SERVER_BACKUP_MAX 16
+#define CTCC_SERVER_TEXT_SIZE 65
+enum {
+    CTCC_SERVER_BSSADDR  = 1,
+    CTCC_SERVER_ABIADDR  = 2,
+    CTCC_SERVER_DEVTOKEN = 4,
+    CTCC_SERVER_DEVID    = 8,
+    CTCC_SERVER_BACKUP   = 16,
+};
+typedef struct CTCCServerInfoParam {
+    char szBssAddr[CTCC_SERVER_TEXT_SIZE];
+    char szAbiAddr[CTCC_SERVER_TEXT_SIZE];
+    char szDevToken[CTCC_SERVER_TEXT_SIZE];
+    char szDevId[CTCC_SERVER_TEXT_SIZE];
+    char aszBackup[CTCC_SERVER_BACKUP_MAX][CTCC_SERVER_TEXT_SIZE];
+    uint32_t uiValidMask;
+} CTCCServerInfoParam;
+
+/* CTCC e-link state (type 155), EnumSwitch. */
+typedef struct CTCCElinkStatusParam {
+    uint32_t eStatus;
+} CTCCElinkStatusParam;
+
+/* CMCC basic device data (type 156). */
+typedef struct CMCCBasicInfoParam {
+    char szDeviceType[32];
+    char szProductToken[32];
+    char szDeviceVendor[8];
+    char szDeviceModel[8];
+    char szDeviceSn[32];
+    char szCmei[16];
+    char szDeviceKey[256];
+    char szProvCode[8];
+    char szDmAppKey[16];
+    char szDmPwd[64];
+} CMCCBasicInfoParam;
+
+/* A login service switch with its account (types 157 Telnet, 158 Samba,
+ * 159 FTP): eSwitch is an EnumSwitch number. */
+typedef struct ServiceAccessParam {
+    uint32_t eSwitch;
+    char szUser[16];
+    char szPwd[16];
+} ServiceAccessParam;
+
+/* Router display name (type 160). */
+typedef struct RouterNameParam {
+    char szRouterName[32];
+} RouterNameParam;
+
+/* Kernel counter (type 161). */
+typedef struct KernelCountParam {
+    uint32_t uiCount;
+} KernelCountParam;
+
+/* CTCC router PIN (type 162). */
+typedef struct CTCCRouterPinParam {
+    char szPin[16];
+} CTCCRouterPinParam;
+
+/* Factory mode flag (type 163), EnumSwitch. */
+typedef struct FactoryFlagParam {
+    uint32_t eStatus;
+} FactoryFlagParam;
+
+/* CMCC configuration file to synchronise (type 164). */
+typedef struct CMCCCfgFileSyncParam {
+    char szCfgFile[32];
+} CMCCCfgFileSyncParam;
+
+/* Time synchronisation (type 165). */
+typedef struct SyncTimeParam {
+    uint32_t uiTime;
+} SyncTimeParam;
+
+/* Number of TCP/UDP connections of one WAN (type 166). */
+typedef struct WanTcpUdpConNumParam {
+    uint32_t uiWanIndex;
+    uint32_t uiNumber;
+} WanTcpUdpConNumParam;
+
+/* Factory random password (type 168): exactly 8 characters. */
+typedef struct CustomFactoryInfoParam {
+    char szRandPassword[16];
+} CustomFactoryInfoParam;
+
+/* A mesh agent's uplink (type 169): eType is an EnumUplinkMedium number. */
+typedef struct AgentUplinkInfoParam {
+    uint32_t eType;
+    char szSsid[32];
+    int32_t iRssi;
+    int32_t iNoise;
+    uint32_t uiUpRate;
+    uint32_t uiDownRate;
+} AgentUplinkInfoParam;
+
+/* Result of an upgrade (type 170): uiStatus 1 success, 0 failure. */
+typedef struct UpgradeReportParam {
+    uint32_t uiStatus;
+    uint32_t uiErrCode;
+} UpgradeReportParam;
+
+/* A file to copy (type 171). */
+typedef struct FileSyncParam {
+    char szSrcFile[64];
+    char szDestFile[64];
+} FileSyncParam;
+
+/* Quick-join switch (type 172), EnumSwitch. */
+typedef struct QuickjoinParam {
+    uint32_t eStatus;
+} QuickjoinParam;
+
+BX_API int STJ_StaStorageInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaStorageInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CustomInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCElinkStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCElinkInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CMCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Telnet(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Samba(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ftp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RouterName(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_KernelCount(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CTCCRouterPin(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_FactoryFlag(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CMCCCfgFileSync(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_SyncTime(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WanTcpUdpConNum_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_CustomFactoryInfo(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Agent_Uplink_Info_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Agent_Uplink_Info_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Upgrade_report(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_File_Save(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Quickjoin(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END CARRIER ==== */
 
@@ -915,7 +1288,7 @@ BX_API int JTS_StaCtrlInternetTime(struct blob_attr *pstMsg, void *pvRecord);
 /* ==== END STA_CTRL ==== */
 
 
-/* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 81) ==== BEGIN RADIO_AP */
+/* ==== Radios and access points (types 52, 53, 63, 67, 68, 70 to 76) ==== BEGIN RADIO_AP */
 
 /* Wi-Fi records begin with the radio, eRadio, which travels as an EnumBand
  * word under "radio" ("2.4G"=0, "5G"=1); an access point is then named by its
@@ -948,12 +1321,9 @@ typedef struct WifiSwitchRec {
 
 /* One radio (type 53). The neighbour scan and channel scan requests carry
  * the same record; whichever section comes first defines it. */
-#ifndef BX_HAVE_WIFI_RADIO_REC
-#define BX_HAVE_WIFI_RADIO_REC
 typedef struct WifiRadioRec {
-    uint32_t eRadio;
+    uint32_t eRadio;            /* "radio", band word */
 } WifiRadioRec;
-#endif
 
 /* Selection of a radio and one of its access points (type 63): "radio", "ap". */
 typedef struct WifiSelectRec {
@@ -1159,25 +1529,397 @@ BX_API int JTS_WifiTopoChange(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Roaming (types 113 to 120) ==== BEGIN ROAMING */
 
+/* Layer-2 roaming settings (type 113). */
+typedef struct L2RoamingRec {
+    uint32_t uiStatus;      /* "status", switch word */
+    int32_t iLowRssi2p4g;   /* "lowrssi2p4g", weak-signal threshold on 2.4 GHz */
+    int32_t iLowRssi5g;     /* "lowrssi5g" */
+} L2RoamingRec;
+
+/* Bits of RoamingRec.uiRoamFlag: which settings the message carries. */
+#define BX_ROAM_ENABLE           0x01u
+#define BX_ROAM_THRESHOLD_RSSI   0x02u
+#define BX_ROAM_REPORT_INTERVAL  0x04u
+#define BX_ROAM_START_TIME       0x08u
+#define BX_ROAM_START_RSSI       0x10u
+#define BX_ROAM_LOW_RSSI_PERIOD  0x20u
+#define BX_ROAM_THRESHOLD_RSSI5G 0x40u
+
+/* Assisted roaming settings (type 114). */
+typedef struct RoamingRec {
+    uint32_t uiEnable;          /* "enable", a number */
+    int32_t iThresholdRssi;     /* "thresholdrssi" */
+    uint32_t uiReportInterval;  /* "reportinterval" */
+    uint32_t uiStartTime;       /* "starttime" */
+    int32_t iStartRssi;         /* "startrssi" */
+    uint32_t uiLowRssiPeriod;   /* "lowrssiperiod" */
+    int32_t iThresholdRssi5g;   /* "thresholdrssi5g" */
+    uint32_t uiRoamFlag;        /* BX_ROAM_* presence mask, never on the bus */
+} RoamingRec;
+
+/* Access points per signal-strength query or answer (types 115, 116). */
+#define BX_ROAMING_AP_MAX 32
+
+/* The query, answer and BSS transition messages write MACs as 12 bare
+ * hexadecimal digits; only 12 characters are kept on the way in. */
+typedef struct RoamingApInfoRec {
+    char szBssid[16];           /* "bssid", 12 characters kept */
+    uint32_t uiChannel;         /* "channel" */
+} RoamingApInfoRec;
+
+/* Which access points should measure a station (type 115). */
+typedef struct RoamingApQueryRec {
+    uint32_t uiCount;           /* "count" */
+    char szMac[16];             /* "mac", the station, 12 characters kept */
+    RoamingApInfoRec astApInfo[BX_ROAMING_AP_MAX];  /* "apinfo" */
+} RoamingApQueryRec;
+
+typedef struct RoamingApRssiRec {
+    char szBssid[16];           /* "bssid", 12 characters kept */
+    int32_t iRssi;              /* "rssi" */
+} RoamingApRssiRec;
+
+/* What the access points heard (type 116). */
+typedef struct RoamingApRspRec {
+    uint32_t uiCount;           /* "count" */
+    RoamingApRssiRec astApRssi[BX_ROAMING_AP_MAX];  /* "aprssi" */
+} RoamingApRspRec;
+
+/* Steer a station to another access point (type 117). */
+typedef struct RoamingBssTransRec {
+    char szSta[13];             /* "sta" */
+    char szBssid[13];           /* "bssid" */
+    uint32_t uiChannel;         /* "channel" */
+} RoamingBssTransRec;
+
+/* A station's roaming report (type 118); MACs in the 17-character colon form. */
+typedef struct RoamingReportRec {
+    char szMac[18];             /* "mac" */
+    uint32_t eRadio;            /* "radio", band word */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t uiConnectTime;     /* "connecttime" */
+    uint32_t uiRxRate;          /* "rxRate" */
+    uint32_t uiTxRate;          /* "txRate" */
+    uint32_t uiChannel;         /* "channel" */
+    char szBssid[18];           /* "bssid" */
+    uint16_t usSupport11k;      /* "support11k", "true"/"false" */
+    uint16_t usSupport11v;      /* "support11v", "true"/"false" */
+} RoamingReportRec;
+
+/* Stop watching a station (type 119, received only). */
+typedef struct RoamingStopDetectRec {
+    char szMac[18];             /* "mac" */
+    uint32_t uiStopDetectTime;  /* "stopdetecttime" */
+} RoamingStopDetectRec;
+
+/* A station's weak-signal report (type 120). */
+typedef struct RoamingStaRssiRec {
+    char szMac[18];             /* "mac", taken whole: all 18 bytes may be text */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t eRadio;            /* "radio", band word */
+} RoamingStaRssiRec;
+
+BX_API int STJ_L2_Roaming(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_L2_Roaming(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_BssTrans(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_BssTrans(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int JTS_Roaming_StopDetect(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Roaming_StaRssi(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END ROAMING ==== */
 
 
-/* ==== Neighbour scan, WPS and channel scoring ==== BEGIN NEIGHBOUR */
+/* ==== Neighbour scan, WPS and channel scoring (types 77 to 81) ==== BEGIN NEIGHBOUR */
+
+/* The scan and channel-scan orders (77, 80) carry the radio alone:
+ * WifiRadioRec, declared with the radios (type 53 uses it too). */
+
+/* Start or stop WPS push-button pairing (type 79). */
+typedef struct WpsPbcRec {
+    uint32_t eRadio;            /* "radio", band word */
+    uint32_t uiStatus;          /* "status", switch word */
+} WpsPbcRec;
+
+/* Capacity of astNeighbour (chosen here): the walk of a received list stops
+ * at the record's count and never goes past this. */
+#define BX_WLAN_NEIGHBOUR_MAX 64
+
+typedef struct WlanNeighbourEntryRec {
+    char szSsid[33];            /* "ssid", up to 32 characters */
+    char szBssid[32];           /* "bssid" */
+    uint32_t uiChannel;         /* "channel" */
+    int32_t iRssi;              /* "rssi" */
+    uint32_t uiStandard;        /* "standard", "11b/11g/..." bit set */
+    uint32_t eBandWidth;        /* "bandwidth", a plain number */
+    uint32_t eAuth;             /* "authmode", authentication word */
+    uint32_t eEncryptType;      /* "encrypttype" in, "encryttype" out */
+} WlanNeighbourEntryRec;
+
+/* The networks a scan found (type 78). */
+typedef struct WlanNeighbourRec {
+    uint32_t eRadio;            /* "radio" */
+    uint32_t uiCount;           /* "count" */
+    WlanNeighbourEntryRec astNeighbour[BX_WLAN_NEIGHBOUR_MAX];  /* "neighbourlist" */
+} WlanNeighbourRec;
+
+/* Capacity of astScore (chosen here): every channel of both bands fits; a
+ * received list is cut here. */
+#define BX_CHANNEL_SCORE_MAX 64
+
+typedef struct ChannelScoreEntryRec {
+    uint32_t uiChannel;         /* "channel" */
+    uint32_t uiScore;           /* "score" */
+} ChannelScoreEntryRec;
+
+/* Each channel's score after a channel scan (type 81). */
+typedef struct ChannelScoreRec {
+    uint32_t eRadio;            /* "radio" */
+    uint32_t uiCount;           /* "count" */
+    ChannelScoreEntryRec astScore[BX_CHANNEL_SCORE_MAX];  /* "scorelist" */
+} ChannelScoreRec;
+
+BX_API int STJ_ScanWlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ScanWlanNeighbour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WpsPbc(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WpsPbc(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ChannelScan(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END NEIGHBOUR ==== */
 
 
 /* ==== Access lists and deassociation (types 54, 64 to 66) ==== BEGIN ACCESS_LIST */
 
+#define BX_WIFI_DEASSOC_MAC_MAX 32
+
+/* Push stations off one radio (type 54). */
+typedef struct WifiDeassocRec {
+    uint32_t uiCount;           /* "count", MACs in aszMac */
+    uint32_t eRadio;            /* "radio", band word */
+    uint32_t uiTime;            /* "time" */
+    char aszMac[BX_WIFI_DEASSOC_MAC_MAX][32];  /* "macs" */
+} WifiDeassocRec;
+
+/* One access-list station (types 64 and 65; 65 uses the index only). */
+typedef struct WifiAccessEntryRec {
+    uint32_t uiIndex;           /* "index" */
+    char szName[64];            /* "name" */
+    char szMac[32];             /* "mac" */
+} WifiAccessEntryRec;
+
+/* Capacity of astList (chosen here): a received list is cut here. */
+#define BX_WIFI_ACCESS_LIST_MAX 64
+
+/* The whole access list (type 66). */
+typedef struct WifiAccessListRec {
+    uint32_t uiCount;           /* "count" */
+    WifiAccessEntryRec astList[BX_WIFI_ACCESS_LIST_MAX];  /* "list" */
+} WifiAccessListRec;
+
+BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_Delete(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_Delete(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END ACCESS_LIST ==== */
 
 
 /* ==== QoS classification (types 121 to 128) ==== BEGIN QOS */
 
+/* The QoS, DSCP and 802.1p switches (121, 122, 123): "enable" travels as the
+ * word "enable" or "disable". */
+typedef struct QosSwitch {
+    uint32_t uiEnable;
+} QosSwitch;
+
+/* A rule's index: delete (125) both ways, get (128) from JSON. */
+typedef struct QosClassIndex {
+    uint32_t uiIndex;
+} QosClassIndex;
+
+/* Protocol slots of one rule: a 0 in slot 1 or later ends the used part. */
+#define QOS_CLASS_PROTOCOL_NUM 8
+
+/* One classification rule (add 124, set 127, get 128 to JSON, list 126). */
+typedef struct QosClassRule {
+    uint32_t uiIndex;
+    char szName[33];
+    uint32_t uiPriority;
+    uint32_t uiDscp;
+    uint32_t uiVlan8021p;
+    uint32_t auiProtocol[QOS_CLASS_PROTOCOL_NUM];
+    char szSrcIp[17];
+    char szSrcMask[17];
+    uint32_t uiSrcPort;
+    char szSrcMac[17];
+    char szDstIp[17];
+    char szDstMask[17];
+    uint32_t uiDstPort;
+    char szDstMac[17];
+} QosClassRule;
+
+/* Rules a list record holds. The converters walk uiCount rules but never
+ * more than this many, in either direction. */
+#define QOS_CLASS_RULE_MAX 32
+
+/* The rule list (126); uiCount travels under the key "index". */
+typedef struct QosClassRuleList {
+    uint32_t uiCount;
+    QosClassRule astRule[QOS_CLASS_RULE_MAX];
+} QosClassRuleList;
+
+BX_API int STJ_QoS(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_QoS(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Dscp(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Dscp(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_8021p(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_8021p(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Qos_Classification_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Set(struct blob_attr *pstMsg, void *pvRecord);
+/* To JSON from a QosClassRule, from JSON into a QosClassIndex. */
+BX_API int STJ_Qos_Classification_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Qos_Classification_Get(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END QOS ==== */
 
 
 /* ==== Timers, rate limits and IPTV (types 84 to 87, 108 to 112) ==== BEGIN TIMERS */
+
+/* Scheduled reboot (84); uiStatus travels as "enable"/"disable". */
+typedef struct RebootTimer {
+    uint32_t uiStatus;
+    uint32_t uiHour;
+    uint32_t uiMinute;
+    uint32_t uiWeek;
+} RebootTimer;
+
+/* One Wi-Fi on/off task (85, and the element of 86). uiStatus and uiAction
+ * travel as "enable"/"disable", uiType as "continuous"/"instant". */
+typedef struct WifiTimerTask {
+    uint32_t uiTaskId;
+    uint32_t uiStatus;
+    uint32_t uiAction;
+    uint32_t uiType;
+    uint32_t uiStartHour;
+    uint32_t uiStartMinute;
+    uint32_t uiEndHour;
+    uint32_t uiEndMinute;
+    uint32_t uiWeek;
+} WifiTimerTask;
+
+/* Tasks a timer list record holds; the converters never walk more. */
+#define WIFI_TIMER_TASK_MAX 32
+
+typedef struct WifiTimerList {
+    uint32_t uiCount;
+    WifiTimerTask astTask[WIFI_TIMER_TASK_MAX];
+} WifiTimerList;
+
+typedef struct WifiTimerIdx {
+    uint32_t uiTaskId;
+} WifiTimerIdx;
+
+/* uiValidFlags: which of the optional members a rate limit carries. */
+#define RATE_LIMIT_VALID_TX     0x1u
+#define RATE_LIMIT_VALID_RX     0x2u
+#define RATE_LIMIT_VALID_ENABLE 0x4u
+
+/* One client's rate limit (108, and the element of 109). */
+typedef struct RateLimitEntry {
+    uint32_t uiEnable;
+    char szMac[32];
+    char szIp[32];
+    uint32_t uiRxRateLimit;
+    uint32_t uiTxRateLimit;
+    uint32_t uiValidFlags;
+} RateLimitEntry;
+
+#define RATE_LIMIT_LIST_MAX 32
+
+typedef struct RateLimitList {
+    uint32_t uiCount;
+    RateLimitEntry astEntry[RATE_LIMIT_LIST_MAX];
+} RateLimitList;
+
+/* The periodic traffic-rate sampling task (110); eTaskType travels as
+ * "UPLINK"/"USER". */
+typedef struct PeriodRateTask {
+    uint32_t eTaskType;
+    char szTaskName[33];
+    uint32_t uiReportInterval;
+    uint32_t uiSampleInterval;
+} PeriodRateTask;
+
+/* One reading of the sampling task (111). */
+typedef struct PeriodRateReport {
+    uint32_t eTaskType;
+    char szTaskName[33];
+    char szMac[32];
+    uint32_t uiTxRateRt;
+    uint32_t uiRxRateRt;
+    uint32_t uiMaxRxRate;
+    uint32_t uiMaxTxRate;
+    uint32_t uiAvaRxRate;
+    uint32_t uiAvaTxRate;
+} PeriodRateReport;
+
+/* One IPTV VLAN; a slot whose uiVlanId is 0 is unused. */
+typedef struct IptvVlan {
+    uint32_t uiVlanId;
+    uint32_t uiEthPorts;
+    uint32_t uiPorts2p4g;
+    uint32_t uiPorts5g;
+} IptvVlan;
+
+#define IPTV_VLAN_NUM 2
+
+/* IPTV settings (112); uiStatus travels as "enable"/"disable". */
+typedef struct IptvConfig {
+    uint32_t uiStatus;
+    IptvVlan astVlan[IPTV_VLAN_NUM];
+} IptvConfig;
+
+BX_API int STJ_RebootTimer(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RebootTimer(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_WifiTimer_Idx(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiTimer_Idx(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PeriodRate_Set(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PeriodRate_Set(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PeriodRate_Get(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END TIMERS ==== */
 

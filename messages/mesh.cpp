@@ -97,13 +97,14 @@ BX_API int JTS_WifiTopoMac(struct blob_attr *pstMsg, void *pvRecord)
     if (!bx::present(kMacListPolicy, tb, MAC_LIST))
         return 0;
     uint32_t filled = 0;
+    const char *func = __func__;  // inside the walk __func__ would name the lambda
     bx::for_each_elem(tb[MAC_LIST], [&](blob_attr *mac) {
         if (filled >= WIFI_TOPO_MAX)
             return false;
         if (blobmsg_type(mac) != BLOBMSG_TYPE_STRING)
             return true;
         bx::copy_text(rec->aszMac[filled], sizeof rec->aszMac[filled] - 1, mac);
-        BX_TRACE("mac:%s\n", rec->aszMac[filled]);
+        BX_TRACE_AS(func, "mac:%.*s\n", static_cast<int>(sizeof rec->aszMac[filled]), rec->aszMac[filled]);
         ++filled;
         return true;
     });

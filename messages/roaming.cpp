@@ -1,0 +1,414 @@
+/* Roaming: layer-2 and assisted roaming settings, the signal-strength query
+ * that one access point sends its neighbours about a station and their
+ * answer, the BSS transition that steers a station, and a station's roaming,
+ * stop-detect and weak-signal reports.
+ *
+ * No key is required in this family: a missing key is traced and leaves its
+ * field as the caller had it. Two MAC forms travel here: the query, answer
+ * and BSS transition messages keep 12 characters (bare hexadecimal), the
+ * reports 17 (the colon form). */
+#include <cstring>
+#include <iterator>
+#include <string_view>
+
+#include "blobxlate.h"
+#include "core/codec.h"
+#include "messages/wifi_lists.h"
+
+namespace {
+
+using bx::Field;
+using bx::wifi::add_tables;
+using bx::wifi::add_text;
+using bx::wifi::at_most;
+
+/* A MAC written without separators. */
+constexpr size_t kBareMacLen = 12;
+
+/* ---- 113: layer-2 roaming ------------------------------------------------ */
+
+constexpr Field kL2Roaming[] = {
+    BX_WORD(L2RoamingRec, uiStatus, EnumSwitch, "status", "status:%d"),
+    BX_S32(L2RoamingRec, iLowRssi2p4g, "lowrssi2p4g", "lowrssi2p4g:%d"),
+    BX_S32(L2RoamingRec, iLowRssi5g, "lowrssi5g", "lowrssi5g:%d"),
+};
+
+/* ---- 114: assisted roaming ------------------------------------------------- */
+
+/* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
+ * number here, not as a switch word. */
+constexpr Field kRoaming[] = {
+    BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"),
+    BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"),
+    BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"),
+    BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u"),
+    BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d"),
+    BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"),
+    BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"),
+};
+constexpr uint32_t roam_bit(size_t field) { return 1u << field; }
+static_assert(roam_bit(0) == BX_ROAM_ENABLE && roam_bit(2) == BX_ROAM_REPORT_INTERVAL &&
+              roam_bit(std::size(kRoaming) - 1) == BX_ROAM_THRESHOLD_RSSI5G);
+
+/* ---- 115, 116: signal-strength query and answer ------------------------------ */
+
+/* The list elements are parsed with the message's own policy: their keys
+ * sit in the same slot table as the message's. */
+enum { APQ_COUNT, APQ_MAC, APQ_APINFO, APQ_BSSID, APQ_CHANNEL, APQ_MAX };
+const blobmsg_policy g_stRoamingApQuery_policy[APQ_MAX] = {
+    /* APQ_COUNT */   {"count", BLOBMSG_TYPE_INT32},
+    /* APQ_MAC */     {"mac", BLOBMSG_TYPE_STRING},
+    /* APQ_APINFO */  {"apinfo", BLOBMSG_TYPE_ARRAY},
+    /* APQ_BSSID */   {"bssid", BLOBMSG_TYPE_STRING},
+    /* APQ_CHANNEL */ {"channel", BLOBMSG_TYPE_INT32},
+};
+
+enum { APR_COUNT, APR_APRSSI, APR_BSSID, APR_RSSI, APR_MAX };
+const blobmsg_policy g_stRoamingApRsp_policy[APR_MAX] = {
+    /* APR_COUNT */  {"count", BLOBMSG_TYPE_INT32},
+    /* APR_APRSSI */ {"aprssi", BLOBMSG_TYPE_ARRAY},
+    /* APR_BSSID */  {"bssid", BLOBMSG_TYPE_STRING},
+    /* APR_RSSI */   {"rssi", BLOBMSG_TYPE_INT32},
+};
+
+/* Entries going out; coming in, "bssid" keeps only 12 characters. */
+constexpr Field kApInfo[] = {
+    BX_TEXT(RoamingApInfoRec, szBssid, "bssid", nullptr),
+    BX_U32(RoamingApInfoRec, uiChannel, "channel", nullptr),
+};
+constexpr Field kApRssi[] = {
+    BX_TEXT(RoamingApRssiRec, szBssid, "bssid", nullptr),
+    BX_S32(RoamingApRssiRec, iRssi, "rssi", nullptr),
+};
+
+/* Walks a query or answer list: the entries end after 32, or once the
+ * record's count is reached, or with the list. fill(tb, n) takes entry n
+ * from the element's slots. */
+template <size_t N, typename Fill>
+void walk_ap_list(const char *func, const blobmsg_policy (&policy)[N], blob_attr *list, uint32_t count,
+                  Fill fill)
+{
+    bx::wifi::fill_entries(func, list, BLOBMSG_TYPE_TABLE, at_most(count, BX_ROAMING_AP_MAX),
+                           [&](blob_attr *cur, uint32_t n) {
+                               blob_attr *etb[N];
+                               bx::parse_elem(policy, etb, cur);
+                               fill(etb, n);
+                           });
+}
+
+/* ---- 117: BSS transition ------------------------------------------------------ */
+
+constexpr Field kBssTrans[] = {
+    BX_TEXT(RoamingBssTransRec, szSta, "sta", "sta:%s"),
+    BX_TEXT(RoamingBssTransRec, szBssid, "bssid", "bssid:%s"),
+    BX_U32(RoamingBssTransRec, uiChannel, "channel", "channel:%u"),
+};
+
+/* ---- 118: roaming report --------------------------------------------------------- */
+
+constexpr Field kReportOut[] = {
+    BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
+    BX_U32(RoamingReportRec, uiConnectTime, "connecttime", nullptr),
+    BX_S32(RoamingReportRec, iRssi, "rssi", nullptr),
+    BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", nullptr),
+    BX_U32(RoamingReportRec, uiChannel, "channel", nullptr),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr),
+    BX_U32(RoamingReportRec, uiRxRate, "rxRate", nullptr),
+    BX_U32(RoamingReportRec, uiTxRate, "txRate", nullptr),
+};
+
+/* Received in another order than sent; the two 16-bit flags follow the
+ * table's slots. */
+enum {
+    RPT_MAC, RPT_BSSID, RPT_CONNECTTIME, RPT_RSSI, RPT_RADIO, RPT_CHANNEL, RPT_RXRATE, RPT_TXRATE,
+    RPT_SUPPORT11K, RPT_SUPPORT11V, RPT_MAX
+};
+constexpr Field kReportIn[] = {
+    BX_TEXT(RoamingReportRec, szMac, "mac", "mac:%s"),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s"),
+    BX_U32(RoamingReportRec, uiConnectTime, "connecttime", "connecttime:%u"),
+    BX_S32(RoamingReportRec, iRssi, "rssi", "rssi:%d"),
+    BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", "radio:%d"),
+    BX_U32(RoamingReportRec, uiChannel, "channel", "channel:%u"),
+    BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
+    BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
+};
+constexpr blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
+    /* RPT_MAC */         {"mac", BLOBMSG_TYPE_STRING},
+    /* RPT_BSSID */       {"bssid", BLOBMSG_TYPE_STRING},
+    /* RPT_CONNECTTIME */ {"connecttime", BLOBMSG_TYPE_INT32},
+    /* RPT_RSSI */        {"rssi", BLOBMSG_TYPE_INT32},
+    /* RPT_RADIO */       {"radio", BLOBMSG_TYPE_STRING},
+    /* RPT_CHANNEL */     {"channel", BLOBMSG_TYPE_INT32},
+    /* RPT_RXRATE */      {"rxRate", BLOBMSG_TYPE_INT32},
+    /* RPT_TXRATE */      {"txRate", BLOBMSG_TYPE_INT32},
+    /* RPT_SUPPORT11K */  {"support11k", BLOBMSG_TYPE_STRING},
+    /* RPT_SUPPORT11V */  {"support11v", BLOBMSG_TYPE_STRING},
+};
+constexpr bool table_follows_policy()
+{
+    for (size_t i = 0; i < std::size(kReportIn); ++i) {
+        if (std::string_view(kReportIn[i].key) != g_stRoamingReport_policy[i].name)
+            return false;
+    }
+    return std::size(kReportIn) == RPT_SUPPORT11K;
+}
+static_assert(table_follows_policy());
+
+/* Only the exact word "true" sets a support flag: "false" and unknown words
+ * alike store 0 (not the boolean kind's -1 for an unknown word). */
+uint16_t support_flag(blob_attr *attr)
+{
+    return std::strcmp(bx::get_text(attr), "true") == 0 ? 1 : 0;
+}
+
+/* ---- 119: stop detecting a station (received only) -------------------------------- */
+
+constexpr Field kStopDetect[] = {
+    BX_TEXT(RoamingStopDetectRec, szMac, "mac", "mac:%s"),
+    BX_U32(RoamingStopDetectRec, uiStopDetectTime, "stopdetecttime", "stopdetecttime:%u"),
+};
+
+/* ---- 120: a station's weak signal ------------------------------------------------- */
+
+constexpr Field kStaRssiOut[] = {
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr),
+    BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
+};
+
+enum { STR_MAC, STR_RSSI, STR_RADIO, STR_MAX };
+const blobmsg_policy g_stRoamingStaRssi_policy[STR_MAX] = {
+    /* STR_MAC */   {"mac", BLOBMSG_TYPE_STRING},
+    /* STR_RSSI */  {"rssi", BLOBMSG_TYPE_INT32},
+    /* STR_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
+};
+
+} // namespace
+
+extern "C" {
+
+/* ---- 113 ---- */
+
+BX_API int STJ_L2_Roaming(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    return bx::stj_fields(pvRecord, pstBuf, kL2Roaming);
+}
+
+BX_API int JTS_L2_Roaming(struct blob_attr *pstMsg, void *pvRecord)
+{
+    return bx::jts_fields(__func__, pstMsg, pvRecord, kL2Roaming);
+}
+
+/* ---- 114 ---- */
+
+BX_API int STJ_Roaming(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const RoamingRec *>(pvRecord);
+    /* Only the settings the mask names go out; the mask itself never does. */
+    for (size_t i = 0; i < std::size(kRoaming); ++i) {
+        if ((rec->uiRoamFlag & roam_bit(i)) != 0)
+            bx::emit_field(kRoaming[i], rec, pstBuf);
+    }
+    return 0;
+}
+
+BX_API int JTS_Roaming(struct blob_attr *pstMsg, void *pvRecord)
+{
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<RoamingRec *>(pvRecord);
+    blob_attr *tb[std::size(kRoaming)];
+    bx::wifi::fields_of_msg(kRoaming, tb, pstMsg);
+    /* The mask only gains bits: an absent key leaves its bit as it was. */
+    for (size_t i = 0; i < std::size(kRoaming); ++i) {
+        if (bx::wifi::store_if_present(__func__, kRoaming, tb, i, rec))
+            rec->uiRoamFlag |= roam_bit(i);
+    }
+    return 0;
+}
+
+/* ---- 115 ---- */
+
+BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const RoamingApQueryRec *>(pvRecord);
+    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
+    add_text(pstBuf, "mac", rec->szMac);
+    /* The count is the caller's word: entries past the record's 32 are never read. */
+    add_tables(pstBuf, "apinfo", at_most(rec->uiCount, BX_ROAMING_AP_MAX),
+               [&](uint32_t i) { bx::stj_fields(&rec->astApInfo[i], pstBuf, kApInfo); });
+    return 0;
+}
+
+BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
+{
+    const auto &policy = g_stRoamingApQuery_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<RoamingApQueryRec *>(pvRecord);
+    blob_attr *tb[APQ_MAX];
+    bx::parse(policy, tb, pstMsg);
+    if (bx::present(policy, tb, APQ_COUNT)) {
+        rec->uiCount = bx::get_u32(tb[APQ_COUNT]);
+        BX_TRACE("count:%u\n", rec->uiCount);
+    }
+    if (bx::present(policy, tb, APQ_MAC)) {
+        bx::copy_text(rec->szMac, kBareMacLen, tb[APQ_MAC]);
+        BX_TRACE("mac:%s\n", rec->szMac);
+    }
+    if (!bx::present(policy, tb, APQ_APINFO))
+        return 0;
+    walk_ap_list(func, policy, tb[APQ_APINFO], rec->uiCount, [&](blob_attr *(&etb)[APQ_MAX], uint32_t n) {
+        RoamingApInfoRec &ap = rec->astApInfo[n];
+        if (bx::present(policy, etb, APQ_BSSID)) {
+            bx::copy_text(ap.szBssid, kBareMacLen, etb[APQ_BSSID]);
+            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
+        }
+        if (bx::present(policy, etb, APQ_CHANNEL)) {
+            ap.uiChannel = bx::get_u32(etb[APQ_CHANNEL]);
+            BX_TRACE_AS(func, "channel:%u\n", ap.uiChannel);
+        }
+    });
+    return 0;
+}
+
+/* ---- 116 ---- */
+
+BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const RoamingApRspRec *>(pvRecord);
+    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
+    /* The count is the caller's word: entries past the record's 32 are never read. */
+    add_tables(pstBuf, "aprssi", at_most(rec->uiCount, BX_ROAMING_AP_MAX),
+               [&](uint32_t i) { bx::stj_fields(&rec->astApRssi[i], pstBuf, kApRssi); });
+    return 0;
+}
+
+BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
+{
+    const auto &policy = g_stRoamingApRsp_policy;
+    const char *func = __func__;  /* the entries' traces are the converter's */
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<RoamingApRspRec *>(pvRecord);
+    blob_attr *tb[APR_MAX];
+    bx::parse(policy, tb, pstMsg);
+    if (bx::present(policy, tb, APR_COUNT)) {
+        rec->uiCount = bx::get_u32(tb[APR_COUNT]);
+        BX_TRACE("count:%u\n", rec->uiCount);
+    }
+    if (!bx::present(policy, tb, APR_APRSSI))
+        return 0;
+    walk_ap_list(func, policy, tb[APR_APRSSI], rec->uiCount, [&](blob_attr *(&etb)[APR_MAX], uint32_t n) {
+        RoamingApRssiRec &ap = rec->astApRssi[n];
+        if (bx::present(policy, etb, APR_BSSID)) {
+            bx::copy_text(ap.szBssid, kBareMacLen, etb[APR_BSSID]);
+            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
+        }
+        if (bx::present(policy, etb, APR_RSSI)) {
+            ap.iRssi = bx::get_s32(etb[APR_RSSI]);
+            BX_TRACE_AS(func, "rssi:%d\n", ap.iRssi);
+        }
+    });
+    return 0;
+}
+
+/* ---- 117 ---- */
+
+BX_API int STJ_Roaming_BssTrans(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    return bx::stj_fields(pvRecord, pstBuf, kBssTrans);
+}
+
+BX_API int JTS_Roaming_BssTrans(struct blob_attr *pstMsg, void *pvRecord)
+{
+    /* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
+    return bx::jts_fields(__func__, pstMsg, pvRecord, kBssTrans);
+}
+
+/* ---- 118 ---- */
+
+BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const RoamingReportRec *>(pvRecord);
+    bx::stj_fields(rec, pstBuf, kReportOut);
+    bx::add_word(pstBuf, "support11k", EnumBoolean, rec->usSupport11k);
+    bx::add_word(pstBuf, "support11v", EnumBoolean, rec->usSupport11v);
+    return 0;
+}
+
+BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
+{
+    const auto &policy = g_stRoamingReport_policy;
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<RoamingReportRec *>(pvRecord);
+    blob_attr *tb[RPT_MAX];
+    bx::parse(policy, tb, pstMsg);
+    for (size_t i = 0; i < std::size(kReportIn); ++i) {
+        if (bx::present(policy, tb, i))
+            bx::store_field(__func__, kReportIn[i], tb[i], rec);
+    }
+    if (bx::present(policy, tb, RPT_SUPPORT11K)) {
+        rec->usSupport11k = support_flag(tb[RPT_SUPPORT11K]);
+        BX_TRACE("support11k:%u\n", rec->usSupport11k);
+    }
+    if (bx::present(policy, tb, RPT_SUPPORT11V)) {
+        rec->usSupport11v = support_flag(tb[RPT_SUPPORT11V]);
+        BX_TRACE("support11v:%u\n", rec->usSupport11v);
+    }
+    return 0;
+}
+
+/* ---- 119 (no record-to-tree direction) ---- */
+
+BX_API int JTS_Roaming_StopDetect(struct blob_attr *pstMsg, void *pvRecord)
+{
+    return bx::jts_fields(__func__, pstMsg, pvRecord, kStopDetect);
+}
+
+/* ---- 120 ---- */
+
+BX_API int STJ_Roaming_StaRssi(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    return bx::stj_fields(pvRecord, pstBuf, kStaRssiOut);
+}
+
+BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord)
+{
+    const auto &policy = g_stRoamingStaRssi_policy;
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<RoamingStaRssiRec *>(pvRecord);
+    blob_attr *tb[STR_MAX];
+    bx::parse(policy, tb, pstMsg);
+    if (bx::present(policy, tb, STR_MAC)) {
+        /* The MAC takes all 18 bytes, terminator included: a longer text
+         * leaves no terminator in the field (stopping at a shorter text's
+         * end instead of reading past it). */
+        bx::copy_text(rec->szMac, sizeof rec->szMac, tb[STR_MAC]);
+        BX_TRACE("mac:%.18s\n", rec->szMac);
+    }
+    /* Stored in another order than the policy's: radio before rssi. */
+    if (bx::present(policy, tb, STR_RADIO)) {
+        rec->eRadio = static_cast<uint32_t>(bx::get_word(EnumBand, tb[STR_RADIO]));
+        BX_TRACE("radio:%d\n", static_cast<int>(rec->eRadio));
+    }
+    if (bx::present(policy, tb, STR_RSSI)) {
+        rec->iRssi = bx::get_s32(tb[STR_RSSI]);
+        BX_TRACE("rssi:%d\n", rec->iRssi);
+    }
+    return 0;
+}
+
+} // extern "C"
