@@ -5,7 +5,9 @@
 #  bundled : the project's own implementation of the same API in ubox/;
 #  auto    : system when it is found, otherwise bundled.
 find_package(PkgConfig QUIET)
-if(PKG_CONFIG_FOUND)
+# A fully static build (the big-endian run under qemu) needs the archive,
+# which find_library picks by CMAKE_FIND_LIBRARY_SUFFIXES.
+if(PKG_CONFIG_FOUND AND NOT BLOBXLATE_STATIC_DEPS)
   pkg_check_modules(JSONC QUIET IMPORTED_TARGET json-c)
 endif()
 if(TARGET PkgConfig::JSONC)

@@ -27,6 +27,8 @@ namespace bx {
 template <size_t N>
 inline int parse(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *msg)
 {
+    for (blob_attr *&slot : tb)  /* blobmsg_parse clears them too; this says so to the reader */
+        slot = nullptr;
     return blobmsg_parse(policy, static_cast<int>(N), tb, blob_data(msg), blob_len(msg));
 }
 
@@ -34,6 +36,8 @@ inline int parse(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_at
 template <size_t N>
 inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem)
 {
+    for (blob_attr *&slot : tb)
+        slot = nullptr;
     return blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), blobmsg_data_len(elem));
 }
 

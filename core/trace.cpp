@@ -22,7 +22,7 @@ void trace(const char *func, int line, const char *fmt, ...)
     std::fprintf(console, "[%s.%d]: ", func, line);
     va_list ap;
     va_start(ap, fmt);
-    std::vfprintf(console, fmt, ap);
+    std::vfprintf(console, fmt, ap); // NOLINT(clang-analyzer-valist.Uninitialized): va_start above
     va_end(ap);
     std::fclose(console);
 }
