@@ -78,8 +78,8 @@ constexpr Field kPortUpDown[] = {
 
 #undef PORT_ID_FIELDS
 
-constexpr size_t kLanSlots = sizeof static_cast<PortNum *>(nullptr)->auiLanIndex / sizeof(uint32_t);
-constexpr size_t kWanSlots = sizeof static_cast<PortNum *>(nullptr)->auiWanIndex / sizeof(uint32_t);
+constexpr size_t kLanSlots = sizeof(PortNum::auiLanIndex) / sizeof(uint32_t);
+constexpr size_t kWanSlots = sizeof(PortNum::auiWanIndex) / sizeof(uint32_t);
 
 /* A list of port numbers as an array of unnamed numbers. */
 void add_port_list(blob_buf *buf, const char *key, const uint32_t *slots, size_t capacity, uint32_t count)
