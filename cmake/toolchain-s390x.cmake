@@ -18,5 +18,4 @@ set(CMAKE_CROSSCOMPILING_EMULATOR qemu-s390x;-L;/usr/s390x-linux-gnu)
 # qemu-user 7.2 crashes in the dynamic loader of s390x binaries: link the
 # programs statically.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
-set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
 set(BLOBXLATE_STATIC_DEPS ON)

@@ -1012,10 +1012,192 @@ BX_API int JTS_UplinkSupport(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== Ethernet ports (types 45 to 50) ==== BEGIN PORTS */
 
+/* Every per-port record starts with the port's type (EnumPortType word
+ * "type") and its number within that type ("index"). */
+
+/* Number of slots of PortNum.auiWanIndex: the devices have at most a few
+ * WAN ports, eight keeps the record symmetric with the LAN list. */
+#define PORT_WAN_INDEX_MAX 8
+
+/* LAN and WAN port counts and numbers (type 45). */
+typedef struct PortNum {
+    uint32_t uiLanNum;
+    uint32_t auiLanIndex[8];
+    uint32_t uiWanNum;
+    uint32_t auiWanIndex[PORT_WAN_INDEX_MAX];
+} PortNum;
+
+/* One port's link state (type 46). */
+typedef struct PortStatus {
+    uint32_t eType;        /* EnumPortType */
+    uint32_t uiIndex;
+    uint32_t eLinkStatus;  /* EnumLinkState */
+    uint32_t eDuplex;      /* EnumDuplex */
+    uint32_t uiNegRate;
+} PortStatus;
+
+/* One port's traffic counters (type 47). */
+typedef struct PortTraffic {
+    uint32_t eType;
+    uint32_t uiIndex;
+    uint64_t ulTxBytes;
+    uint64_t ulRxBytes;
+    uint64_t ulTxPackets;
+    uint64_t ulRxPackets;
+    uint64_t ulTxErrors;
+    uint64_t ulRxErrors;
+    uint64_t ulTxDrops;
+    uint64_t ulRxDrops;
+} PortTraffic;
+
+/* One port's rates (type 48). */
+typedef struct PortRate {
+    uint32_t eType;
+    uint32_t uiIndex;
+    uint32_t uiRxRate;
+    uint32_t uiTxRate;
+} PortRate;
+
+/* One port's MAC address (type 49): a colon-separated text of 17 characters. */
+typedef struct PortMac {
+    uint32_t eType;
+    uint32_t uiIndex;
+    char szMac[18];
+} PortMac;
+
+/* One port's up/down switch and address (type 50). */
+typedef struct PortUpDown {
+    uint32_t eType;
+    uint32_t uiIndex;
+    uint32_t uiActive;
+    char szPortIp[16];
+} PortUpDown;
+
+BX_API int STJ_PortNum(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortNum(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PortStatus(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortStatus(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PortTraffic(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortTraffic(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PortRate(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortRate(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PortMAC(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortMAC(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_PortUpDown(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_PortUpDown(struct blob_attr *pstMsg, void *pvRecord);
+
 /* ==== END PORTS ==== */
 
 
 /* ==== Station list and details (types 88 to 94) ==== BEGIN STATIONS */
+
+/* One client station: an element of the station list (type 88) and the
+ * whole record of the lookup by MAC address (type 89). The u64 counters keep
+ * their historical "ui" names. */
+typedef struct StaEntry {
+    char szMac[32];
+    char szHostName[64];
+    char szName[64];
+    char szIp[16];
+    uint32_t eLinkType;        /* EnumAccessMedium */
+    uint32_t uiPort;
+    char szSsid[32];
+    uint32_t bIsOnline;        /* EnumBoolean */
+    int32_t iOnlineTime;
+    uint32_t uiOnOffTimestamp;
+    char szVmac[32];
+    char szIpv6[64];
+    char szUpMac[32];
+    uint32_t eType;            /* EnumDeviceOs */
+    char szBrand[32];
+    char szModel[32];
+    uint32_t uiRxRate;
+    uint32_t uiTxRate;
+    int32_t iRssi;
+    int32_t iWeakRssi;
+    uint32_t uiRxNegRate;
+    uint32_t uiTxNegRate;
+    uint32_t eDuplex;          /* EnumDuplex */
+    uint32_t bAllowStorage;    /* EnumBoolean */
+    uint32_t bAllowInternet;   /* EnumBoolean */
+    uint32_t bAllowWifi;       /* EnumBoolean */
+    uint32_t bFromWifi6;       /* EnumBoolean */
+    uint32_t eMacStatus;       /* a plain number */
+    uint64_t uiRxBytes;
+    uint64_t uiTxBytes;
+    uint64_t uiRxPackets;
+    uint64_t uiTxPackets;
+    uint64_t uiTxRetryPackets;
+    uint64_t uiRxRetryPackets;
+    uint64_t uiTxFailedPackets;
+    uint64_t uiRxFailedPackets;
+    uint64_t uiTxDiscard;
+} StaEntry;
+
+/* The station list (type 88). pstListInfo is the caller's array; on the way
+ * in uiStaNumofEsps is its capacity in entries. JTS_StaList never writes the
+ * count back: callers learn the number of stations from the message's own
+ * "count", or by zeroing the array and looking for filled szMac fields. */
+typedef struct StaListInfo {
+    uint32_t uiStaNumofEsps;
+    StaEntry *pstListInfo;
+} StaListInfo;
+
+/* A wrong-Wi-Fi-password report (type 90). */
+typedef struct StaMac {
+    char szMac[32];
+} StaMac;
+
+/* One station's traffic counters (type 91); 32-bit, unlike StaEntry's. */
+typedef struct StaTraffic {
+    char szMac[32];
+    uint32_t uiTxBytes;
+    uint32_t uiRxBytes;
+    uint32_t uiTxPackets;
+    uint32_t uiRxPackets;
+    uint32_t uiTxErrors;
+    uint32_t uiRxErrors;
+} StaTraffic;
+
+/* Station counts (type 92). */
+typedef struct StaNum {
+    uint32_t uiCountAll;
+    uint32_t uiCountOnline;
+    uint32_t uiCountWired;
+    uint32_t uiCount2p4g;
+    uint32_t uiCount5g;
+} StaNum;
+
+/* A station's display name (type 93). */
+typedef struct StaName {
+    char szMac[32];
+    char szName[64];
+} StaName;
+
+/* A station's brand and model (type 94); uiFlag says which texts are valid. */
+#define STA_MODEL_BRAND_VALID 0x01u
+#define STA_MODEL_MODEL_VALID 0x02u
+typedef struct StaModel {
+    char szMac[32];
+    char szBrand[32];
+    char szModel[32];
+    uint32_t uiFlag;
+} StaModel;
+
+BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaWifiPwdErr(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_WifiPwdErr(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaTraffic(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaTraffic(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaNum(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaNum(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaName(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaName(struct blob_attr *pstMsg, void *pvRecord);
+BX_API int STJ_StaModel(const void *pvRecord, struct blob_buf *pstBuf);
+BX_API int JTS_StaModel(struct blob_attr *pstMsg, void *pvRecord);
 
 /* ==== END STATIONS ==== */
 

@@ -40,6 +40,24 @@ bool read_all(FILE *in, std::string &out)
     return !std::ferror(in);
 }
 
+// The entries JTS_StaList fills: one per element of the message's
+// "stalist" array, up to the capacity offered.
+unsigned stations_in(blob_attr *msg, unsigned capacity)
+{
+    static const blobmsg_policy policy[] = {{"stalist", BLOBMSG_TYPE_ARRAY}};
+    blob_attr *list = nullptr;
+    blobmsg_parse(policy, 1, &list, blob_data(msg), blob_len(msg));
+    unsigned n = 0;
+    blob_attr *cur;
+    size_t rem;
+    blobmsg_for_each_attr(cur, list, rem) {
+        if (n == capacity)
+            break;
+        ++n;
+    }
+    return n;
+}
+
 int usage()
 {
     std::fprintf(stderr, "usage: blobxlate TYPE [FILE]\n");
@@ -93,18 +111,18 @@ int main(int argc, char **argv)
     // entries in a caller-owned array whose capacity is the record's count.
     alignas(16) static unsigned char record[kRecordBytes];
     std::memset(record, 0, sizeof record);
-#ifdef BLOBXLATE_HAVE_STATION_LIST
     static StaEntry stations[kStationCapacity];
+    auto *station_list = reinterpret_cast<StaListInfo *>(record);
     if (type == MSG_STA_LIST) {
-        auto *list = reinterpret_cast<StaListInfo *>(record);
-        list->uiStaNumofEsps = kStationCapacity;
-        list->pstListInfo = stations;
+        station_list->uiStaNumofEsps = kStationCapacity;
+        station_list->pstListInfo = stations;
     }
-#else
-    (void)kStationCapacity;
-#endif
 
     int to_struct = JSON_TRANS_STRUCT(static_cast<int>(type), msg.head, record);
+    // The converter leaves the count at the capacity; as the caller we set
+    // it to the entries the message filled, so the answer lists just those.
+    if (type == MSG_STA_LIST)
+        station_list->uiStaNumofEsps = stations_in(msg.head, kStationCapacity);
 
     blob_buf out{};
     blob_buf_init(&out, 0);

@@ -1,0 +1,290 @@
+/* Client stations: the full station list (88), one station looked up by MAC
+ * address (89), a wrong-Wi-Fi-password report (90), per-station traffic
+ * (91), station counts (92), a station's display name (93) and its brand and
+ * model (94).
+ *
+ * Every key is optional on the way in and no value is refused. */
+#include "blobxlate.h"
+#include "core/codec.h"
+
+namespace {
+
+using bx::Field;
+
+/* The key policy of a field table, built at compile time, in table order. */
+template <size_t N>
+struct FieldPolicy {
+    blobmsg_policy entries[N];
+};
+
+template <size_t N>
+constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
+{
+    FieldPolicy<N> out{};
+    for (size_t i = 0; i < N; ++i)
+        out.entries[i] = blobmsg_policy{fields[i].key, bx::wire_type(fields[i].how)};
+    return out;
+}
+
+/* ---- One station ----------------------------------------------------------- */
+
+/* The station's keys in the order they are parsed and traced. The labels
+ * shared by several keys ("ballowstorage", "rxbytes") are what the daemons'
+ * logs have always shown. */
+enum {
+    STA_MAC, STA_HOSTNAME, STA_NAME, STA_IP, STA_UPMAC, STA_LINKTYPE, STA_PORT, STA_SSID,
+    STA_ISONLINE, STA_ONLINETIME, STA_ONOFFTIMESTAMP, STA_VMAC, STA_IPV6, STA_TYPE, STA_BRAND,
+    STA_MODEL, STA_RXRATE, STA_TXRATE, STA_RSSI, STA_WEAKRSSI, STA_RXNEGRATE, STA_TXNEGRATE,
+    STA_DUPLEX, STA_ALLOWSTORAGE, STA_ALLOWINTERNET, STA_ALLOWWIFI, STA_MACSTATUS, STA_FROMWIFI6,
+    STA_RXBYTES, STA_TXBYTES, STA_RXPACKETS, STA_TXPACKETS, STA_TXRETRYPACKETS,
+    STA_RXRETRYPACKETS, STA_TXFAILEDPACKETS, STA_RXFAILEDPACKETS, STA_TXDISCARD,
+    STA_MAX
+};
+constexpr Field kStaEntry[STA_MAX] = {
+    BX_TEXT(StaEntry, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaEntry, szHostName, "hostname", "hostname:%s"),
+    BX_TEXT(StaEntry, szName, "name", "name:%s"),
+    BX_TEXT(StaEntry, szIp, "ip", "ip:%s"),
+    BX_TEXT(StaEntry, szUpMac, "upmac", "upmac:%s"),
+    BX_WORD(StaEntry, eLinkType, EnumAccessMedium, "linktype", "linktype:%d"),
+    BX_U32(StaEntry, uiPort, "port", "port:%u"),
+    BX_TEXT(StaEntry, szSsid, "ssid", "ssid:%s"),
+    BX_WORD(StaEntry, bIsOnline, EnumBoolean, "isonline", "isonline:%d"),
+    BX_S32(StaEntry, iOnlineTime, "onlinetime", "onlinetime:%d"),
+    BX_U32(StaEntry, uiOnOffTimestamp, "onofftimestamp", "onofftimestamp:%u"),
+    BX_TEXT(StaEntry, szVmac, "vmac", "vmac:%s"),
+    BX_TEXT(StaEntry, szIpv6, "ipv6", "ipv6:%s"),
+    BX_WORD(StaEntry, eType, EnumDeviceOs, "type", "type:%d"),
+    BX_TEXT(StaEntry, szBrand, "brand", "brand:%s"),
+    BX_TEXT(StaEntry, szModel, "model", "model:%s"),
+    BX_U32(StaEntry, uiRxRate, "rxrate", "rxrate:%u"),
+    BX_U32(StaEntry, uiTxRate, "txrate", "txrate:%u"),
+    BX_S32(StaEntry, iRssi, "rssi", "rssi:%d"),
+    BX_S32(StaEntry, iWeakRssi, "weakrssi", "iWeakRssi:%d"),
+    BX_U32(StaEntry, uiRxNegRate, "rxnegrate", "rxnegrate:%u"),
+    BX_U32(StaEntry, uiTxNegRate, "txnegrate", "txnegrate:%u"),
+    BX_WORD(StaEntry, eDuplex, EnumDuplex, "duplex", "duplex:%u"),
+    BX_WORD(StaEntry, bAllowStorage, EnumBoolean, "allowstorage", "ballowstorage:%u"),
+    BX_WORD(StaEntry, bAllowInternet, EnumBoolean, "allowinternet", "ballowstorage:%u"),  /* shared label */
+    BX_WORD(StaEntry, bAllowWifi, EnumBoolean, "allowwifi", "ballowstorage:%u"),          /* shared label */
+    BX_U32(StaEntry, eMacStatus, "macstatus", "emacstatus:%u"),
+    BX_WORD(StaEntry, bFromWifi6, EnumBoolean, "fromwifi6", "fromwifi6:%u"),
+    BX_U64(StaEntry, uiRxBytes, "rxbytes", "rxbytes:%llu"),
+    BX_U64(StaEntry, uiTxBytes, "txbytes", "rxbytes:%llu"),  /* shared label */
+    BX_U64(StaEntry, uiRxPackets, "rxpackets", "rxpackets:%llu"),
+    BX_U64(StaEntry, uiTxPackets, "txpackets", "txpackets:%llu"),
+    BX_U64(StaEntry, uiTxRetryPackets, "txretrypackets", "uiTxRetryPackets:%llu"),
+    BX_U64(StaEntry, uiRxRetryPackets, "rxretrypackets", "uiRxRetryPackets:%llu"),
+    BX_U64(StaEntry, uiTxFailedPackets, "txfailedpackets", "uiTxFailedPackets:%llu"),
+    BX_U64(StaEntry, uiRxFailedPackets, "rxfailedpackets", "uiRxFailedPackets:%llu"),
+    BX_U64(StaEntry, uiTxDiscard, "txdiscard", "uiTxDiscard:%llu"),
+};
+
+/* Shared by the station list's elements and the lookup by MAC address. */
+constexpr auto g_stStaList_Array_policy = policy_of(kStaEntry);
+
+/* The station's keys as they go out: the policy's order, except that
+ * "fromwifi6" goes out before "macstatus". */
+void emit_entry(const StaEntry *entry, blob_buf *buf)
+{
+    for (size_t slot = 0; slot < STA_MACSTATUS; ++slot)
+        bx::emit_field(kStaEntry[slot], entry, buf);
+    bx::emit_field(kStaEntry[STA_FROMWIFI6], entry, buf);
+    bx::emit_field(kStaEntry[STA_MACSTATUS], entry, buf);
+    for (size_t slot = STA_FROMWIFI6 + 1; slot < STA_MAX; ++slot)
+        bx::emit_field(kStaEntry[slot], entry, buf);
+}
+
+/* Stores every present key of one station, in policy order. `list` is the
+ * station list's array when the entry is one of its elements: each stored
+ * "mac" is then preceded by the addresses of the array's first two entries
+ * (only printed, never read). */
+void fill_entry(const char *func, blob_attr *const (&tb)[STA_MAX], StaEntry *entry, const StaEntry *list)
+{
+    for (size_t slot = 0; slot < STA_MAX; ++slot) {
+        if (!bx::present(g_stStaList_Array_policy.entries, tb, slot))
+            continue;
+        if (slot == STA_MAC && list != nullptr) {
+            BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[0] = %p\n", static_cast<const void *>(&list[0]));
+            BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[1] = %p\n", static_cast<const void *>(&list[1]));
+        }
+        bx::store_field(func, kStaEntry[slot], tb[slot], entry);
+    }
+}
+
+/* ---- The small messages -------------------------------------------------------- */
+
+constexpr Field kStaMac[] = {
+    BX_TEXT(StaMac, szMac, "mac", "mac:%s"),
+};
+
+constexpr Field kStaTraffic[] = {
+    BX_TEXT(StaTraffic, szMac, "mac", "mac:%s"),
+    BX_U32(StaTraffic, uiTxBytes, "txbytes", "txbytes:%lu"),
+    BX_U32(StaTraffic, uiRxBytes, "rxbytes", "rxbytes:%u"),
+    BX_U32(StaTraffic, uiTxPackets, "txpackets", "txpackets:%u"),
+    BX_U32(StaTraffic, uiRxPackets, "rxpackets", "rxpackets:%u"),
+    BX_U32(StaTraffic, uiTxErrors, "txerrors", "txerrors:%u"),
+    BX_U32(StaTraffic, uiRxErrors, "rxerrors", "rxerrors:%u"),
+};
+
+constexpr Field kStaNum[] = {
+    BX_U32(StaNum, uiCountAll, "countall", "countall:%d"),
+    BX_U32(StaNum, uiCountOnline, "countonline", "countonline:%u"),
+    BX_U32(StaNum, uiCountWired, "countwired", "countwired:%u"),
+    BX_U32(StaNum, uiCount2p4g, "count2p4g", "count2p4g:%u"),
+    BX_U32(StaNum, uiCount5g, "count5g", "count5g:%u"),
+};
+
+constexpr Field kStaName[] = {
+    BX_TEXT(StaName, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaName, szName, "name", "name:%s"),
+};
+
+enum { MODEL_MAC, MODEL_BRAND, MODEL_MODEL, MODEL_MAX };
+constexpr Field kStaModel[MODEL_MAX] = {
+    BX_TEXT(StaModel, szMac, "mac", "mac:%s"),
+    BX_TEXT(StaModel, szBrand, "brand", "brand:%s"),
+    BX_TEXT(StaModel, szModel, "model", "model:%s"),
+};
+constexpr auto kStaModelPolicy = policy_of(kStaModel);
+
+} // namespace
+
+extern "C" {
+
+/* ---- The station list (88) ---------------------------------------------------- */
+
+BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const StaListInfo *>(pvRecord);
+    blobmsg_add_u32(pstBuf, "count", rec->uiStaNumofEsps);
+    void *list = blobmsg_open_array(pstBuf, "stalist");
+    /* The count is the caller's array's length; without an array there is
+     * nothing to read. */
+    uint32_t count = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
+    for (uint32_t i = 0; i < count; ++i) {
+        void *table = blobmsg_open_table(pstBuf, nullptr);
+        emit_entry(&rec->pstListInfo[i], pstBuf);
+        blob_nest_end(pstBuf, table);
+    }
+    blob_nest_end(pstBuf, list);
+    return 0;
+}
+
+BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
+{
+    enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
+    static const blobmsg_policy policy[LIST_MAX] = {
+        /* LIST_COUNT   */ {"count", BLOBMSG_TYPE_INT32},
+        /* LIST_STALIST */ {"stalist", BLOBMSG_TYPE_ARRAY},
+    };
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<StaListInfo *>(pvRecord);
+    /* The caller's count is the capacity of its array, taken before
+     * anything else; a missing array offers no room at all. */
+    const uint32_t capacity = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
+    blob_attr *tb[LIST_MAX];
+    bx::parse(policy, tb, pstMsg);
+    /* The sender's count is only traced, never stored: the record's count
+     * stays the capacity the caller gave. */
+    if (bx::present(policy, tb, LIST_COUNT))
+        BX_TRACE("uiStaNumofEsps: %d\n", bx::get_s32(tb[LIST_COUNT]));
+    if (!bx::present(policy, tb, LIST_STALIST))
+        return 0;
+
+    const char *func = __func__;
+    uint32_t filled = 0;
+    bx::for_each_elem(tb[LIST_STALIST], [&](blob_attr *elem) {
+        BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_1\n");
+        /* A full array ends the walk; the stations beyond it are dropped. */
+        if (filled >= capacity) {
+            BX_TRACE_AS(func, "blobmsg parse failed\n");
+            return false;
+        }
+        BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n");
+        blob_attr *entry_tb[STA_MAX];
+        bx::parse_elem(g_stStaList_Array_policy.entries, entry_tb, elem);
+        BX_TRACE_AS(func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
+        fill_entry(func, entry_tb, &rec->pstListInfo[filled], rec->pstListInfo);
+        /* Every element uses up one entry, even one without any key. */
+        ++filled;
+        return true;
+    });
+    return 0;
+}
+
+/* ---- One station by MAC address (89) -------------------------------------------- */
+
+BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    emit_entry(static_cast<const StaEntry *>(pvRecord), pstBuf);
+    return 0;
+}
+
+BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord)
+{
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    blob_attr *tb[STA_MAX];
+    bx::parse(g_stStaList_Array_policy.entries, tb, pstMsg);
+    fill_entry(__func__, tb, static_cast<StaEntry *>(pvRecord), nullptr);
+    return 0;
+}
+
+/* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */
+
+BX_FIELD_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
+
+/* ---- Per-station traffic (91) --------------------------------------------------- */
+
+BX_FIELD_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
+
+/* ---- Station counts (92) --------------------------------------------------------- */
+
+BX_FIELD_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
+
+/* ---- Display name (93) ------------------------------------------------------------ */
+
+BX_FIELD_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
+
+/* ---- Brand and model (94) ------------------------------------------------------- */
+
+/* The texts go out only when uiFlag marks them valid. */
+BX_API int STJ_StaModel(const void *pvRecord, struct blob_buf *pstBuf)
+{
+    if (pvRecord == nullptr || pstBuf == nullptr)
+        return -1;
+    const auto *rec = static_cast<const StaModel *>(pvRecord);
+    bx::emit_field(kStaModel[MODEL_MAC], rec, pstBuf);
+    if (rec->uiFlag & STA_MODEL_BRAND_VALID)
+        bx::emit_field(kStaModel[MODEL_BRAND], rec, pstBuf);
+    if (rec->uiFlag & STA_MODEL_MODEL_VALID)
+        bx::emit_field(kStaModel[MODEL_MODEL], rec, pstBuf);
+    return 0;
+}
+
+/* Storing a text marks it valid; the other bits stay as the caller set them. */
+BX_API int JTS_StaModel(struct blob_attr *pstMsg, void *pvRecord)
+{
+    static constexpr uint32_t valid_bit[MODEL_MAX] = {0, STA_MODEL_BRAND_VALID, STA_MODEL_MODEL_VALID};
+    if (pstMsg == nullptr || pvRecord == nullptr)
+        return -1;
+    auto *rec = static_cast<StaModel *>(pvRecord);
+    blob_attr *tb[MODEL_MAX];
+    bx::parse(kStaModelPolicy.entries, tb, pstMsg);
+    for (size_t slot = 0; slot < MODEL_MAX; ++slot) {
+        if (!bx::present(kStaModelPolicy.entries, tb, slot))
+            continue;
+        bx::store_field(__func__, kStaModel[slot], tb[slot], rec);
+        rec->uiFlag |= valid_bit[slot];
+    }
+    return 0;
+}
+
+} // extern "C"
