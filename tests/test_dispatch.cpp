@@ -8,8 +8,6 @@
 
 #include "support.h"
 
-extern "C" size_t bxtest_c_sizeof_RetParam(void);
-extern "C" size_t bxtest_c_sizeof_MessageTransEntry(void);
 
 using bxtest::Msg;
 using bxtest::TraceCapture;
@@ -207,12 +205,6 @@ TEST(Trace, FailedConverterIsReportedByTheDispatcher)
     rec.espResult = 5;
     EXPECT_EQ(STRUCT_TRANS_JSON(MSG_RET, &rec, buf.get()), 0);
     EXPECT_THAT(cap.take(), ElementsAre("STRUCT_TRANS_JSON: Struct To Json: [Ret] \n\n"));
-}
-
-TEST(Header, CompilesAsCWithTheSameLayout)
-{
-    EXPECT_EQ(bxtest_c_sizeof_RetParam(), sizeof(RetParam));
-    EXPECT_EQ(bxtest_c_sizeof_MessageTransEntry(), sizeof(MessageTransEntry));
 }
 
 } // namespace
