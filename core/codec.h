@@ -260,6 +260,22 @@ constexpr enum blobmsg_type wire_type(Kind how)
          : BLOBMSG_TYPE_STRING;
 }
 
+/* The key policy of a field table, built at compile time, in table order,
+ * for converters that parse once and then walk the slots themselves. */
+template <size_t N>
+struct FieldPolicy {
+    blobmsg_policy entries[N];
+};
+
+template <size_t N>
+constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
+{
+    FieldPolicy<N> out{};
+    for (size_t i = 0; i < N; ++i)
+        out.entries[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
+    return out;
+}
+
 } // namespace bx
 
 #endif

@@ -11,21 +11,6 @@ namespace {
 
 using bx::Field;
 
-/* The key policy of a field table, built at compile time, in table order. */
-template <size_t N>
-struct FieldPolicy {
-    blobmsg_policy entries[N];
-};
-
-template <size_t N>
-constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
-{
-    FieldPolicy<N> out{};
-    for (size_t i = 0; i < N; ++i)
-        out.entries[i] = blobmsg_policy{fields[i].key, bx::wire_type(fields[i].how)};
-    return out;
-}
-
 /* The port's type and number open every per-port message. */
 #define PORT_ID_FIELDS(Rec)                                              \
     BX_WORD(Rec, eType, EnumPortType, "type", "type:%d"),                \
@@ -55,7 +40,7 @@ constexpr Field kPortTraffic[TRAFFIC_MAX] = {
     BX_U64(PortTraffic, ulTxDrops, "txdrops", "txdrops:%lld"),
     BX_U64(PortTraffic, ulRxDrops, "rxdrops", "rxdrops:%lld"),
 };
-constexpr auto kPortTrafficPolicy = policy_of(kPortTraffic);
+constexpr auto kPortTrafficPolicy = bx::policy_of(kPortTraffic);
 
 constexpr Field kPortRate[] = {
     PORT_ID_FIELDS(PortRate),

@@ -11,21 +11,6 @@ namespace {
 
 using bx::Field;
 
-/* The key policy of a field table, built at compile time, in table order. */
-template <size_t N>
-struct FieldPolicy {
-    blobmsg_policy entries[N];
-};
-
-template <size_t N>
-constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
-{
-    FieldPolicy<N> out{};
-    for (size_t i = 0; i < N; ++i)
-        out.entries[i] = blobmsg_policy{fields[i].key, bx::wire_type(fields[i].how)};
-    return out;
-}
-
 /* ---- One station ----------------------------------------------------------- */
 
 /* The station's keys in the order they are parsed and traced. The labels
@@ -81,7 +66,7 @@ constexpr Field kStaEntry[STA_MAX] = {
 };
 
 /* Shared by the station list's elements and the lookup by MAC address. */
-constexpr auto g_stStaList_Array_policy = policy_of(kStaEntry);
+constexpr auto g_stStaList_Array_policy = bx::policy_of(kStaEntry);
 
 /* The station's keys as they go out: the policy's order, except that
  * "fromwifi6" goes out before "macstatus". */
@@ -147,7 +132,7 @@ constexpr Field kStaModel[MODEL_MAX] = {
     BX_TEXT(StaModel, szBrand, "brand", "brand:%s"),
     BX_TEXT(StaModel, szModel, "model", "model:%s"),
 };
-constexpr auto kStaModelPolicy = policy_of(kStaModel);
+constexpr auto kStaModelPolicy = bx::policy_of(kStaModel);
 
 } // namespace
 
