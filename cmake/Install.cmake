@@ -38,5 +38,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cm
 install(FILES ${PROJECT_BINARY_DIR}/blobxlateConfig.cmake ${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cmake
   DESTINATION ${BLOBXLATE_CMAKE_DIR})
 
+# The prefix relative to the .pc file, so that the installed tree can move.
+file(RELATIVE_PATH BLOBXLATE_PC_UP "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 configure_file(cmake/blobxlate.pc.in ${PROJECT_BINARY_DIR}/blobxlate.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/blobxlate.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
