@@ -266,7 +266,7 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     walk_ap_list(func, policy, tb[APQ_APINFO], rec->uiCount, [&](blob_attr *(&etb)[APQ_MAX], uint32_t n) {
         RoamingApInfoRec &ap = rec->astApInfo[n];
-        if (bx::present(policy, etb, APQ_BSSID)) {
+        if (bx::present(policy, etb, APQ_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APQ_BSSID]);
             BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
         }
@@ -309,7 +309,7 @@ BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     walk_ap_list(func, policy, tb[APR_APRSSI], rec->uiCount, [&](blob_attr *(&etb)[APR_MAX], uint32_t n) {
         RoamingApRssiRec &ap = rec->astApRssi[n];
-        if (bx::present(policy, etb, APR_BSSID)) {
+        if (bx::present(policy, etb, APR_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APR_BSSID]);
             BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
         }

@@ -195,7 +195,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[BTX_LIST]);
+        bx::vsie::parse_member(policy, el, cur, tb[BTX_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         if (bx::present(policy, el, BTX_IDX)) {
             entry.uiIdx = bx::get_u32(el[BTX_IDX]);
             BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
