@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include <gtest/gtest.h>
+
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
@@ -119,6 +121,34 @@ std::string stj_typed(int type, const void *record, int *ret)
     if (ret != nullptr)
         *ret = r;
     return buf.typed();
+}
+
+void expect_converter_rows(const ConverterRow *rows, size_t count, void *record)
+{
+    auto find = [](const MessageTransEntry *table, int n, int type) -> const MessageTransEntry * {
+        for (int i = 0; i < n; ++i)
+            if (table[i].id == type)
+                return &table[i];
+        return nullptr;
+    };
+    Msg msg("{}");
+    Buf buf;
+    for (size_t i = 0; i < count; ++i) {
+        const ConverterRow &row = rows[i];
+        SCOPED_TRACE(row.type);
+        const MessageTransEntry *stj = find(g_astStructToJson_Func, g_iStructToJson_FuncNum, row.type);
+        const MessageTransEntry *jts = find(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, row.type);
+        ASSERT_TRUE(stj != nullptr && jts != nullptr);
+        EXPECT_STREQ(stj->name, row.stj_name);
+        EXPECT_EQ(stj->converter.toJson, row.stj);
+        EXPECT_STREQ(jts->name, row.jts_name);
+        EXPECT_EQ(jts->converter.toStruct, row.jts);
+        EXPECT_EQ(row.stj(nullptr, buf.get()), -1);
+        EXPECT_EQ(row.stj(record, nullptr), -1);
+        EXPECT_EQ(row.jts(nullptr, record), -1);
+        EXPECT_EQ(row.jts(msg, nullptr), -1);
+    }
+    EXPECT_EQ(buf.typed(), "");
 }
 
 bool run_tool(int type, const std::string &json_text, ToolResult &result)

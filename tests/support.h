@@ -52,6 +52,24 @@ std::string stj_typed(int type, const void *record, int *ret = nullptr);
 // The same, as compact JSON.
 std::string stj_json(int type, const void *record, int *ret = nullptr);
 
+// One message type's converters as the dispatch tables must hold them.
+struct ConverterRow {
+    int type;
+    const char *stj_name, *jts_name;
+    StructToJsonFunc stj;
+    JsonToStructFunc jts;
+};
+
+// Checks that each type's rows carry its name texts and converters, and that
+// each converter refuses null arguments (given a record large enough for it)
+// without adding to a buffer.
+void expect_converter_rows(const ConverterRow *rows, size_t count, void *record);
+template <size_t N>
+void expect_converter_rows(const ConverterRow (&rows)[N], void *record)
+{
+    expect_converter_rows(rows, N, record);
+}
+
 // Runs the blobxlate program on a message (JSON text) of the given type.
 // Returns false when the program is not built (the test then skips).
 struct ToolResult {

@@ -384,13 +384,7 @@ TEST(QosList, RuleParseSpanReachesPastTheElementButNotPastTheMessage)
 
 TEST(QosRows, EachTypeReachesItsConverters)
 {
-    struct Row {
-        int type;
-        const char *stj_name, *jts_name;
-        StructToJsonFunc stj;
-        JsonToStructFunc jts;
-    };
-    const Row rows[] = {
+    const bxtest::ConverterRow rows[] = {
         {MSG_QOS, "QoS", "QoS", STJ_QoS, JTS_QoS},
         {MSG_DSCP, "Dscp", "Dscp", STJ_Dscp, JTS_Dscp},
         {MSG_8021P, "8021p", "8021p", STJ_8021p, JTS_8021p},
@@ -405,29 +399,8 @@ TEST(QosRows, EachTypeReachesItsConverters)
         {MSG_QOS_CLASSIFICATION_GET, "Qos_Classification_Get", "Qos_Classification_Get", STJ_Qos_Classification_Get,
          JTS_Qos_Classification_Get},
     };
-    auto find = [](const MessageTransEntry *table, int count, int type) {
-        const MessageTransEntry *end = table + count;
-        const MessageTransEntry *row = std::find_if(table, end, [type](const MessageTransEntry &e) { return e.id == type; });
-        return row == end ? nullptr : row;
-    };
     QosClassRuleList rec{};
-    Msg msg("{}");
-    bxtest::Buf buf;
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.type);
-        const MessageTransEntry *stj = find(g_astStructToJson_Func, g_iStructToJson_FuncNum, row.type);
-        const MessageTransEntry *jts = find(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, row.type);
-        ASSERT_TRUE(stj != nullptr && jts != nullptr);
-        EXPECT_STREQ(stj->name, row.stj_name);
-        EXPECT_EQ(stj->converter.toJson, row.stj);
-        EXPECT_STREQ(jts->name, row.jts_name);
-        EXPECT_EQ(jts->converter.toStruct, row.jts);
-        EXPECT_EQ(row.stj(nullptr, buf.get()), -1);
-        EXPECT_EQ(row.stj(&rec, nullptr), -1);
-        EXPECT_EQ(row.jts(nullptr, &rec), -1);
-        EXPECT_EQ(row.jts(msg, nullptr), -1);
-    }
-    EXPECT_EQ(buf.typed(), "");
+    bxtest::expect_converter_rows(rows, &rec);
 }
 
 TEST(QosTool, RoundTrips)

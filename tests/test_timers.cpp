@@ -302,13 +302,7 @@ TEST(Iptv, FillsTwoSlotsAndStopsAtAThird)
 
 TEST(TimerRows, EachTypeReachesItsConverters)
 {
-    struct Row {
-        int type;
-        const char *stj_name, *jts_name;
-        StructToJsonFunc stj;
-        JsonToStructFunc jts;
-    };
-    const Row rows[] = {
+    const bxtest::ConverterRow rows[] = {
         {MSG_REBOOT_TIMER, "RebootTimer", "RebootTimer", STJ_RebootTimer, JTS_RebootTimer},
         {MSG_WIFI_TIMER_SET, "WifiTimerset", "WifiTimer", STJ_WifiTimer_Set, JTS_WifiTimer_Set},
         {MSG_WIFI_TIMER, "WifiTimer", "WifiTimer", STJ_WifiTimer_List, JTS_WifiTimer_Get},
@@ -319,29 +313,8 @@ TEST(TimerRows, EachTypeReachesItsConverters)
         {MSG_PERIOD_RATE_GET, "PeriodRateGet", "PeriodRateGet", STJ_PeriodRate_Get, JTS_PeriodRate_Get},
         {MSG_IPTV, "Iptv", "Iptv", STJ_IPTV, JTS_IPTV},
     };
-    auto find = [](const MessageTransEntry *table, int count, int type) {
-        const MessageTransEntry *end = table + count;
-        const MessageTransEntry *row = std::find_if(table, end, [type](const MessageTransEntry &e) { return e.id == type; });
-        return row == end ? nullptr : row;
-    };
     RateLimitList rec{};
-    Msg msg("{}");
-    bxtest::Buf buf;
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.type);
-        const MessageTransEntry *stj = find(g_astStructToJson_Func, g_iStructToJson_FuncNum, row.type);
-        const MessageTransEntry *jts = find(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, row.type);
-        ASSERT_TRUE(stj != nullptr && jts != nullptr);
-        EXPECT_STREQ(stj->name, row.stj_name);
-        EXPECT_EQ(stj->converter.toJson, row.stj);
-        EXPECT_STREQ(jts->name, row.jts_name);
-        EXPECT_EQ(jts->converter.toStruct, row.jts);
-        EXPECT_EQ(row.stj(nullptr, buf.get()), -1);
-        EXPECT_EQ(row.stj(&rec, nullptr), -1);
-        EXPECT_EQ(row.jts(nullptr, &rec), -1);
-        EXPECT_EQ(row.jts(msg, nullptr), -1);
-    }
-    EXPECT_EQ(buf.typed(), "");
+    bxtest::expect_converter_rows(rows, &rec);
 }
 
 TEST(TimerTool, RoundTrips)
