@@ -185,10 +185,7 @@ void store_fields(const char *func, void *data, size_t len, void *record, const 
     for (size_t i = 0; i < count; ++i)
         policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
     blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(len));
-    for (size_t i = 0; i < count; ++i) {
-        if (JTS_CheckBlobAttr(fields[i].key, tb[i]))
-            store_field(func, fields[i], tb[i], record);
-    }
+    store_present(func, fields, count, tb, record);
 }
 
 } // namespace

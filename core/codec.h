@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "blobxlate.h"
 #include "core/trace.h"
@@ -69,6 +70,26 @@ void copy_text(char *dst, size_t bound, blob_attr *attr);
 /* The number of an enumeration word. */
 inline int get_word(int kind, blob_attr *attr) { return PARATRANS_String_To_Int(kind, get_text(attr)); }
 
+/* A count from a record or a message, held to the array it counts. */
+constexpr uint32_t at_most(uint32_t count, size_t capacity)
+{
+    return count < capacity ? count : static_cast<uint32_t>(capacity);
+}
+
+/* A text array with a terminator after its last byte, for traces and
+ * members: a text that fills its whole array has none of its own. */
+template <size_t N>
+struct Shown {
+    char text[N + 1];
+};
+template <size_t N>
+inline Shown<N> shown(const char (&field)[N])
+{
+    Shown<N> s{};
+    std::memcpy(s.text, field, strnlen(field, N));
+    return s;
+}
+
 /* ---- Walking lists -------------------------------------------------------- */
 
 /* Calls fn(elem) for each element of an ARRAY or TABLE attribute, in order,
@@ -99,6 +120,14 @@ inline unsigned for_each_elem(blob_attr *list, Fn fn)
 inline int add_word(blob_buf *buf, const char *key, int kind, uint32_t value)
 {
     return blobmsg_add_string(buf, key, PARATRANS_Int_To_String(kind, static_cast<int>(value)));
+}
+
+/* A text array of the record as a STRING member (a null key adds an array
+ * element), never read past the array. */
+template <size_t N>
+inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
+{
+    return blobmsg_add_string(buf, key, shown(text).text);
 }
 
 /* ---- Traces whose format comes from a table --------------------------------- */
@@ -163,8 +192,19 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, const Fiel
     return jts_fields(func, msg, record, fields, N);
 }
 
+/* Stores every present field of a table whose attributes were parsed into
+ * tb (tb[i] belongs to fields[i]); an absent one is traced by
+ * JTS_CheckBlobAttr and left as the caller set it. */
 /* Stores one present attribute as field f of the record and traces it. */
 void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
+
+inline void store_present(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record)
+{
+    for (size_t i = 0; i < count; ++i) {
+        if (JTS_CheckBlobAttr(fields[i].key, tb[i]))
+            store_field(func, fields[i], tb[i], record);
+    }
+}
 /* Emits field f of the record. */
 void emit_field(const Field &f, const void *record, blob_buf *buf);
 

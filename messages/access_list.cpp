@@ -11,7 +11,7 @@ namespace {
 
 using bx::Field;
 using bx::wifi::add_tables;
-using bx::wifi::at_most;
+using bx::at_most;
 
 /* ---- 54: deassociation ------------------------------------------------------ */
 
@@ -61,7 +61,7 @@ BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBu
     void *macs = blobmsg_open_array(pstBuf, "macs");
     /* The count is the caller's word: slots past the record's 32 are never read. */
     for (uint32_t i = 0; i < at_most(rec->uiCount, BX_WIFI_DEASSOC_MAC_MAX); ++i)
-        bx::wifi::add_text(pstBuf, nullptr, rec->aszMac[i]);
+        bx::add_text(pstBuf, nullptr, rec->aszMac[i]);
     blob_nest_end(pstBuf, macs);
     return 0;
 }

@@ -265,7 +265,7 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     blob_attr *tb[HW_MAX];
     blobmsg_parse(g_stHwInfo_policy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
-    bx::sys::store_present(__func__, kHwHead, kHeadCount, tb, rec);
+    bx::store_present(__func__, kHwHead, kHeadCount, tb, rec);
     if (JTS_CheckBlobAttr("lanmaxrate", tb[HW_LANMAXRATE])) {
         /* Four slots from auiLanMaxRate: the fourth is uiWanPortsMax. */
         store_rates(tb[HW_LANMAXRATE], rec, offsetof(HwInfoParam, auiLanMaxRate), kLanRateSlots,
@@ -276,7 +276,7 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
         store_rates(tb[HW_WANMAXRATE], rec, offsetof(HwInfoParam, auiWanMaxRate), kWanRateSlots,
                     [func](unsigned n, uint32_t rate) { BX_TRACE_AS(func, "wan port[%d]: %dMbps\n", n, rate); });
     }
-    bx::sys::store_present(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec);
+    bx::store_present(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec);
     return 0;
 }
 

@@ -17,6 +17,9 @@
 
 namespace {
 
+using bx::add_text;
+using bx::shown;
+
 /* ---- Policies ------------------------------------------------------------ */
 
 enum {
@@ -96,20 +99,6 @@ void parse_element(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_
     size_t span = blob_len(elem);
     size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
     blobmsg_parse(policy, static_cast<int>(N), tb, data, static_cast<unsigned>(std::min(span, room)));
-}
-
-/* A text field as the traces print it: a field that fills its whole array
- * has no terminator of its own, so at most the array is shown. */
-template <size_t N>
-struct Shown {
-    char text[N + 1];
-};
-template <size_t N>
-Shown<N> shown(const char (&field)[N])
-{
-    Shown<N> s{};
-    std::memcpy(s.text, field, strnlen(field, N));
-    return s;
 }
 
 void read_idx(const char *func, blob_attr *attr, uint32_t &idx)
@@ -312,12 +301,6 @@ int read_reply(const char *func, const blobmsg_policy (&policy)[N], size_t idx_s
 }
 
 /* ---- Writing ------------------------------------------------------------------ */
-
-template <size_t N>
-void add_text(blob_buf *buf, const char *key, const char (&field)[N])
-{
-    blobmsg_add_string(buf, key, shown(field).text);
-}
 
 /* Unnamed strings from the first slot up to the first empty one. */
 void add_texts(blob_buf *buf, const char *key, const char (&slots)[FILTER_TEXT_NUM][FILTER_TEXT_LEN])

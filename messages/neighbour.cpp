@@ -11,7 +11,7 @@ namespace {
 
 using bx::Field;
 using bx::wifi::add_tables;
-using bx::wifi::at_most;
+using bx::at_most;
 
 /* ---- 77, 80: the radio alone ------------------------------------------------ */
 

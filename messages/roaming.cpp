@@ -19,8 +19,8 @@ namespace {
 
 using bx::Field;
 using bx::wifi::add_tables;
-using bx::wifi::add_text;
-using bx::wifi::at_most;
+using bx::add_text;
+using bx::at_most;
 
 /* A MAC written without separators. */
 constexpr size_t kBareMacLen = 12;

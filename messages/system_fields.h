@@ -8,17 +8,6 @@
 
 namespace bx::sys {
 
-/* Stores every present field of `fields`, whose attributes a caller has
- * already parsed into tb (tb[i] belongs to fields[i]); each absent one is
- * traced by JTS_CheckBlobAttr and left as the caller set it. */
-inline void store_present(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record)
-{
-    for (size_t i = 0; i < count; ++i) {
-        if (JTS_CheckBlobAttr(fields[i].key, tb[i]))
-            store_field(func, fields[i], tb[i], record);
-    }
-}
-
 /* A message of one field that must be there: without it the message is
  * refused (-1) after JTS_CheckBlobAttr's trace and, when given, the
  * message's own `refusal` line (which carries its line end). */

@@ -11,7 +11,7 @@
 
 namespace {
 
-using bx::vsie::capped;
+using bx::at_most;
 
 /* ---- Limits (type 140) ----------------------------------------------------- */
 
@@ -83,7 +83,7 @@ void emit_entry(blob_buf *buf, const VsieBeaconTxEntry &entry, size_t first)
 {
     for (size_t i = first; i < std::size(kEntryFields); ++i)
         bx::emit_field(kEntryFields[i], &entry, buf);
-    bx::vsie::add_bytes(buf, "iedata", entry.auiIeData, capped(entry.uiLen, VSIE_IEDATA_MAX));
+    bx::vsie::add_bytes(buf, "iedata", entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX));
 }
 
 /* Stores the numbers of an "iedata" array, one per slot, until the entry
@@ -92,7 +92,7 @@ void emit_entry(blob_buf *buf, const VsieBeaconTxEntry &entry, size_t first)
 template <typename Stored>
 void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
 {
-    bx::vsie::store_numbers(entry.auiIeData, capped(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
+    bx::vsie::store_numbers(entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
 }
 
 } // namespace
@@ -159,7 +159,7 @@ BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
     const auto *rec = static_cast<const VsieBeaconTxList *>(pvRecord);
     blobmsg_add_u32(pstBuf, "count", rec->uiCount);
     void *list = blobmsg_open_array(pstBuf, "list");
-    for (size_t n = 0; n < capped(rec->uiCount, VSIE_BEACONTX_LIST_MAX); ++n) {
+    for (size_t n = 0; n < at_most(rec->uiCount, VSIE_BEACONTX_LIST_MAX); ++n) {
         void *entry = blobmsg_open_table(pstBuf, nullptr);
         emit_entry(pstBuf, rec->astEntry[n], BTX_IDX);
         blob_nest_end(pstBuf, entry);
@@ -202,7 +202,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         if (bx::present(policy, el, BTX_SERVICENAME)) {
             bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
-            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::vsie::Text(entry.szServiceName).s);
+            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
         }
         if (bx::present(policy, el, BTX_SSIDIDX)) {
             entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);

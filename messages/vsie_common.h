@@ -64,27 +64,6 @@ inline void add_bytes(blob_buf *buf, const char *key, const T *bytes, size_t cou
     blob_nest_end(buf, array);
 }
 
-/* Counts that come from a record are trusted up to the array they count:
- * never read past the record. */
-inline size_t capped(uint32_t count, size_t capacity) { return count < capacity ? count : capacity; }
-
-/* A text array that a full-size copy may have left unterminated, as a
- * terminated text for a trace or a STRING member. */
-template <size_t N>
-struct Text {
-    char s[N + 1];
-    explicit Text(const char (&field)[N])
-    {
-        std::memcpy(s, field, N);
-        s[N] = 0;
-    }
-};
-
-inline void add_text(blob_buf *buf, const char *key, const auto &field)
-{
-    blobmsg_add_string(buf, key, Text(field).s);
-}
-
 } // namespace bx::vsie
 
 #endif

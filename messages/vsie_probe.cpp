@@ -10,9 +10,8 @@
 namespace {
 
 using bx::vsie::add_bytes;
-using bx::vsie::capped;
+using bx::at_most;
 using bx::vsie::low_byte;
-using bx::vsie::Text;
 
 /* Every probe-receive message (types 145 to 149), and every element of its
  * "list" and "record" arrays, is read against this policy (the index message
@@ -65,9 +64,9 @@ void *open_entry(blob_buf *buf) { return blobmsg_open_table(buf, nullptr); }
  * stays behind. */
 void emit_record(blob_buf *buf, const VsieProbeRxRecord &rec)
 {
-    bx::vsie::add_text(buf, "mac", rec.szMac);
+    bx::add_text(buf, "mac", rec.szMac);
     bx::add_word(buf, "band", EnumBand, rec.uiBand);
-    add_bytes(buf, "vsie", rec.aucVsie, capped(rec.uiVsieLen, VSIE_PAYLOAD_MAX));
+    add_bytes(buf, "vsie", rec.aucVsie, at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX));
 }
 
 /* A probe-response entry as a list sends it (`whole`), or as an added entry
@@ -76,10 +75,10 @@ void emit_response(blob_buf *buf, const VsieProbeRespEntry &entry, bool whole)
 {
     if (whole)
         blobmsg_add_u32(buf, "idx", entry.uiIdx);
-    bx::vsie::add_text(buf, "mac", entry.szMac);
+    bx::add_text(buf, "mac", entry.szMac);
     if (whole)
         bx::add_word(buf, "band", EnumBand, entry.uiBand);
-    add_bytes(buf, "iedata", entry.aucIedata, capped(entry.uiIedataLen, VSIE_IEDATA_MAX));
+    add_bytes(buf, "iedata", entry.aucIedata, at_most(entry.uiIedataLen, VSIE_IEDATA_MAX));
 }
 
 } // namespace
@@ -94,7 +93,7 @@ BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf)
         return -1;
     const auto *rec = static_cast<const VsieProbeRxEntry *>(pvRecord);
     /* An added entry has no index and no records yet. */
-    bx::vsie::add_text(pstBuf, "servicename", rec->szServiceName);
+    bx::add_text(pstBuf, "servicename", rec->szServiceName);
     bx::add_word(pstBuf, "band", EnumBand, rec->uiBand);
     add_bytes(pstBuf, "oui", rec->aucOui, sizeof rec->aucOui);
     return 0;
@@ -112,7 +111,7 @@ BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
     /* "idx" is not read. */
     if (bx::present(policy, tb, PRX_SERVICENAME)) {
         bx::copy_text(rec->szServiceName, sizeof rec->szServiceName - 1, tb[PRX_SERVICENAME]);
-        BX_TRACE("Servicename:%s\n", Text(rec->szServiceName).s);
+        BX_TRACE("Servicename:%s\n", bx::shown(rec->szServiceName).text);
     }
     if (bx::present(policy, tb, PRX_BAND)) {
         /* No range check: an unknown word stores 2. */
@@ -143,15 +142,15 @@ BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf)
     const auto *rec = static_cast<const VsieProbeRxList *>(pvRecord);
     /* No count: the receiver counts the list. */
     void *list = blobmsg_open_array(pstBuf, "list");
-    for (size_t n = 0; n < capped(rec->uiCount, VSIE_PROBERX_LIST_MAX); ++n) {
+    for (size_t n = 0; n < at_most(rec->uiCount, VSIE_PROBERX_LIST_MAX); ++n) {
         const VsieProbeRxEntry &entry = rec->astEntry[n];
         void *table = open_entry(pstBuf);
         blobmsg_add_u32(pstBuf, "idx", entry.uiIdx);
-        bx::vsie::add_text(pstBuf, "servicename", entry.szServiceName);
+        bx::add_text(pstBuf, "servicename", entry.szServiceName);
         bx::add_word(pstBuf, "band", EnumBand, entry.uiBand);
         add_bytes(pstBuf, "oui", entry.aucOui, sizeof entry.aucOui);
         void *records = blobmsg_open_array(pstBuf, "record");
-        for (size_t r = 0; r < capped(entry.uiRecordCount, VSIE_PROBERX_RECORD_MAX); ++r) {
+        for (size_t r = 0; r < at_most(entry.uiRecordCount, VSIE_PROBERX_RECORD_MAX); ++r) {
             void *record = open_entry(pstBuf);
             emit_record(pstBuf, entry.astRecord[r]);
             blob_nest_end(pstBuf, record);
@@ -204,7 +203,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         if (bx::present(policy, el, PRX_SERVICENAME)) {
             bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[PRX_SERVICENAME]);
-            BX_TRACE_AS(func, "Servicename%u:%s\n", n, Text(entry.szServiceName).s);
+            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
         }
         if (bx::present(policy, el, PRX_BAND)) {
             entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
@@ -243,7 +242,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
             BX_TRACE_AS(func, "blobmsg_parse111\n\n");
             if (bx::present(policy, rt, PRX_MAC)) {
                 bx::copy_text(record.szMac, sizeof record.szMac - 1, rt[PRX_MAC]);
-                BX_TRACE_AS(func, "Mac:%s\n", Text(record.szMac).s);
+                BX_TRACE_AS(func, "Mac:%s\n", bx::shown(record.szMac).text);
             }
             if (bx::present(policy, rt, PRX_BAND)) {
                 /* Quirk: the record's "band" only says that there is one;
@@ -281,7 +280,7 @@ BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf)
         return -1;
     /* Quirk: sent from the very start of the record, a bare service name,
      * whereas the received name lands after an entry's uiIdx. */
-    bx::vsie::add_text(pstBuf, "servicename", static_cast<const VsieProbeRxFlush *>(pvRecord)->szServiceName);
+    bx::add_text(pstBuf, "servicename", static_cast<const VsieProbeRxFlush *>(pvRecord)->szServiceName);
     return 0;
 }
 
@@ -296,7 +295,7 @@ BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord)
     if (!bx::present(policy, tb, PRX_SERVICENAME))
         return 0;
     bx::copy_text(rec->szServiceName, sizeof rec->szServiceName - 1, tb[PRX_SERVICENAME]);
-    BX_TRACE("Servicename:%s\n", Text(rec->szServiceName).s);
+    BX_TRACE("Servicename:%s\n", bx::shown(rec->szServiceName).text);
     return 0;
 }
 
@@ -309,13 +308,13 @@ BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *ps
     const auto *rec = static_cast<const VsieProbeRxRecord *>(pvRecord);
     void *records = blobmsg_open_array(pstBuf, "record");
     void *record = open_entry(pstBuf);
-    bx::vsie::add_text(pstBuf, "mac", rec->szMac);
+    bx::add_text(pstBuf, "mac", rec->szMac);
     bx::add_word(pstBuf, "band", EnumBand, rec->uiBand);
     /* The OUI goes first, then uiVsieLen payload bytes. */
     void *vsie = blobmsg_open_array(pstBuf, "vsie");
     for (uint8_t byte : rec->aucOui)
         blobmsg_add_u32(pstBuf, nullptr, byte);
-    for (size_t k = 0; k < capped(rec->uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
+    for (size_t k = 0; k < at_most(rec->uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
         blobmsg_add_u32(pstBuf, nullptr, rec->aucVsie[k]);
     blob_nest_end(pstBuf, vsie);
     blob_nest_end(pstBuf, record);
@@ -352,7 +351,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
         if (bx::present(policy, el, PRX_MAC)) {
             /* The whole array: a 17-character MAC and its terminator. */
             bx::copy_text(rec->szMac, sizeof rec->szMac, el[PRX_MAC]);
-            BX_TRACE_AS(func, "Mac:%s\n", Text(rec->szMac).s);
+            BX_TRACE_AS(func, "Mac:%s\n", bx::shown(rec->szMac).text);
         }
         if (bx::present(policy, el, PRX_BAND)) {
             rec->uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
@@ -397,7 +396,7 @@ BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
     /* "idx" and "band" are not read. */
     if (bx::present(policy, tb, PRESP_MAC)) {
         bx::copy_text(rec->szMac, sizeof rec->szMac - 1, tb[PRESP_MAC]);
-        BX_TRACE("Mac:%s\n", Text(rec->szMac).s);
+        BX_TRACE("Mac:%s\n", bx::shown(rec->szMac).text);
     }
     if (!bx::present(policy, tb, PRESP_IEDATA)) {
         BX_TRACE("No IEDATA\n");
@@ -427,7 +426,7 @@ BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf
     const auto *rec = static_cast<const VsieProbeRespList *>(pvRecord);
     /* No count: the receiver counts the list. */
     void *list = blobmsg_open_array(pstBuf, "list");
-    for (size_t n = 0; n < capped(rec->uiCount, VSIE_PROBERESP_LIST_MAX); ++n) {
+    for (size_t n = 0; n < at_most(rec->uiCount, VSIE_PROBERESP_LIST_MAX); ++n) {
         void *table = open_entry(pstBuf);
         emit_response(pstBuf, rec->astEntry[n], true);
         blob_nest_end(pstBuf, table);
@@ -464,7 +463,7 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         if (bx::present(policy, el, PRESP_MAC)) {
             bx::copy_text(entry.szMac, sizeof entry.szMac - 1, el[PRESP_MAC]);
-            BX_TRACE_AS(func, "Mac%u:%s\n", n, Text(entry.szMac).s);
+            BX_TRACE_AS(func, "Mac%u:%s\n", n, bx::shown(entry.szMac).text);
         }
         if (bx::present(policy, el, PRESP_BAND)) {
             entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRESP_BAND]));

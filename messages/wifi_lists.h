@@ -15,11 +15,6 @@
 
 namespace bx::wifi {
 
-constexpr uint32_t at_most(uint32_t count, size_t capacity)
-{
-    return count < capacity ? count : static_cast<uint32_t>(capacity);
-}
-
 /* Parses the members of a message (fields_of_msg) or of a list element
  * (fields_of_elem) against the keys of a field table, one slot per field. */
 template <size_t N>
@@ -97,15 +92,6 @@ inline void add_tables(blob_buf *buf, const char *key, uint32_t count, Emit emit
         blob_nest_end(buf, entry);
     }
     blob_nest_end(buf, list);
-}
-
-/* A text array of the record, never read past its end (a text that fills
- * its array has no terminator). A null key adds an array element. */
-template <size_t N>
-inline void add_text(blob_buf *buf, const char *key, const char (&text)[N])
-{
-    static_assert(N <= UINT16_MAX);
-    emit_field(Field{key, Kind::Text, 0, static_cast<uint16_t>(N), -1, nullptr}, text, buf);
 }
 
 } // namespace bx::wifi
