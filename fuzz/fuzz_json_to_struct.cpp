@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (size < 1 || size > 0xfffff)
         return 0;
     int type = data[0] % 173;
-    bxfuzz::Record rec(type);
+    bxtest::Record rec(type);
     if (!rec.valid())
         return 0;
     size_t len = sizeof(blob_attr) + size - 1;

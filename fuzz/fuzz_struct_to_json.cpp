@@ -14,14 +14,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (size < 1)
         return 0;
     int type = data[0] % 173;
-    bxfuzz::Record rec(type, data + 1, size - 1);
+    bxtest::Record rec(type, data + 1, size - 1);
     if (!rec.valid())
         return 0;
     blob_buf buf{};
     blob_buf_init(&buf, 0);
     STRUCT_TRANS_JSON(type, rec.get(), &buf);
     // What was produced must read back in.
-    bxfuzz::Record back(type);
+    bxtest::Record back(type);
     JSON_TRANS_STRUCT(type, buf.head, back.get());
     blob_buf_free(&buf);
     return 0;

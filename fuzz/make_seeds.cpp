@@ -31,12 +31,12 @@ int main(int argc, char **argv)
     }
     std::string out = argv[1];
     for (int type = 0; type <= 172; ++type) {
-        size_t size = bxfuzz::record_size(type);
+        size_t size = bxtest::record_size(type);
         if (size == 0)
             continue;
         for (uint8_t fill : {uint8_t{0x00}, uint8_t{0x02}, uint8_t{0x31}}) {
             std::vector<uint8_t> bytes(size, fill);
-            bxfuzz::Record rec(type, bytes.data(), bytes.size());
+            bxtest::Record rec(type, bytes.data(), bytes.size());
             blob_buf buf{};
             blob_buf_init(&buf, 0);
             STRUCT_TRANS_JSON(type, rec.get(), &buf);

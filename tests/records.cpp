@@ -6,7 +6,7 @@
 
 #include "blobxlate.h"
 
-namespace bxfuzz {
+namespace bxtest {
 
 namespace {
 
@@ -211,4 +211,4 @@ Record::~Record()
     std::free(stations_);
 }
 
-} // namespace bxfuzz
+} // namespace bxtest

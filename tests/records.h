@@ -1,18 +1,18 @@
 // The size of each message type's record, and a record the way a caller
 // hands it in: exactly that size (so that a sanitizer sees any access past
 // it), with the station list's caller-owned array attached.
-#ifndef BLOBXLATE_FUZZ_RECORDS_H
-#define BLOBXLATE_FUZZ_RECORDS_H
+#ifndef BLOBXLATE_TESTS_RECORDS_H
+#define BLOBXLATE_TESTS_RECORDS_H
 
 #include <cstddef>
 #include <cstdint>
 
-namespace bxfuzz {
+namespace bxtest {
 
 // 0 for numbers without a record.
 size_t record_size(int type);
 
-// Entries of the station list's array in fuzzed records.
+// Entries of the station list's array in the records made here.
 constexpr uint32_t kStationCapacity = 8;
 
 class Record {
@@ -30,6 +30,6 @@ private:
     void *stations_ = nullptr;
 };
 
-} // namespace bxfuzz
+} // namespace bxtest
 
 #endif

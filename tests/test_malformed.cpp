@@ -1,0 +1,154 @@
+// Messages broken the way a faulty or hostile peer could break them, for
+// every type that has a JSON-to-struct converter. The starting point is the
+// well-formed message each type's own struct-to-JSON converter builds from a
+// record full of data (long texts, lists filled to their arrays); from it
+// come messages cut short (inner lengths then run past the end), attributes
+// retyped in place (wrong value sizes, arrays where tables are expected,
+// tables where texts are expected) and an unterminated last string. Each
+// conversion must answer 0 or -1 and write nothing past the record; in the
+// sanitizer build any read outside the message is caught as well, since
+// every message is allocated to exactly its length.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <endian.h>
+#include <vector>
+
+#include "records.h"
+#include "support.h"
+
+namespace {
+
+constexpr size_t kGuard = 64;
+constexpr uint8_t kGuardByte = 0xE7;
+constexpr size_t kMaxVariants = 24;
+
+bool has_jts_row(int type)
+{
+    for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i)
+        if (g_astJsonToStruct_Func[i].id == type)
+            return true;
+    return false;
+}
+
+// The payload of a well-formed message of the type.
+std::vector<uint8_t> sample_payload(int type)
+{
+    size_t size = bxtest::record_size(type);
+    std::vector<uint8_t> bytes(size, 0x31);
+    bxtest::Record rec(type, bytes.data(), bytes.size());
+    bxtest::Buf buf;
+    STRUCT_TRANS_JSON(type, rec.get(), buf.get());
+    auto *p = static_cast<uint8_t *>(blob_data(buf.head()));
+    return std::vector<uint8_t>(p, p + blob_len(buf.head()));
+}
+
+// Offsets (in the payload) of every attribute header, outermost first.
+void collect(blob_attr *first, size_t len, const uint8_t *base, std::vector<size_t> &out)
+{
+    blob_attr *cur;
+    size_t rem = len;
+    __blob_for_each_attr(cur, first, rem) {
+        out.push_back(static_cast<size_t>(reinterpret_cast<uint8_t *>(cur) - base));
+        int t = blobmsg_type(cur);
+        if (t == BLOBMSG_TYPE_ARRAY || t == BLOBMSG_TYPE_TABLE)
+            collect(static_cast<blob_attr *>(blobmsg_data(cur)), blobmsg_data_len(cur), base, out);
+    }
+}
+
+// Converts the payload as a message of exactly its length into a record
+// followed by guard bytes; checks the answer and the guard.
+void convert(int type, const std::vector<uint8_t> &payload)
+{
+    size_t len = sizeof(blob_attr) + payload.size();
+    auto *msg = static_cast<blob_attr *>(std::malloc(len));
+    msg->id_len = htobe32(static_cast<uint32_t>(len));
+    if (!payload.empty())
+        std::memcpy(msg->data, payload.data(), payload.size());
+
+    int ret;
+    if (type == MSG_STA_LIST) {
+        // The caller's array is the one with room to check.
+        bxtest::Record rec(type);
+        ret = JSON_TRANS_STRUCT(type, msg, rec.get());
+    } else {
+        size_t size = bxtest::record_size(type);
+        std::vector<uint8_t> rec(size + kGuard, kGuardByte);
+        std::memset(rec.data(), 0, size);
+        ret = JSON_TRANS_STRUCT(type, msg, rec.data());
+        for (size_t i = size; i < rec.size(); ++i)
+            ASSERT_EQ(rec[i], kGuardByte) << "type " << type << " wrote past its record at +" << (i - size);
+    }
+    EXPECT_TRUE(ret == 0 || ret == -1) << "type " << type << " answered " << ret;
+    std::free(msg);
+}
+
+TEST(Malformed, EveryTypeRefusesOrSurvivesBrokenMessages)
+{
+    int types = 0;
+    for (int type = 0; type <= 172; ++type) {
+        if (!has_jts_row(type) || bxtest::record_size(type) == 0)
+            continue;
+        ++types;
+        SCOPED_TRACE(type);
+        std::vector<uint8_t> good = sample_payload(type);
+        convert(type, good);
+
+        // Cut short at evenly spread 4-byte boundaries.
+        size_t step = std::max<size_t>(4, (good.size() / kMaxVariants + 3) & ~size_t{3});
+        for (size_t cut = 4; cut < good.size(); cut += step)
+            convert(type, std::vector<uint8_t>(good.begin(), good.begin() + static_cast<long>(cut)));
+
+        // Each of the first attributes retyped in place.
+        std::vector<size_t> offsets;
+        collect(reinterpret_cast<blob_attr *>(good.data()), good.size(), good.data(), offsets);
+        if (offsets.size() > kMaxVariants)
+            offsets.resize(kMaxVariants);
+        for (size_t at : offsets) {
+            for (uint8_t t : {BLOBMSG_TYPE_ARRAY, BLOBMSG_TYPE_TABLE, BLOBMSG_TYPE_STRING, BLOBMSG_TYPE_INT32,
+                              BLOBMSG_TYPE_INT64}) {
+                std::vector<uint8_t> bad = good;
+                bad[at] = static_cast<uint8_t>(0x80 | t);
+                convert(type, bad);
+            }
+        }
+
+        // The last byte, usually a string's terminator or padding, made text.
+        if (good.size() >= sizeof(blob_attr)) {
+            std::vector<uint8_t> bad = good;
+            bad.at(good.size() - 1) = 'x';
+            convert(type, bad);
+        }
+    }
+    EXPECT_EQ(types, g_iJsonToStruct_FuncNum);
+}
+
+TEST(Malformed, DeepNestingIsWalkedWithoutHarm)
+{
+    // Every type's message with one more member: a table holding a table
+    // ... 2000 deep. Converters read at most their own levels.
+    for (int type = 0; type <= 172; ++type) {
+        if (!has_jts_row(type) || bxtest::record_size(type) == 0)
+            continue;
+        std::vector<uint8_t> good = sample_payload(type);
+        bxtest::Buf buf;
+        blob_attr *cur;
+        size_t rem = good.size();
+        __blob_for_each_attr(cur, reinterpret_cast<blob_attr *>(good.data()), rem) {
+            blobmsg_add_field(buf.get(), blobmsg_type(cur), blobmsg_name(cur), blobmsg_data(cur),
+                              static_cast<unsigned>(blobmsg_data_len(cur)));
+        }
+        std::vector<void *> cookies;
+        for (int i = 0; i < 2000; ++i)
+            cookies.push_back(blobmsg_open_table(buf.get(), "a"));
+        blobmsg_add_u32(buf.get(), "a", 1);
+        for (auto it = cookies.rbegin(); it != cookies.rend(); ++it)
+            blob_nest_end(buf.get(), *it);
+        bxtest::Record rec(type);
+        int ret = JSON_TRANS_STRUCT(type, buf.head(), rec.get());
+        EXPECT_TRUE(ret == 0 || ret == -1) << "type " << type;
+    }
+}
+
+} // namespace
