@@ -96,7 +96,8 @@ BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
     bx::wifi::fill_entries(func, tb[DA_MACS], BLOBMSG_TYPE_STRING, BX_WIFI_DEASSOC_MAC_MAX,
                            [&](blob_attr *cur, uint32_t n) {
                                bx::copy_text(rec->aszMac[n], sizeof rec->aszMac[n] - 1, cur);
-                               BX_TRACE_AS(func, "mac:%s\n", rec->aszMac[n]);
+                               /* The slot's last byte is the caller's: trace only the slot. */
+                               BX_TRACE_AS(func, "mac:%s\n", bx::shown(rec->aszMac[n]).text);
                            });
     return 0;
 }

@@ -260,7 +260,8 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
     }
     if (bx::present(policy, tb, APQ_MAC)) {
         bx::copy_text(rec->szMac, kBareMacLen, tb[APQ_MAC]);
-        BX_TRACE("mac:%s\n", rec->szMac);
+        /* Bytes past the 12 kept are the caller's and may hold no terminator. */
+        BX_TRACE("mac:%s\n", bx::shown(rec->szMac).text);
     }
     if (!bx::present(policy, tb, APQ_APINFO))
         return 0;
@@ -268,7 +269,7 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
         RoamingApInfoRec &ap = rec->astApInfo[n];
         if (bx::present(policy, etb, APQ_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APQ_BSSID]);
-            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
+            BX_TRACE_AS(func, "bssid:%s\n", bx::shown(ap.szBssid).text);
         }
         if (bx::present(policy, etb, APQ_CHANNEL)) {
             ap.uiChannel = bx::get_u32(etb[APQ_CHANNEL]);
@@ -311,7 +312,7 @@ BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
         RoamingApRssiRec &ap = rec->astApRssi[n];
         if (bx::present(policy, etb, APR_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
             bx::copy_text(ap.szBssid, kBareMacLen, etb[APR_BSSID]);
-            BX_TRACE_AS(func, "bssid:%s\n", ap.szBssid);
+            BX_TRACE_AS(func, "bssid:%s\n", bx::shown(ap.szBssid).text);
         }
         if (bx::present(policy, etb, APR_RSSI)) {
             ap.iRssi = bx::get_s32(etb[APR_RSSI]);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -96,6 +97,23 @@ TEST(AccessList, DeassociationTakesAtMost32Macs)
     EXPECT_STREQ(boxed.rec.aszMac[0], "m0");
     EXPECT_STREQ(boxed.rec.aszMac[31], "m31");
     EXPECT_EQ(std::string(boxed.guard, 8), std::string(8, '\0'));
+}
+
+TEST(AccessList, DeassociationMacTraceStaysInsideItsSlot)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    // A record the caller did not zero, and a tail after it that no trace may show.
+    struct {
+        WifiDeassocRec rec;
+        char tail[8] = "TAIL";
+    } boxed;
+    std::memset(&boxed.rec, 'A', sizeof boxed.rec);
+    const std::string mac(40, 'm');
+    Msg msg((R"({"count": 1, "macs": [")" + mac + R"("]})").c_str());
+    TraceCapture cap;
+    EXPECT_EQ(JTS_WifiStaDeassociation(msg, &boxed.rec), 0);
+    // 31 characters copied and the caller's last byte, nothing from the next slots.
+    EXPECT_THAT(cap.take(), testing::Contains("JTS_WifiStaDeassociation: mac:" + mac.substr(0, 31) + "A\n"));
 }
 
 TEST(AccessList, AddNeedsNameAndMac)

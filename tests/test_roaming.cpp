@@ -230,6 +230,38 @@ TEST(Roaming, ListElementsThatAreNotTablesAreSkipped)
         EXPECT_THAT(l, testing::AnyOf(testing::StartsWith("JTS_Roaming_APRsp: "), testing::StartsWith("JTS_CheckBlobAttr: ")));
 }
 
+// A record the caller did not zero: the bytes a text copy leaves alone hold
+// no terminator, and a record-sized tail after it must never show up in a trace.
+template <typename Rec>
+struct Unzeroed {
+    Rec rec;
+    char tail[8] = "TAIL";
+    Unzeroed() { std::memset(&rec, 'A', sizeof rec); }
+};
+
+TEST(Roaming, MacTracesStayInsideTheirArrays)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    struct Case { int type; const char *msg; const char *line; };
+    const Case cases[] = {
+        {MSG_ROAMING_AP_RSSI_QUERY, R"({"mac": "00112233445566778899"})", "JTS_Roaming_APQuery: mac:001122334455AAAA\n"},
+        {MSG_ROAMING_AP_RSSI_QUERY, R"({"count": 1, "apinfo": [{"bssid": "00112233445566778899"}]})",
+         "JTS_Roaming_APQuery: bssid:001122334455AAAA\n"},
+        {MSG_ROAMING_AP_RSSI_RSP, R"({"count": 1, "aprssi": [{"bssid": "00112233445566778899"}]})",
+         "JTS_Roaming_APRsp: bssid:001122334455AAAA\n"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.msg);
+        Unzeroed<RoamingApQueryRec> query;
+        Unzeroed<RoamingApRspRec> rsp;
+        void *rec = c.type == MSG_ROAMING_AP_RSSI_QUERY ? static_cast<void *>(&query.rec) : &rsp.rec;
+        Msg msg(c.msg);
+        TraceCapture cap;
+        EXPECT_EQ(JSON_TRANS_STRUCT(c.type, msg, rec), 0);
+        EXPECT_THAT(cap.take(), testing::Contains(c.line));
+    }
+}
+
 TEST(Roaming, NullArguments)
 {
     RoamingRec rec{};
