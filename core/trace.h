@@ -1,9 +1,10 @@
-/* Debug trace to the console, switched on by the existence of a file.
+/* Debug trace, switched on by the existence of a file.
  *
  * Every line is one "[function.line]: text" print. The switch file is tested
  * before every line and never cached, so a field engineer can touch or remove
- * it while a daemon runs and see the effect at the next line. The console is
- * opened and closed for every line: no stream, no state, nothing to lock. */
+ * it while a daemon runs and see the effect at the next line. By default the
+ * console is opened and closed for every line: no stream, no state, nothing
+ * to lock. A daemon may route the lines to a sink of its own instead. */
 #ifndef BLOBXLATE_CORE_TRACE_H
 #define BLOBXLATE_CORE_TRACE_H
 
@@ -33,6 +34,13 @@ inline void trace_discard(const char *, ...) {}
 #define BX_TRACE_AS(func, ...) do { (void)(func); if (false) ::bx::trace_discard(__VA_ARGS__); } while (0)
 
 #endif
+
+/* Opens the trace scope of one call of an exported function (an entry
+ * point, a converter, a PARATRANS_* function). Every exported function
+ * starts with it; in the per-call trace mode the switch file is tested once
+ * per outermost scope. Nested scopes (a converter called by the dispatcher)
+ * share the outer one's answer. */
+#define BX_TRACE_CALL() ((void)0)
 
 } // namespace bx
 

@@ -296,6 +296,21 @@ BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue);
  * otherwise traces "Illegal parameter: <key>" and returns 0. */
 BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr);
 
+/* Where trace lines go. By default each line is written to the console
+ * device; a daemon that keeps its own log (syslog, a ring buffer) installs a
+ * sink instead and receives every line as one call: pcPrefix is
+ * "[function.line]: " and pcText the line itself, with its line end. The
+ * switch file still decides whether lines are made at all. A null sink
+ * restores the console. Set it once at start-up, before any conversion
+ * runs: the library reads it without a lock. */
+typedef void (*BlobxlateTraceSink)(void *pvContext, const char *pcPrefix, const char *pcText);
+BX_API void BLOBXLATE_SetTraceSink(BlobxlateTraceSink pfnSink, void *pvContext);
+
+/* The file whose existence switches the trace on; null restores the
+ * built-in path. For tools and tests that want a trace of their own without
+ * touching the machine-wide switch. Set it at start-up, like the sink. */
+BX_API void BLOBXLATE_SetTraceSwitch(const char *pcPath);
+
 /* ------------------------------------------------------------------------ */
 /* Records and converters, one section per message family                   */
 /* ------------------------------------------------------------------------ */
