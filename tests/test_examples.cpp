@@ -15,8 +15,19 @@ namespace {
 
 // Read and sent under other keys or words on purpose ("compiletime_week" in,
 // "realversion" out; "reboottype" in, "status" out; a colour word in, its
-// number out; "encrypttype" in, "encryttype" out): only stability is checked.
-constexpr int kAsymmetric[] = {MSG_FW_INFO, MSG_REBOOT, MSG_LED_COLOUR, MSG_WLAN_NEIGHBOUR};
+// number out; "encrypttype" in, "encryttype" out), or with fields that the
+// answer does not carry (64-bit counters that JSON text gives as 32-bit
+// numbers; a switch stored without its validity bit; a message that is only
+// received; a rule sent back for an index; a name stored where the answer
+// does not look): only stability is checked.
+constexpr int kAsymmetric[] = {MSG_FW_INFO, MSG_REBOOT, MSG_LED_COLOUR, MSG_WLAN_NEIGHBOUR,
+                               MSG_STA_LIST, MSG_STA_INFO_BY_MAC, MSG_RATELIMIT, MSG_ROAMING_STOPDETECT,
+                               MSG_QOS_CLASSIFICATION_SET, MSG_QOS_CLASSIFICATION_GET, MSG_VSIE_PROBERX_FLUSH};
+// Answers that do not read back as the message: the URL filter switch is
+// read as "status" and sent as "idx"; the beacon list needs a top-level
+// "iedata" the answer lacks; a probe record's length counts its OUI, so
+// each round adds three bytes.
+constexpr int kOneWay[] = {MSG_FILTER_URL_SWITCH, MSG_VSIE_BEACONTX_LIST, MSG_VSIE_PROBERX_RECORD_ADD};
 
 // The message through a zeroed record and back; a snapshot of the answer is
 // taken at once, since converting a message may cut its texts in place.
@@ -44,8 +55,6 @@ TEST(Examples, EachComesBackAsItWasSentAndStaysSo)
 {
     for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i) {
         int type = g_astJsonToStruct_Func[i].id;
-        if (type >= MSG_STA_LIST)  // from the station list on, examples are still to come
-            continue;
         char name[32];
         std::snprintf(name, sizeof name, "/type%03d.json", type);
         SCOPED_TRACE(name);
@@ -58,7 +67,10 @@ TEST(Examples, EachComesBackAsItWasSentAndStaysSo)
         bxtest::Msg msg(text.c_str());
         bxtest::Buf first, second, third;
         std::string json;
-        const std::string once = answer(type, msg, first, &json), twice = answer(type, first.head(), second);
+        const std::string once = answer(type, msg, first, &json);
+        if (std::count(std::begin(kOneWay), std::end(kOneWay), type) != 0)
+            continue;
+        const std::string twice = answer(type, first.head(), second);
         if (std::count(std::begin(kAsymmetric), std::end(kAsymmetric), type) != 0) {
             EXPECT_EQ(answer(type, second.head(), third), twice) << "the answer is not stable";
             continue;
