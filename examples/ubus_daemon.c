@@ -8,7 +8,7 @@
  * and the record is converted back into the reply, the way it answers.
  *
  *   ubus_daemon [-s SOCKET]
- *   ubus call blobxlate t22 '{"wanstatus":"connected"}'
+ *   ubus call blobxlate t22 '{"workmode":"DHCP","linkstatus":"enable"}'
  *
  * A message the converter turns down is answered with "Invalid argument".
  */

@@ -263,35 +263,39 @@ const char *replace_value(void *priv, blob_attr *attr)
 	return blobmsg_type(attr) == *static_cast<const int *>(priv) ? "\"hooked\"" : nullptr;
 }
 
-void format_one(std::string &out, const char *tag, const Input &in, blob_attr *attr, bool list)
+// Lines tagged json (compact), json_indent and json_hook (with a format hook).
+void format_one(std::string &out, const char *what, const Input &in, blob_attr *attr, bool list)
 {
+	std::string tag = std::string("json ") + what;
 	char *text = blobmsg_format_json(attr, list);
-	note_text(out, tag, text);
+	note_text(out, tag.c_str(), text);
 	free(text);
+	tag = std::string("json_indent ") + what;
 	text = blobmsg_format_json_indent(attr, list, in.indent);
-	note_text(out, tag, text);
+	note_text(out, tag.c_str(), text);
 	free(text);
 	text = blobmsg_format_json_indent(attr, list, 0);
-	note_text(out, tag, text);
+	note_text(out, tag.c_str(), text);
 	free(text);
+	tag = std::string("json_hook ") + what;
 	int hook_type = in.cb_type;
 	text = blobmsg_format_json_with_cb(attr, list, replace_value, &hook_type, -1);
-	note_text(out, tag, text);
+	note_text(out, tag.c_str(), text);
 	free(text);
 }
 
 // The root as a list, and every valid member of it both ways.
 void format_message(std::string &out, const Input &in, blob_attr *root)
 {
-	format_one(out, "json root", in, root, true);
+	format_one(out, "root", in, root, true);
 	blob_attr *pos;
 	size_t rem;
 	blob_for_each_attr(pos, root, rem) {
 		if (!blob_is_extended(pos) || !blobmsg_check_attr_len(pos, false, rem))
 			continue;
-		format_one(out, "json member", in, pos, false);
+		format_one(out, "member", in, pos, false);
 		if (is_container(pos))
-			format_one(out, "json list", in, pos, true);
+			format_one(out, "list", in, pos, true);
 	}
 }
 
@@ -310,7 +314,7 @@ void from_text(std::string &out, const Input &in)
 	note(out, "from_string ok %d", ok);
 	note_buffer(out, "from_string", b);
 	if (ok)
-		format_one(out, "json from_string", in, b.head, true);
+		format_one(out, "from_string", in, b.head, true);
 	blob_buf_free(&b);
 }
 
@@ -368,7 +372,7 @@ struct Builder {
 		case 5: {
 			// A long value, to make the buffer grow while nests are open.
 			const char *n = next_name();
-			std::string s(in.ConsumeIntegralInRange<size_t>(1, 64) * 1021, 'g');
+			std::string s(in.ConsumeIntegralInRange<size_t>(1, 8) * 1021, 'g');
 			ret = blobmsg_add_string(&b, n, s.c_str());
 			break;
 		}
@@ -465,7 +469,7 @@ std::string run(const uint8_t *data, size_t size, bool format)
 		build.step();
 	build.finish();
 	if (safe_message(build.b.head))
-		format_one(out, "json build", in, build.b.head, true);
+		format_one(out, "build", in, build.b.head, true);
 	return out;
 }
 
