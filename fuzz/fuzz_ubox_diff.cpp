@@ -21,6 +21,7 @@
 #include <string>
 
 #include <fuzzer/FuzzedDataProvider.h>
+#include <json-c/json.h>
 
 extern "C" {
 #include <libubox/blobmsg_json.h>
@@ -315,6 +316,14 @@ void from_text(std::string &out, const Input &in)
 	note_buffer(out, "from_string", b);
 	if (ok)
 		format_one(out, "from_string", in, b.head, true);
+
+	// Any JSON value, not only an object, as one named element.
+	json_object *value = json_tokener_parse(in.json.c_str());
+	blob_buf_init(&b, 0);
+	ok = value && blobmsg_add_json_element(&b, "v", value);
+	note(out, "add_element ok %d", ok);
+	note_buffer(out, "add_element", b);
+	json_object_put(value);
 	blob_buf_free(&b);
 }
 

@@ -99,6 +99,7 @@ SEEDS = {
     "json-double": seed([("a", CAST_INT64)], attr(INT64, struct.pack(">q", -5), "a"),
                         json='{"a":1.8e308,"b":[1,"x",{"c":null}],"d":true,"e":-9007199254740993}'),
     "json-nest": seed([("a", ARRAY)], b"", json='{"a":[[[{"b":[{},[]]}]]],"":1,"t":"\\b\\r"}'),
+    "json-array": seed([("v", ARRAY)], b"", json='[1,{"a":2.5,"b":[]},"s",null,false,4294967296]'),
     "build-nests": seed([("a", STRING)], b"", ops=build_ops([
         (0, "t", None, []), (8, "", None, [0, 0, 0, 1]), (1, "l", None, []),
         (4, None, "text", []), (5, "big", None, [7]), (3, None, None, []),
