@@ -234,7 +234,8 @@ void visit(std::string &out, const Input &in, const blob_attr *base, blob_attr *
 	note_value(out, pos);
 	if (!is_container(pos) || depth >= kMaxDepth)
 		return;
-	parse_area(out, "parse", in, base, blobmsg_data(pos), blobmsg_data_len(pos));
+	if (blobmsg_data_len(pos) > 0)
+		parse_area(out, "parse", in, base, blobmsg_data(pos), blobmsg_data_len(pos));
 	walk_members(out, in, base, pos, depth + 1);
 }
 
@@ -243,8 +244,11 @@ void check_message(std::string &out, const Input &in, const Message &m)
 	blob_attr *pos;
 	size_t rem;
 	int count = 0;
-	parse_area(out, "parse", in, m.root, blob_data(m.root), blob_len(m.root));
+	// Empty areas apart, so that their tag can be left out on its own.
+	if (blob_len(m.root) > 0)
+		parse_area(out, "parse", in, m.root, blob_data(m.root), blob_len(m.root));
 	parse_area(out, "empty_parse", in, m.root, nullptr, 0);
+	parse_area(out, "empty_parse", in, m.root, blob_data(m.root), 0);
 	blob_for_each_attr(pos, m.root, rem) {
 		visit(out, in, m.root, pos, rem, 0);
 		count++;
