@@ -10,8 +10,13 @@
 // also holds the entry point, which compares the two texts; the first line
 // that differs is printed and the run traps.
 //
+// The tags: parse, parse_array, empty_parse, empty_parse_array (policies from
+// the input), check, check_array, name, data, value, walk (checks, accessors
+// and walks of every member), from_string, add_element (JSON text in), build
+// (blob_buf with nests open), json, json_indent, json_hook (JSON text out).
 // BLOBXLATE_DIFF_SKIP=tag,tag leaves out lines of the named tags, to look for
-// further differences while one is known and being fixed.
+// further differences while one is known and being fixed. Seeds that reach
+// the usual corners are written by ubox_diff_seeds.py.
 #include <cinttypes>
 #include <cstdarg>
 #include <cstdint>
