@@ -20,15 +20,13 @@ namespace fs = std::filesystem;
 
 struct ToolRun {
     int exit_code = -1;
-    std::string out;
-    std::string err;
+    std::string out, err;
 };
 
 std::string file_text(const fs::path &path)
 {
-    std::ifstream in(path);
-    std::stringstream text;
-    text << in.rdbuf();
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
     return text.str();
 }
 
@@ -38,13 +36,10 @@ ToolRun run(const std::string &tool, const std::string &args, const std::string 
     std::string cmd = "printf '%s' '" + input + "' | " + tool + " " + args + " 2>" + err.string();
     ToolRun r;
     FILE *p = popen(cmd.c_str(), "r");
-    if (p == nullptr)
-        return r;
     char chunk[4096];
-    size_t n;
-    while ((n = std::fread(chunk, 1, sizeof chunk, p)) > 0)
+    for (size_t n; p != nullptr && (n = std::fread(chunk, 1, sizeof chunk, p)) > 0;)
         r.out.append(chunk, n);
-    int status = pclose(p);
+    int status = p != nullptr ? pclose(p) : -1;
     r.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     r.err = file_text(err);
     fs::remove(err);
@@ -58,12 +53,7 @@ constexpr const char *kTraceLine = "]: Json To Struct: [Ret] \n";
 #endif
 
 class Tool : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (std::string(BLOBXLATE_TOOL).empty())
-            GTEST_SKIP() << "blobxlate program not built";
-    }
+    void SetUp() override { if (std::string(BLOBXLATE_TOOL).empty()) GTEST_SKIP() << "blobxlate program not built"; }
 };
 
 TEST_F(Tool, ExitCodesAndOutput)
