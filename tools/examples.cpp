@@ -6,6 +6,8 @@
 
 namespace bxtool {
 
+namespace {
+
 std::string examples_dir()
 {
     namespace fs = std::filesystem;
@@ -15,6 +17,8 @@ std::string examples_dir()
         return BLOBXLATE_SOURCE_EXAMPLES;
     return (program_dir / BLOBXLATE_INSTALLED_EXAMPLES).lexically_normal().string();
 }
+
+} // namespace
 
 std::string example_path(int type)
 {

@@ -8,10 +8,8 @@
 
 namespace bxtool {
 
-// The directory this program takes its example messages from.
-std::string examples_dir();
-
-// The example message of a type in that directory: typeNNN.json.
+// The file of the example message of a type: typeNNN.json in the
+// directory this program takes its examples from.
 std::string example_path(int type);
 
 } // namespace bxtool
