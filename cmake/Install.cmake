@@ -42,3 +42,10 @@ install(FILES ${PROJECT_BINARY_DIR}/blobxlateConfig.cmake ${PROJECT_BINARY_DIR}/
 file(RELATIVE_PATH BLOBXLATE_PC_UP "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 configure_file(cmake/blobxlate.pc.in ${PROJECT_BINARY_DIR}/blobxlate.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/blobxlate.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# The example message of each type, for `blobxlate example` (component
+# "tool", with the program).
+if(BLOBXLATE_BUILD_TOOLS)
+  install(DIRECTORY examples/messages/ DESTINATION ${CMAKE_INSTALL_DATADIR}/blobxlate/examples
+    COMPONENT tool FILES_MATCHING PATTERN "type*.json")
+endif()

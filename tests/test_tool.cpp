@@ -1,73 +1,136 @@
-// The blobxlate program: a message in, the record, the message back out.
+// The blobxlate program: exit codes and output of each command, from the
+// build tree and from an installed tree.
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
-#include "support.h"
+#include "blobxlate.h"
 
 namespace {
 
+namespace fs = std::filesystem;
+
 struct ToolRun {
-    int exit_code;
-    std::string out;
+    int exit_code = -1;
+    std::string out, err;
 };
 
-ToolRun run_tool_args(const std::string &args, const std::string &input = "")
+std::string file_text(const fs::path &path)
 {
-    std::string cmd = "printf '%s' '" + input + "' | " + BLOBXLATE_TOOL + " " + args + " 2>&1";
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+ToolRun run(const std::string &tool, const std::string &args, const std::string &input = "")
+{
+    const fs::path err = fs::temp_directory_path() / ("blobxlate-test-err-" + std::to_string(getpid()));
+    std::string cmd = "printf '%s' '" + input + "' | " + tool + " " + args + " 2>" + err.string();
+    ToolRun r;
     FILE *p = popen(cmd.c_str(), "r");
-    ToolRun r{-1, {}};
-    if (p == nullptr)
-        return r;
     char chunk[4096];
-    size_t n;
-    while ((n = std::fread(chunk, 1, sizeof chunk, p)) > 0)
+    for (size_t n; p != nullptr && (n = std::fread(chunk, 1, sizeof chunk, p)) > 0;)
         r.out.append(chunk, n);
-    int status = pclose(p);
+    int status = p != nullptr ? pclose(p) : -1;
     r.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    r.err = file_text(err);
+    fs::remove(err);
     return r;
 }
 
-TEST(Tool, RefusesBadUsageWithOneLine)
+#ifdef BLOBXLATE_TRACE_OFF
+constexpr const char *kTraceLine = "blobxlate: this build has no trace";
+#else
+constexpr const char *kTraceLine = "]: Json To Struct: [Ret] \n";
+#endif
+
+class Tool : public ::testing::Test {
+    void SetUp() override { if (std::string(BLOBXLATE_TOOL).empty()) GTEST_SKIP() << "blobxlate program not built"; }
+};
+
+TEST_F(Tool, ExitCodesAndOutput)
 {
-    if (std::string(BLOBXLATE_TOOL).empty())
-        GTEST_SKIP() << "blobxlate program not built";
     const struct {
-        const char *args;
-        const char *input;
-        const char *message;
+        const char *args, *input;
+        int exit_code;
+        const char *out, *err; // fragments; an empty err fragment: nothing on stderr
     } cases[] = {
-        {"", "", "usage: blobxlate TYPE [FILE]\n"},
-        {"1 2 3", "", "usage: blobxlate TYPE [FILE]\n"},
-        {"x1", "{}", "blobxlate: message type must be a number: x1\n"},
-        {"13", "{}", "blobxlate: unknown message type 13\n"},
-        {"173", "{}", "blobxlate: unknown message type 173\n"},
-        {"-1", "{}", "blobxlate: unknown message type -1\n"},
-        {"0 /nonexistent/msg.json", "", "blobxlate: cannot open /nonexistent/msg.json: No such file or directory\n"},
-        {"0", "[1, 2]", "blobxlate: - is not a JSON object\n"},
-        {"0", "{\"espResult\": ", "blobxlate: - is not a JSON object\n"},
+        {"--help", "", 0, "usage: blobxlate [--trace] TYPE [FILE]\n", ""},
+        {"--version", "", 0, "blobxlate " BLOBXLATE_VERSION "\n", ""},
+        {"", "", 2, "", "usage: blobxlate"},
+        {"--frobnicate 0", "{}", 2, "", "usage: blobxlate"},
+        {"list 0", "", 2, "", "usage: blobxlate"},
+        {"example", "", 2, "", "usage: blobxlate"},
+        {"13", "{}", 2, "", "blobxlate: unknown message type 13\n"},
+        {"173", "{}", 2, "", "blobxlate: unknown message type 173\n"},
+        {"-1", "{}", 2, "", "blobxlate: unknown message type -1\n"},
+        {"stalist", "{}", 2, "", "names more than one type, give the number: 46 47 48 88\n"},
+        {"WANSTATU", "{}", 2, "", "unknown message type \"WANSTATU\"; close matches: 22 \"WanStatus\"\n"},
+        {"0 /nonexistent/msg.json", "", 2, "", "blobxlate: cannot open /nonexistent/msg.json: No such file or directory\n"},
+        {"0", "[1, 2]", 2, "", "blobxlate: - is not a JSON object\n"},
+        {"ret -", "{\"espResult\": 7}", 0, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 7\n}\n", ""},
+        {"0", "{}", 1, "JSON_TRANS_STRUCT: -1\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 0\n}\n", ""},
+        {"LED", "{\"status\": \"enable\"}", 0, "\t\"status\": \"enable\"\n", ""},
+        {"--trace ret", "{\"espResult\": 7}", 0, "STRUCT_TRANS_JSON: 0\n", kTraceLine},
+        {"list", "", 0, "\n  19  \"UpgradeStatus\"", ""},
+        {"list", "", 0, " 128  \"Qos_Classification_Get\"        \"Qos_Classification_Get\"        QosClassRule / QosClassIndex\n", ""},
+        {"example 19", "", 2, "", "blobxlate: no example message of type 19"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.args);
-        ToolRun r = run_tool_args(c.args, c.input);
-        EXPECT_EQ(r.exit_code, 2);
-        EXPECT_EQ(r.out, c.message);
+        ToolRun r = run(BLOBXLATE_TOOL, c.args, c.input);
+        EXPECT_EQ(r.exit_code, c.exit_code);
+        EXPECT_NE(r.out.find(c.out), std::string::npos) << r.out;
+        EXPECT_TRUE(*c.err == 0 ? r.err.empty() : r.err.find(c.err) != std::string::npos) << r.err;
     }
 }
 
-TEST(Tool, ReportsBothDirections)
+// One line per type with a row in either table, each with its record.
+TEST_F(Tool, ListsEveryTypeWithARow)
 {
-    if (std::string(BLOBXLATE_TOOL).empty())
-        GTEST_SKIP() << "blobxlate program not built";
-    ToolRun ok = run_tool_args("0 -", "{\"espResult\": 7}");
-    EXPECT_EQ(ok.exit_code, 0);
-    EXPECT_EQ(ok.out, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 7\n}\n");
-    // A refused message: exit 1, the refusal's code, and the record as it stayed.
-    ToolRun refused = run_tool_args("0", "{}");
-    EXPECT_EQ(refused.exit_code, 1);
-    EXPECT_EQ(refused.out, "JSON_TRANS_STRUCT: -1\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 0\n}\n");
+    std::set<int> types;
+    for (int i = 0; i < g_iStructToJson_FuncNum; ++i)
+        types.insert(g_astStructToJson_Func[i].id);
+    for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i)
+        types.insert(g_astJsonToStruct_Func[i].id);
+    std::istringstream lines(run(BLOBXLATE_TOOL, "list").out);
+    std::string line;
+    std::getline(lines, line); // the column heads
+    for (int type : types) {
+        ASSERT_TRUE(std::getline(lines, line));
+        EXPECT_EQ(std::atoi(line.c_str()), type) << line;
+        EXPECT_EQ(line.find('?'), std::string::npos) << line;
+    }
+    EXPECT_FALSE(std::getline(lines, line)) << line;
+}
+
+// Each example message, from the build tree and from an installed tree.
+TEST_F(Tool, ShowsTheExamplesFromTheBuildAndTheInstalledTree)
+{
+    const fs::path prefix = fs::temp_directory_path() / ("blobxlate-test-prefix-" + std::to_string(getpid()));
+    const std::string install = std::string(BLOBXLATE_CMAKE) + " --install " + BLOBXLATE_BUILD_TREE +
+                                " --component tool --prefix " + prefix.string() + " >/dev/null";
+    ASSERT_EQ(std::system(install.c_str()), 0);
+    const std::string installed = std::string(BLOBXLATE_TOOL_EMULATOR) + (prefix / "bin/blobxlate").string();
+    EXPECT_EQ(run(installed, "list").out, run(BLOBXLATE_TOOL, "list").out);
+    for (const auto &entry : fs::directory_iterator(BLOBXLATE_EXAMPLES)) {
+        const std::string type = entry.path().stem().string().substr(4); // typeNNN
+        SCOPED_TRACE(type);
+        for (const std::string &tool : {std::string(BLOBXLATE_TOOL), installed}) {
+            ToolRun r = run(tool, "example " + type);
+            EXPECT_EQ(r.exit_code, 0) << r.err;
+            EXPECT_EQ(r.out, file_text(entry.path()));
+        }
+    }
+    fs::remove_all(prefix);
 }
 
 } // namespace

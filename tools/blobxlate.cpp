@@ -1,137 +1,163 @@
 // blobxlate: converts one message given as JSON text into its record and
-// back, the way a daemon receives and answers it, and prints the result.
-//
-//   blobxlate TYPE [FILE]      (FILE absent or "-": standard input)
-//
-// Output: the return code of each direction, then the message rebuilt from
-// the record as indented JSON. Exit status 0 when both directions returned
-// 0, 1 when a converter failed, 2 for bad usage or input.
-#include <cerrno>
+// back, the way a daemon receives and answers it, and prints the result;
+// lists the message types and shows an example message of each.
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <optional>
 #include <string>
-
-extern "C" {
-#include <libubox/blobmsg_json.h>
-}
+#include <unistd.h>
+#include <vector>
 
 #include "blobxlate.h"
+#include "catalogue.h"
+#include "convert.h"
+#include "examples.h"
 
 namespace {
 
-constexpr size_t kRecordBytes = 128 * 1024; // larger than any record
-constexpr unsigned kStationCapacity = 64;   // entries offered to the station list
+const char kUsage[] =
+    "usage: blobxlate [--trace] TYPE [FILE]\n"
+    "       blobxlate list\n"
+    "       blobxlate example TYPE\n"
+    "       blobxlate --help | --version\n";
 
-bool has_row(const MessageTransEntry *table, int count, int type)
+const char kHelp[] =
+    "\n"
+    "Converts one message, given as JSON text in FILE (standard input when FILE\n"
+    "is absent or \"-\"), with JSON_TRANS_STRUCT into a zeroed record of message\n"
+    "type TYPE and back with STRUCT_TRANS_JSON, the way a daemon receives and\n"
+    "answers it, and prints both return codes and the message rebuilt from the\n"
+    "record.\n"
+    "\n"
+    "TYPE is a number or a name text of either dispatch table, in any case.\n"
+    "\n"
+    "  list          one line per message type: number, name text in the\n"
+    "                struct-to-JSON and in the JSON-to-struct table, record\n"
+    "                (two when the directions differ: to JSON, to struct)\n"
+    "  example TYPE  prints the example message of the type\n"
+    "  --trace       prints the conversion's trace lines on standard error\n"
+    "  --help        this text\n"
+    "  --version     the program's version\n"
+    "\n"
+    "Exit status: 0 when both directions returned 0, 1 when a converter\n"
+    "failed, 2 for bad usage, an unknown type or unreadable input.\n";
+
+int usage_error()
 {
-    for (int i = 0; i < count; ++i)
-        if (table[i].id == type)
-            return true;
-    return false;
+    std::fprintf(stderr, "%sblobxlate --help explains them\n", kUsage);
+    return 2;
 }
 
-bool read_all(FILE *in, std::string &out)
+// The trace of this run on standard error: the switch is a private file
+// that exists while the program runs, the sink writes each line to stderr.
+// The machine-wide switch file and console stay untouched.
+class StderrTrace {
+public:
+    StderrTrace()
+    {
+#ifdef BLOBXLATE_TRACE_OFF
+        std::fprintf(stderr, "blobxlate: this build has no trace (BLOBXLATE_TRACE=off)\n");
+#else
+        const char *tmp = std::getenv("TMPDIR");
+        path_ = std::string(tmp != nullptr && *tmp != 0 ? tmp : "/tmp") + "/blobxlate-trace-XXXXXX";
+        int fd = mkstemp(path_.data());
+        if (fd < 0) {
+            std::perror("blobxlate: cannot create the trace switch");
+            path_.clear();
+            return;
+        }
+        close(fd);
+        BLOBXLATE_SetTraceSink(&to_stderr, nullptr);
+        BLOBXLATE_SetTraceSwitch(path_.c_str());
+#endif
+    }
+    ~StderrTrace()
+    {
+        if (path_.empty())
+            return;
+        BLOBXLATE_SetTraceSwitch(nullptr);
+        BLOBXLATE_SetTraceSink(nullptr, nullptr);
+        unlink(path_.c_str());
+    }
+    StderrTrace(const StderrTrace &) = delete;
+    StderrTrace &operator=(const StderrTrace &) = delete;
+
+private:
+    static void to_stderr(void *, const char *prefix, const char *text) { std::fprintf(stderr, "%s%s", prefix, text); }
+    std::string path_;
+};
+
+std::string quoted(const char *name) { return name != nullptr ? "\"" + std::string(name) + "\"" : "(no row)"; }
+
+int list()
 {
+    std::printf("%4s  %-30s  %-30s  %s\n", "TYPE", "STRUCT-TO-JSON", "JSON-TO-STRUCT", "RECORD");
+    for (const bxtool::MessageInfo &info : bxtool::message_types()) {
+        std::string record = info.to_json_record;
+        if (record != info.to_struct_record)
+            record += " / " + std::string(info.to_struct_record);
+        std::printf("%4d  %-30s  %-30s  %s\n", info.type, quoted(info.to_json_name).c_str(),
+                    quoted(info.to_struct_name).c_str(), record.c_str());
+    }
+    return 0;
+}
+
+int example(const bxtool::MessageInfo &info)
+{
+    const std::string path = bxtool::example_path(info.type);
+    FILE *in = std::fopen(path.c_str(), "r");
+    if (in == nullptr) {
+        std::fprintf(stderr, "blobxlate: no example message of type %d (%s)\n", info.type, path.c_str());
+        return 2;
+    }
     char chunk[4096];
     size_t n;
     while ((n = std::fread(chunk, 1, sizeof chunk, in)) > 0)
-        out.append(chunk, n);
-    return !std::ferror(in);
-}
-
-// The entries JTS_StaList fills: one per element of the message's
-// "stalist" array, up to the capacity offered.
-unsigned stations_in(blob_attr *msg, unsigned capacity)
-{
-    static const blobmsg_policy policy[] = {{"stalist", BLOBMSG_TYPE_ARRAY}};
-    blob_attr *list = nullptr;
-    blobmsg_parse(policy, 1, &list, blob_data(msg), blob_len(msg));
-    unsigned n = 0;
-    blob_attr *cur;
-    size_t rem;
-    blobmsg_for_each_attr(cur, list, rem) {
-        if (n == capacity)
-            break;
-        ++n;
-    }
-    return n;
-}
-
-int usage()
-{
-    std::fprintf(stderr, "usage: blobxlate TYPE [FILE]\n");
-    return 2;
+        std::fwrite(chunk, 1, n, stdout);
+    std::fclose(in);
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc < 2 || argc > 3)
-        return usage();
-    char *end = nullptr;
-    errno = 0;
-    long type = std::strtol(argv[1], &end, 10);
-    if (*argv[1] == 0 || *end != 0 || errno != 0) {
-        std::fprintf(stderr, "blobxlate: message type must be a number: %s\n", argv[1]);
+    bool trace = false;
+    std::vector<std::string> args;
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--help") {
+            std::printf("%s%s", kUsage, kHelp);
+            return 0;
+        }
+        if (arg == "--version") {
+            std::printf("blobxlate %s\n", BLOBXLATE_VERSION);
+            return 0;
+        }
+        if (arg == "--trace")
+            trace = true;
+        else if (arg.size() > 1 && arg.compare(0, 2, "--") == 0)
+            return usage_error();
+        else
+            args.push_back(arg);
+    }
+    const std::string command = args.empty() ? "" : args[0];
+    if (command == "list" && args.size() == 1)
+        return list();
+    const bool is_example = command == "example";
+    if (args.empty() || args.size() > 2 || command == "list" || (is_example && args.size() != 2))
+        return usage_error();
+
+    std::string error;
+    const auto info = bxtool::find_type(args[is_example ? 1 : 0], error);
+    if (!info) {
+        std::fprintf(stderr, "blobxlate: %s\n", error.c_str());
         return 2;
     }
-    if (type < 0 || type > 172 ||
-        (!has_row(g_astStructToJson_Func, g_iStructToJson_FuncNum, static_cast<int>(type)) &&
-         !has_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, static_cast<int>(type)))) {
-        std::fprintf(stderr, "blobxlate: unknown message type %ld\n", type);
-        return 2;
-    }
-
-    std::string text;
-    const char *path = argc == 3 ? argv[2] : "-";
-    FILE *in = std::strcmp(path, "-") == 0 ? stdin : std::fopen(path, "r");
-    if (in == nullptr) {
-        std::fprintf(stderr, "blobxlate: cannot open %s: %s\n", path, std::strerror(errno));
-        return 2;
-    }
-    bool read_ok = read_all(in, text);
-    if (in != stdin)
-        std::fclose(in);
-    if (!read_ok) {
-        std::fprintf(stderr, "blobxlate: cannot read %s\n", path);
-        return 2;
-    }
-
-    blob_buf msg{};
-    blob_buf_init(&msg, 0);
-    if (!blobmsg_add_json_from_string(&msg, text.c_str())) {
-        std::fprintf(stderr, "blobxlate: %s is not a JSON object\n", path);
-        blob_buf_free(&msg);
-        return 2;
-    }
-
-    // A zeroed record, as the converters expect. The station list keeps its
-    // entries in a caller-owned array whose capacity is the record's count.
-    alignas(16) static unsigned char record[kRecordBytes];
-    std::memset(record, 0, sizeof record);
-    static StaEntry stations[kStationCapacity];
-    auto *station_list = reinterpret_cast<StaListInfo *>(record);
-    if (type == MSG_STA_LIST) {
-        station_list->uiStaNumofEsps = kStationCapacity;
-        station_list->pstListInfo = stations;
-    }
-
-    int to_struct = JSON_TRANS_STRUCT(static_cast<int>(type), msg.head, record);
-    // The converter leaves the count at the capacity; as the caller we set
-    // it to the entries the message filled, so the answer lists just those.
-    if (type == MSG_STA_LIST)
-        station_list->uiStaNumofEsps = stations_in(msg.head, kStationCapacity);
-
-    blob_buf out{};
-    blob_buf_init(&out, 0);
-    int to_json = STRUCT_TRANS_JSON(static_cast<int>(type), record, &out);
-    char *json = blobmsg_format_json_indent(out.head, true, 0);
-
-    std::printf("JSON_TRANS_STRUCT: %d\nSTRUCT_TRANS_JSON: %d\n%s\n", to_struct, to_json, json != nullptr ? json : "{}");
-    std::free(json);
-    blob_buf_free(&out);
-    blob_buf_free(&msg);
-    return (to_struct == 0 && to_json == 0) ? 0 : 1;
+    if (is_example)
+        return example(*info);
+    std::optional<StderrTrace> stderr_trace;
+    if (trace)
+        stderr_trace.emplace();
+    return bxtool::convert(*info, args.size() == 2 ? args[1].c_str() : "-");
 }
