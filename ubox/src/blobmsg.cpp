@@ -230,9 +230,11 @@ int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
 int blobmsg_parse_array(const struct blobmsg_policy *policy, int policy_len,
 			struct blob_attr **tb, void *data, unsigned int len)
 {
-	if (policy_len <= 0 || !data)
+	if (policy_len <= 0)
 		return 0;  // no slot to fill; the platform would read policy[0]
 	memset(tb, 0, static_cast<size_t>(policy_len) * sizeof(*tb));
+	if (!data)
+		return 0;
 
 	// Elements fill the slots in order. One whose type is not exactly the
 	// current slot's (CAST_INT64 matches nothing here) is skipped unchecked
