@@ -685,23 +685,11 @@ TEST(UboxJson, Indented)
 		  "\t\t\n"
 		  "\t]\n"
 		  "}");
-	EXPECT_EQ(json(m.b.head, true, 2),
-		  "{\n"
-		  "\t\t\t\"a\": 1,\n"
-		  "\t\t\t\"t\": {\n"
-		  "\t\t\t\t\"x\": \"y\",\n"
-		  "\t\t\t\t\"l\": [\n"
-		  "\t\t\t\t\t1,\n"
-		  "\t\t\t\t\tfalse\n"
-		  "\t\t\t\t]\n"
-		  "\t\t\t},\n"
-		  "\t\t\t\"e\": {\n"
-		  "\t\t\t\t\n"
-		  "\t\t\t},\n"
-		  "\t\t\t\"z\": [\n"
-		  "\t\t\t\t\n"
-		  "\t\t\t]\n"
-		  "\t\t}");
+	// A starting indent of 2 puts two more tabs after every line break.
+	std::string deeper;
+	for (char c : json(m.b.head, true, 0))
+		deeper += c == '\n' ? "\n\t\t" : std::string(1, c);
+	EXPECT_EQ(json(m.b.head, true, 2), deeper);
 	EXPECT_EQ(json(m.b.head, true), "{\"a\":1,\"t\":{\"x\":\"y\",\"l\":[1,false]},\"e\":{},\"z\":[]}");
 	// Not as a list: a member renders with its name, or as its value alone.
 	struct blob_attr *t = blob_next(static_cast<struct blob_attr *>(blob_data(m.b.head)));

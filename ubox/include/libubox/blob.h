@@ -9,10 +9,11 @@
  * helpers below work on any host byte order and on unaligned data.
  *
  * This header deliberately has no extern "C" guard: C++ users include it
- * inside extern "C" { }, exactly as with the platform's own header.
+ * inside extern "C" { }, exactly as with the platform's own header. The
+ * include guards are the platform's too, so a build sees only one of the two.
  */
-#ifndef LIBUBOX_BLOB_H
-#define LIBUBOX_BLOB_H
+#ifndef _BLOB_H__
+#define _BLOB_H__
 
 #include <errno.h>
 #include <stdbool.h>

@@ -8,8 +8,8 @@
  *
  * No extern "C" guard on purpose; see blob.h.
  */
-#ifndef LIBUBOX_BLOBMSG_H
-#define LIBUBOX_BLOBMSG_H
+#ifndef __BLOBMSG_H
+#define __BLOBMSG_H
 
 #include <stdarg.h>
 

@@ -5,8 +5,8 @@
  *
  * No extern "C" guard on purpose; see blob.h.
  */
-#ifndef LIBUBOX_BLOBMSG_JSON_H
-#define LIBUBOX_BLOBMSG_JSON_H
+#ifndef __BLOBMSG_JSON_H
+#define __BLOBMSG_JSON_H
 
 struct json_object;
 

@@ -5,8 +5,8 @@
  * headers are those the platform's header brings in, so daemon code that
  * leans on them builds the same against either library.
  */
-#ifndef LIBUBOX_UTILS_H
-#define LIBUBOX_UTILS_H
+#ifndef __LIBUBOX_UTILS_H
+#define __LIBUBOX_UTILS_H
 
 #include <stdbool.h>
 #include <stddef.h>
