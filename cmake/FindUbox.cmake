@@ -46,7 +46,15 @@ message(STATUS "blobxlate: using the ${BLOBXLATE_UBOX_KIND} libubox")
 
 add_library(blobxlate_ubox_deps INTERFACE)
 if(BLOBXLATE_UBOX_KIND STREQUAL "system")
-  target_include_directories(blobxlate_ubox_deps INTERFACE ${UBOX_INCLUDE_DIR})
+  # SYSTEM: its utils.h defines __constructor and friends, which trip
+  # -Werror=attributes where later headers use those names.
+  target_include_directories(blobxlate_ubox_deps SYSTEM INTERFACE $<BUILD_INTERFACE:${UBOX_INCLUDE_DIR}>)
+  # A libubox built into the source tree (the test stage's) is not one an
+  # installed package can point at; a platform one is.
+  string(FIND "${UBOX_INCLUDE_DIR}/" "${PROJECT_SOURCE_DIR}/" UBOX_IN_TREE)
+  if(NOT UBOX_IN_TREE EQUAL 0)
+    target_include_directories(blobxlate_ubox_deps SYSTEM INTERFACE $<INSTALL_INTERFACE:${UBOX_INCLUDE_DIR}>)
+  endif()
   target_link_libraries(blobxlate_ubox_deps INTERFACE ${UBOX_JSON_LIBRARY} ${UBOX_LIBRARY} ${BLOBXLATE_JSONC})
 else()
   add_subdirectory(${PROJECT_SOURCE_DIR}/ubox ${PROJECT_BINARY_DIR}/ubox)

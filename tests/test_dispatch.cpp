@@ -197,7 +197,7 @@ TEST(Trace, FailedConverterIsReportedByTheDispatcher)
     Msg msg(R"({})");
     TraceCapture cap;
     EXPECT_EQ(JSON_TRANS_STRUCT(MSG_RET, msg, &rec), -1);
-    EXPECT_THAT(cap.take(), ElementsAre("JSON_TRANS_STRUCT: DEBUG: JsonStr = {}\n",
+    EXPECT_THAT(cap.take(), ElementsAre("JSON_TRANS_STRUCT: DEBUG: JsonStr = {\n\t\n}\n",
                                         "JSON_TRANS_STRUCT: Json To Struct: [Ret] \n\n",
                                         "JTS_CheckBlobAttr: Illegal parameter: espResult\n",
                                         "JSON_TRANS_STRUCT: Trans failed.\n"));

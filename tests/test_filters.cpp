@@ -420,14 +420,14 @@ TEST(FilterTool, RoundTrips)
         GTEST_SKIP() << "blobxlate program not built";
     EXPECT_EQ(res.exit_code, 0);
     EXPECT_EQ(res.out, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"idx\": 0,\n\t\"enable\": \"enable\",\n"
-                       "\t\"urls\": [\n\t\t\"a.com\"\n\t],\n\t\"name\": \"\",\n\t\"macs\": [],\n\t\"mode\": \"White\",\n"
+                       "\t\"urls\": [\n\t\t\"a.com\"\n\t],\n\t\"name\": \"\",\n\t\"macs\": [\n\t\t\n\t],\n\t\"mode\": \"White\",\n"
                        "\t\"weekday\": 1,\n\t\"timerange\": [\n\t\t{\n\t\t\t\"starttime\": 60,\n\t\t\t\"endtime\": 120\n"
                        "\t\t}\n\t]\n}\n");
     ASSERT_TRUE(bxtest::run_tool(MSG_FILTER_DNS_LIST, R"({"count": 2, "list": [{"idx": 0, "name": "gone"},
         {"idx": 4, "enable": "enable", "macs": "aa", "action": "NameError", "mode": "Grey"}]})", res));
     EXPECT_EQ(res.exit_code, 0);
     EXPECT_EQ(res.out, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"count\": 2,\n\t\"list\": [\n\t\t{\n"
-                       "\t\t\t\"idx\": 4,\n\t\t\t\"enable\": \"enable\",\n\t\t\t\"hostnames\": [],\n"
+                       "\t\t\t\"idx\": 4,\n\t\t\t\"enable\": \"enable\",\n\t\t\t\"hostnames\": [\n\t\t\t\t\n\t\t\t],\n"
                        "\t\t\t\"name\": \"\",\n\t\t\t\"macs\": \"aa\",\n\t\t\t\"action\": \"NameError\",\n"
                        "\t\t\t\"mode\": \"\"\n\t\t}\n\t]\n}\n");
 }

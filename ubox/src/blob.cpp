@@ -34,26 +34,22 @@ char *base(struct blob_buf *buf)
 	return static_cast<char *>(buf->buf);
 }
 
-// Default growth: at least what is asked, and at least half again the current
-// size, so that building a large message costs a logarithmic number of copies.
+// Default growth, as the platform's: what is asked rounded up to the next
+// whole 256 bytes, the new part zeroed.
 bool default_grow(struct blob_buf *buf, int minlen)
 {
-	if (minlen <= 0)
-		return true;
-	size_t cur = buf->buflen > 0 ? static_cast<size_t>(buf->buflen) : 0;
-	size_t delta = static_cast<size_t>(minlen);
-	if (delta < cur / 2)
-		delta = cur / 2;
-	size_t want = (cur + delta + 255) & ~static_cast<size_t>(255);
-	if (want > static_cast<size_t>(INT_MAX))
-		want = static_cast<size_t>(INT_MAX);
-	if (want < cur + static_cast<size_t>(minlen))
+	if (minlen < 0)
 		return false;
-	void *p = realloc(buf->buf, want);
+	size_t cur = buf->buflen > 0 ? static_cast<size_t>(buf->buflen) : 0;
+	size_t delta = (static_cast<size_t>(minlen) / 256 + 1) * 256;
+	if (cur + delta > static_cast<size_t>(INT_MAX))
+		return false;
+	void *p = realloc(buf->buf, cur + delta);
 	if (!p)
 		return false;  // the old block is still owned by buf
+	memset(static_cast<char *>(p) + cur, 0, delta);
 	buf->buf = p;
-	buf->buflen = static_cast<int>(want);
+	buf->buflen = static_cast<int>(cur + delta);
 	return true;
 }
 
@@ -74,12 +70,20 @@ struct blob_attr *reserve(struct blob_buf *buf, size_t off, size_t raw)
 	size_t end = off + pad4(raw);
 	if (end > BLOB_ATTR_LEN_MASK)
 		return nullptr;
-	size_t have = buf->buflen > 0 ? static_cast<size_t>(buf->buflen) : 0;
-	if (!buf->buf)
-		have = 0;
-	if (end > have && !blob_buf_grow(buf, static_cast<int>(end - have)))
-		return nullptr;
+	// The grow hook is asked for the unpadded end, as the platform asks; the
+	// padding is then made sure of too, since it is written as well.
+	const size_t wants[] = {off + raw, end};
+	for (size_t want : wants) {
+		size_t have = buf->buf && buf->buflen > 0 ? static_cast<size_t>(buf->buflen) : 0;
+		if (want > have && !blob_buf_grow(buf, static_cast<int>(want - have)))
+			return nullptr;
+	}
 	return reinterpret_cast<struct blob_attr *>(base(buf) + off);
+}
+
+size_t used_end(struct blob_buf *buf)
+{
+	return head_offset(buf) + blob_pad_len(buf->head);
 }
 
 } // namespace
@@ -94,7 +98,7 @@ bool blob_buf_grow(struct blob_buf *buf, int required)
 		return false;
 	size_t off = head_offset(buf);
 	size_t before = buf->buf && buf->buflen > 0 ? static_cast<size_t>(buf->buflen) : 0;
-	if (before + static_cast<size_t>(required) > static_cast<size_t>(INT_MAX))
+	if (before + static_cast<size_t>(required) > BLOB_ATTR_LEN_MASK)
 		return false;
 	if (!buf->grow(buf, required))
 		return false;
@@ -151,7 +155,7 @@ struct blob_attr *blob_new(struct blob_buf *buf, int id, int payload)
 	if (!buf || !buf->buf || !buf->head || payload < 0)
 		return nullptr;
 	size_t raw = kHdr + static_cast<size_t>(payload);
-	size_t off = head_offset(buf) + blob_pad_len(buf->head);
+	size_t off = used_end(buf);
 	struct blob_attr *attr = reserve(buf, off, raw);
 	if (!attr)
 		return nullptr;
@@ -168,6 +172,22 @@ struct blob_attr *blob_put(struct blob_buf *buf, int id, const void *ptr, unsign
 	struct blob_attr *attr = blob_new(buf, id, static_cast<int>(len));
 	if (attr && len)
 		memcpy(blob_data(attr), ptr, len);
+	return attr;
+}
+
+struct blob_attr *blob_put_raw(struct blob_buf *buf, const void *ptr, unsigned int len)
+{
+	if (!buf || !buf->buf || !buf->head || !ptr || len < kHdr)
+		return nullptr;
+	size_t off = used_end(buf);
+	struct blob_attr *attr = reserve(buf, off, len);
+	if (!attr)
+		return nullptr;
+	write_header(attr, 0, len);
+	blob_fill_pad(attr);
+	// The enclosing length grows by the unpadded length, as on the platform.
+	blob_set_raw_len(buf->head, static_cast<unsigned int>(blob_pad_len(buf->head) + len));
+	memcpy(attr, ptr, len);
 	return attr;
 }
 
@@ -191,12 +211,119 @@ void blob_nest_end(struct blob_buf *buf, void *cookie)
 	size_t nested_off = head_offset(buf);
 	if (parent_off >= nested_off)
 		return;  // not an enclosing attribute: a stale or foreign cookie
-	// The nest is the last thing in its parent, so the parent ends where the
-	// nest ends, whatever was counted for it while it was open.
+	// The parent counted the nest's header when it was opened; now its
+	// payload too.
 	struct blob_attr *parent = reinterpret_cast<struct blob_attr *>(base(buf) + parent_off);
-	size_t end = nested_off + blob_pad_len(buf->head);
-	blob_set_raw_len(parent, static_cast<unsigned int>(end - parent_off));
+	blob_set_raw_len(parent, static_cast<unsigned int>(blob_pad_len(parent) + blob_len(buf->head)));
 	buf->head = parent;
+}
+
+bool blob_attr_equal(const struct blob_attr *a1, const struct blob_attr *a2)
+{
+	if (!a1 || !a2)
+		return a1 == a2;
+	return blob_pad_len(a1) == blob_pad_len(a2) && memcmp(a1, a2, blob_pad_len(a1)) == 0;
+}
+
+struct blob_attr *blob_memdup(const struct blob_attr *attr)
+{
+	void *copy = malloc(blob_pad_len(attr));
+	if (copy)
+		memcpy(copy, attr, blob_pad_len(attr));
+	return static_cast<struct blob_attr *>(copy);
+}
+
+bool blob_check_type(const void *ptr, unsigned int len, int type)
+{
+	if (type < 0 || type >= BLOB_ATTR_LAST)
+		return false;
+	// Integers have their exact size; a string or double at least its size.
+	switch (type) {
+	case BLOB_ATTR_INT8:
+		return len == 1;
+	case BLOB_ATTR_INT16:
+		return len == 2;
+	case BLOB_ATTR_INT32:
+		return len == 4;
+	case BLOB_ATTR_INT64:
+		return len == 8;
+	case BLOB_ATTR_DOUBLE:
+		return len >= 8;
+	case BLOB_ATTR_STRING:
+		return len >= 1 && static_cast<const char *>(ptr)[len - 1] == '\0';
+	default:
+		return true;
+	}
+}
+
+} // extern "C"
+
+namespace {
+
+// One member for blob_parse: 1 when it fills an empty slot. A later valid
+// member of the same id replaces an earlier one.
+int parse_one(struct blob_attr *attr, size_t room, struct blob_attr **data,
+	      const struct blob_attr_info *info, int max)
+{
+	if (room < kHdr)
+		return 0;
+	int id = static_cast<int>(blob_id(attr));
+	size_t len = blob_raw_len(attr);
+	if (id >= max || len < kHdr || len > room)
+		return 0;
+	if (info) {
+		const struct blob_attr_info &want = info[id];
+		if (want.type < BLOB_ATTR_LAST &&
+		    !blob_check_type(blob_data(attr), static_cast<unsigned int>(blob_len(attr)),
+				     static_cast<int>(want.type)))
+			return 0;
+		if ((want.minlen && len < want.minlen) || (want.maxlen && len > want.maxlen))
+			return 0;
+		if (want.validate && !want.validate(&want, attr))
+			return 0;
+	}
+	int found = data[id] ? 0 : 1;
+	data[id] = attr;
+	return found;
+}
+
+int parse_members(struct blob_attr *attr, struct blob_attr **data,
+		  const struct blob_attr_info *info, int max)
+{
+	if (max <= 0)
+		return 0;
+	memset(data, 0, static_cast<size_t>(max) * sizeof(*data));
+	int found = 0;
+	struct blob_attr *pos;
+	size_t rem;
+	blob_for_each_attr(pos, attr, rem)
+		found += parse_one(pos, rem, data, info, max);
+	return found;
+}
+
+} // namespace
+
+extern "C" {
+
+int blob_parse(struct blob_attr *attr, struct blob_attr **data,
+	       const struct blob_attr_info *info, int max)
+{
+	return parse_members(attr, data, info, max);
+}
+
+int blob_parse_untrusted(struct blob_attr *attr, size_t attr_len, struct blob_attr **data,
+			 const struct blob_attr_info *info, int max)
+{
+	if (!attr || attr_len < kHdr || blob_raw_len(attr) > attr_len)
+		return 0;
+	// A length below a header would make the payload length wrap: nothing
+	// in it can be walked.
+	if (blob_raw_len(attr) < kHdr) {
+		if (max > 0)
+			memset(data, 0, static_cast<size_t>(max) * sizeof(*data));
+		return 0;
+	}
+	return parse_members(attr, data, info, max);
 }
 
 } // extern "C"

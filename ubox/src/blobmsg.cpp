@@ -5,7 +5,9 @@
 // [attr, attr + len): the header only once 4 bytes are known to be there, the
 // name length only once the payload is known to hold it, and so on.
 #include <cerrno>
+#include <cstdarg>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 
 extern "C" {
@@ -54,8 +56,9 @@ bool value_fits(int type, const char *data, size_t len)
 	case BLOBMSG_TYPE_INT32:
 		return len == 4;
 	case BLOBMSG_TYPE_INT64:
-	case BLOBMSG_TYPE_DOUBLE:
 		return len == 8;
+	case BLOBMSG_TYPE_DOUBLE:
+		return len >= 8;  // only a floor, as on the platform
 	default:
 		// ARRAY, TABLE and UNSPEC: containers are checked member by member
 		// by whoever walks them.
@@ -71,6 +74,15 @@ bool type_matches(int want, int have)
 		return have == BLOBMSG_TYPE_INT8 || have == BLOBMSG_TYPE_INT16 ||
 		       have == BLOBMSG_TYPE_INT32 || have == BLOBMSG_TYPE_INT64;
 	return false;
+}
+
+// Where the value of the string buffer being written (the attribute just
+// after the open table or array) starts.
+size_t pending_data_offset(struct blob_buf *buf)
+{
+	const struct blob_attr *attr = blob_next(buf->head);
+	return static_cast<size_t>(static_cast<const char *>(blobmsg_data(attr)) -
+				   static_cast<const char *>(buf->buf));
 }
 
 } // namespace
@@ -98,8 +110,10 @@ void *blobmsg_open_nested(struct blob_buf *buf, const char *name, bool array)
 					     name, 0, &data);
 	if (!nest)
 		return nullptr;
-	// Members go after the name header; blob_nest_end sets the parent's
-	// length from where the nest ends.
+	// While open, the parent counts only the nest's 4-byte header; closing
+	// adds the nest's payload, name header included.
+	struct blob_attr *head = buf->head;
+	blob_set_raw_len(head, static_cast<unsigned int>(blob_pad_len(head) - (blob_pad_len(nest) - kHdr)));
 	buf->head = nest;
 	return ubox_internal::offset_to_cookie(parent);
 }
@@ -145,7 +159,7 @@ bool blobmsg_check_attr(const struct blob_attr *attr, bool name)
 
 int blobmsg_check_array_len(const struct blob_attr *attr, int type, size_t len)
 {
-	if (!blobmsg_check_attr_len(attr, false, len))
+	if (type > BLOBMSG_TYPE_LAST || !blobmsg_check_attr_len(attr, false, len))
 		return -1;
 	int id = blobmsg_type(attr);
 	if (id != BLOBMSG_TYPE_ARRAY && id != BLOBMSG_TYPE_TABLE)
@@ -169,6 +183,16 @@ int blobmsg_check_array(const struct blob_attr *attr, int type)
 	if (!attr)
 		return -1;
 	return blobmsg_check_array_len(attr, type, blob_raw_len(attr));
+}
+
+bool blobmsg_check_attr_list(const struct blob_attr *attr, int type)
+{
+	return blobmsg_check_array(attr, type) >= 0;
+}
+
+bool blobmsg_check_attr_list_len(const struct blob_attr *attr, int type, size_t len)
+{
+	return blobmsg_check_array_len(attr, type, len) >= 0;
 }
 
 int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
@@ -197,8 +221,7 @@ int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
 			if (strlen(policy[i].name) != namelen ||
 			    memcmp(policy[i].name, hdr->name, namelen) != 0)
 				continue;
-			tb[i] = pos;
-			break;
+			tb[i] = pos;  // and every other empty slot of that name and type
 		}
 	}
 	return 0;
@@ -207,26 +230,99 @@ int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
 int blobmsg_parse_array(const struct blobmsg_policy *policy, int policy_len,
 			struct blob_attr **tb, void *data, unsigned int len)
 {
-	if (policy_len > 0)
-		memset(tb, 0, static_cast<size_t>(policy_len) * sizeof(*tb));
-	if (!data || !len)
-		return -EINVAL;
+	if (policy_len <= 0)
+		return 0;  // no slot to fill; the platform would read policy[0]
+	memset(tb, 0, static_cast<size_t>(policy_len) * sizeof(*tb));
+	if (!data)
+		return 0;
 
-	// Elements are matched by position: the i-th element goes to tb[i] when
-	// its type suits policy[i]; otherwise tb[i] stays null.
+	// Elements fill the slots in order. One whose type is not exactly the
+	// current slot's (CAST_INT64 matches nothing here) is skipped unchecked
+	// and the slot waits for the next element.
 	struct blob_attr *pos;
 	unsigned int rem = len;
 	int i = 0;
 	__blob_for_each_attr(pos, data, rem) {
-		if (i >= policy_len)
-			break;
+		if (policy[i].type != BLOBMSG_TYPE_UNSPEC &&
+		    blobmsg_type(pos) != static_cast<int>(policy[i].type))
+			continue;
 		if (!blobmsg_check_attr_len(pos, false, rem))
 			return -1;
-		if (type_matches(policy[i].type, blobmsg_type(pos)))
-			tb[i] = pos;
-		i++;
+		tb[i++] = pos;
+		if (i == policy_len)
+			break;
 	}
 	return 0;
+}
+
+// A string whose length is not known yet: the attribute is written after
+// the open table or array without being counted in it, so that it can
+// still grow; blobmsg_add_string_buffer counts it once the text is in.
+void *blobmsg_alloc_string_buffer(struct blob_buf *buf, const char *name, unsigned int maxlen)
+{
+	void *data = nullptr;
+	struct blob_attr *attr = blobmsg_new(buf, BLOBMSG_TYPE_STRING, name, size_t{maxlen} + 1, &data);
+	if (!attr)
+		return nullptr;
+	blob_set_raw_len(buf->head, static_cast<unsigned int>(blob_pad_len(buf->head) - blob_pad_len(attr)));
+	blob_set_raw_len(attr, static_cast<unsigned int>(blob_raw_len(attr) - maxlen - 1));
+	return data;
+}
+
+// Room for maxlen bytes and the NUL after the pending string's name header.
+void *blobmsg_realloc_string_buffer(struct blob_buf *buf, unsigned int maxlen)
+{
+	size_t data_off = pending_data_offset(buf);
+	size_t want = data_off + ((size_t{maxlen} + 1 + 3) & ~size_t{3});  // its padding is written too
+	size_t have = static_cast<size_t>(buf->buflen);
+	if (want > have && !blob_buf_grow(buf, static_cast<int>(want - have)))
+		return nullptr;
+	return static_cast<char *>(buf->buf) + data_off;
+}
+
+void blobmsg_add_string_buffer(struct blob_buf *buf)
+{
+	size_t data_off = pending_data_offset(buf);
+	size_t room = static_cast<size_t>(buf->buflen) - data_off;
+	const char *text = static_cast<const char *>(buf->buf) + data_off;
+	size_t len = strnlen(text, room) + 1;
+	struct blob_attr *attr = blob_next(buf->head);
+	size_t raw = blob_raw_len(attr) + len;
+	// A text that overran its room (no NUL, or padding past the end) is
+	// dropped rather than counted with bytes outside the buffer.
+	if (len > room || data_off - blob_raw_len(attr) + ((raw + 3) & ~size_t{3}) > static_cast<size_t>(buf->buflen))
+		return;
+	blob_set_raw_len(attr, static_cast<unsigned int>(raw));
+	blob_fill_pad(attr);
+	blob_set_raw_len(buf->head, static_cast<unsigned int>(blob_raw_len(buf->head) + blob_pad_len(attr)));
+}
+
+int blobmsg_vprintf(struct blob_buf *buf, const char *name, const char *format, va_list arg)
+{
+	va_list measure;
+	va_copy(measure, arg);
+	char c;
+	int len = vsnprintf(&c, sizeof(c), format, measure);
+	va_end(measure);
+	if (len < 0)
+		return -1;
+	char *text = static_cast<char *>(blobmsg_alloc_string_buffer(buf, name, static_cast<unsigned int>(len)));
+	if (!text)
+		return -1;
+	int ret = vsnprintf(text, static_cast<size_t>(len) + 1, format, arg);
+	if (ret < 0)
+		return -1;
+	blobmsg_add_string_buffer(buf);
+	return ret;
+}
+
+int blobmsg_printf(struct blob_buf *buf, const char *name, const char *format, ...)
+{
+	va_list ap;
+	va_start(ap, format);
+	int ret = blobmsg_vprintf(buf, name, format, ap);
+	va_end(ap);
+	return ret;
 }
 
 } // extern "C"

@@ -1,16 +1,18 @@
 // JSON <-> blobmsg.
 //
 // Parsing is json-c's; the mapping onto blobmsg types is here. Output is our
-// own formatter, which walks the message without recursion (an explicit stack
-// of open containers), so a hostile message nested millions deep cannot
-// exhaust the C stack, and validates every member against the bytes left in
-// its container before touching it, stopping the container at the first
-// member that does not check out.
+// own formatter, which writes the platform's text byte for byte but walks the
+// message without recursion (an explicit stack of open containers), so a
+// hostile message nested millions deep cannot exhaust the C stack. A
+// container's walk ends at the first member that does not fit in it; a member
+// that fits but does not check out prints nothing (its comma stays).
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+#include <json-c/json.h>
 
 extern "C" {
 #include <libubox/blobmsg_json.h>
@@ -28,6 +30,7 @@ public:
 	~Text() { free(buf_); }
 
 	bool ok() const { return ok_; }
+	bool empty() const { return len_ == 0; }
 
 	void put(const char *s, size_t n)
 	{
@@ -121,55 +124,77 @@ private:
 	size_t cap_ = 0;
 };
 
+// A JSON string of the bytes up to the first NUL or max.
 void put_string(Text &out, const char *s, size_t max)
 {
 	static const char hex[] = "0123456789abcdef";
 	out.put('"');
 	for (size_t i = 0; i < max && s[i] != '\0'; i++) {
 		unsigned char c = static_cast<unsigned char>(s[i]);
+		const char *short_form = nullptr;
 		switch (c) {
-		case '"':
-			out.put("\\\"", 2);
-			break;
-		case '\\':
-			out.put("\\\\", 2);
-			break;
-		case '\n':
-			out.put("\\n", 2);
-			break;
-		case '\t':
-			out.put("\\t", 2);
-			break;
-		default:
-			if (c < 0x20) {
-				char esc[6] = {'\\', 'u', '0', '0', hex[c >> 4], hex[c & 15]};
-				out.put(esc, sizeof(esc));
-			} else {
-				out.put(static_cast<char>(c));
-			}
+		case '\b': short_form = "\\b"; break;
+		case '\n': short_form = "\\n"; break;
+		case '\t': short_form = "\\t"; break;
+		case '\r': short_form = "\\r"; break;
+		case '"': short_form = "\\\""; break;
+		case '\\': short_form = "\\\\"; break;
+		default: break;
+		}
+		if (short_form) {
+			out.put(short_form, 2);
+		} else if (c < 0x20) {
+			char esc[6] = {'\\', 'u', '0', '0', hex[c >> 4], hex[c & 15]};
+			out.put(esc, sizeof(esc));
+		} else {
+			out.put(static_cast<char>(c));
 		}
 	}
 	out.put('"');
 }
 
+// The name a member prints with. An extended attribute's is checked to be in
+// place; a plain one has none, but its bytes are read as one anyway (as the
+// platform does), here only as far as the attribute goes.
+void name_of(const struct blob_attr *attr, const char **name, size_t *len)
+{
+	const char *data = static_cast<const char *>(blob_data(attr));
+	*name = data + sizeof(struct blobmsg_hdr);
+	if (blob_is_extended(attr))
+		*len = blobmsg_namelen(static_cast<const struct blobmsg_hdr *>(blob_data(attr)));
+	else
+		*len = blob_len(attr) > sizeof(struct blobmsg_hdr) ? blob_len(attr) - sizeof(struct blobmsg_hdr) : 0;
+}
+
 class Formatter {
 public:
 	Formatter(blobmsg_json_format_t cb, void *priv, int indent)
-		: cb_(cb), priv_(priv), indent_(indent)
+		: cb_(cb), priv_(priv), pretty_(indent >= 0), level_(indent)
 	{
 	}
 
-	// Renders the members of a container area as an object or array.
+	// Opens an object or array over an area of members; run() renders them.
 	bool open(const struct blob_attr *first, size_t rem, bool array)
 	{
 		out_.put(array ? '[' : '{');
+		level_++;
+		separator();
 		return stack_.push(Frame{first, rem, array, true});
 	}
 
-	// Renders a value that has already been validated; containers are opened
-	// and their members rendered by run().
-	bool value(struct blob_attr *attr)
+	// One member: nothing when it does not check out, its name unless
+	// without_name or empty, then its value (or the callback's text).
+	bool element(struct blob_attr *attr, bool without_name)
 	{
+		if (!blobmsg_check_attr(attr, false))
+			return true;
+		const char *name;
+		size_t namelen;
+		name_of(attr, &name, &namelen);
+		if (!without_name && namelen && name[0]) {
+			put_string(out_, name, namelen);
+			out_.put(pretty_ ? ": " : ":");
+		}
 		if (cb_) {
 			const char *s = cb_(priv_, attr);
 			if (s) {
@@ -179,7 +204,9 @@ public:
 		}
 		const char *data = static_cast<const char *>(blobmsg_data(attr));
 		size_t len = blobmsg_data_len(attr);
-		char num[64];
+		// The platform's buffer: the most negative doubles lose their last
+		// decimal in it too.
+		char num[317];
 		switch (blobmsg_type(attr)) {
 		case BLOBMSG_TYPE_ARRAY:
 		case BLOBMSG_TYPE_TABLE:
@@ -187,30 +214,28 @@ public:
 				    blobmsg_type(attr) == BLOBMSG_TYPE_ARRAY);
 		case BLOBMSG_TYPE_STRING:
 			put_string(out_, data, len);
-			break;
+			return true;
 		case BLOBMSG_TYPE_INT8:
-			out_.put(blobmsg_get_u8(attr) ? "true" : "false");
+			snprintf(num, sizeof(num), "%s", blobmsg_get_u8(attr) ? "true" : "false");
 			break;
 		case BLOBMSG_TYPE_INT16:
 			snprintf(num, sizeof(num), "%d", static_cast<int>(static_cast<int16_t>(blobmsg_get_u16(attr))));
-			out_.put(num);
 			break;
 		case BLOBMSG_TYPE_INT32:
 			snprintf(num, sizeof(num), "%" PRId32, static_cast<int32_t>(blobmsg_get_u32(attr)));
-			out_.put(num);
 			break;
 		case BLOBMSG_TYPE_INT64:
 			snprintf(num, sizeof(num), "%" PRId64, static_cast<int64_t>(blobmsg_get_u64(attr)));
-			out_.put(num);
 			break;
 		case BLOBMSG_TYPE_DOUBLE:
+			// In full, as "%lf" gives it: 1e308 is 309 digits and ".000000".
 			snprintf(num, sizeof(num), "%lf", blobmsg_get_double(attr));
-			out_.put(num);
 			break;
 		default:
-			out_.put("null");
+			snprintf(num, sizeof(num), "null");
 			break;
 		}
+		out_.put(num);
 		return true;
 	}
 
@@ -221,57 +246,64 @@ public:
 			Frame &f = stack_.top();
 			const struct blob_attr *cur = f.pos;
 			if (f.rem < sizeof(struct blob_attr) || blob_pad_len(cur) < sizeof(struct blob_attr) ||
-			    blob_pad_len(cur) > f.rem || !blobmsg_check_attr_len(cur, false, f.rem)) {
-				close(f);
+			    blob_pad_len(cur) > f.rem) {
+				bool array = f.array;
 				stack_.pop();
+				level_--;
+				separator();
+				out_.put(array ? ']' : '}');
 				continue;
 			}
 			f.rem -= blob_pad_len(cur);
 			f.pos = blob_next(cur);
 			bool array = f.array;
-			if (!f.first)
+			if (!f.first) {
 				out_.put(',');
+				separator();
+			}
 			f.first = false;
-			// f may dangle after value() pushes a frame; nothing below uses it.
-			if (pretty()) {
-				out_.put('\n');
-				out_.tabs(level());
-			}
-			if (!array) {
-				const char *name = blobmsg_name(cur);
-				size_t namelen = blob_is_extended(cur)
-					? blobmsg_namelen(static_cast<const struct blobmsg_hdr *>(blob_data(cur)))
-					: 0;
-				put_string(out_, name, namelen);
-				out_.put(pretty() ? ": " : ":");
-			}
-			if (!value(const_cast<struct blob_attr *>(cur)))
+			// f may dangle after element() pushes a frame; nothing below uses it.
+			if (!element(const_cast<struct blob_attr *>(cur), array))
 				return false;
 		}
 		return out_.ok();
 	}
 
+	bool empty() const { return out_.empty(); }
 	char *release() { return out_.release(); }
 
 private:
-	bool pretty() const { return indent_ >= 0; }
-	int level() const { return indent_ + static_cast<int>(stack_.size()); }
-
-	void close(const Frame &f)
+	// A new line and one tab per level, at most 16.
+	void separator()
 	{
-		if (pretty() && !f.first) {
-			out_.put('\n');
-			out_.tabs(level() - 1);
-		}
-		out_.put(f.array ? ']' : '}');
+		if (!pretty_)
+			return;
+		out_.put('\n');
+		out_.tabs(level_ < 0 ? 0 : (level_ > 16 ? 16 : level_));
 	}
 
 	blobmsg_json_format_t cb_;
 	void *priv_;
-	int indent_;
+	bool pretty_;
+	int level_;
 	Text out_;
 	FrameStack stack_;
 };
+
+// attr as a member (or only its value) of no container.
+char *format_element(struct blob_attr *attr, bool without_name, blobmsg_json_format_t cb,
+		     void *priv, int indent)
+{
+	if (!attr || blob_raw_len(attr) < sizeof(struct blob_attr))
+		return nullptr;
+	Formatter f(cb, priv, indent);
+	if (!f.element(attr, without_name) || !f.run())
+		return nullptr;
+	// Nothing printed for an attribute with no payload: no text at all.
+	if (f.empty() && blob_len(attr) == 0)
+		return nullptr;
+	return f.release();
+}
 
 bool add_array(struct blob_buf *b, json_object *arr)
 {
@@ -289,6 +321,8 @@ extern "C" {
 
 bool blobmsg_add_json_element(struct blob_buf *b, const char *name, json_object *obj)
 {
+	// A value that does not fit in the buffer is left out and the rest goes
+	// on, as on the platform; only a failed nest fails the whole.
 	switch (json_object_get_type(obj)) {
 	case json_type_object: {
 		void *c = blobmsg_open_table(b, name);
@@ -307,19 +341,25 @@ bool blobmsg_add_json_element(struct blob_buf *b, const char *name, json_object 
 		return ok;
 	}
 	case json_type_string:
-		return blobmsg_add_string(b, name, json_object_get_string(obj)) == 0;
+		blobmsg_add_string(b, name, json_object_get_string(obj));
+		return true;
 	case json_type_boolean:
-		return blobmsg_add_u8(b, name, json_object_get_boolean(obj) ? 1 : 0) == 0;
+		blobmsg_add_u8(b, name, json_object_get_boolean(obj) ? 1 : 0);
+		return true;
 	case json_type_int: {
 		int64_t v = json_object_get_int64(obj);
 		if (v >= INT32_MIN && v <= INT32_MAX)
-			return blobmsg_add_u32(b, name, static_cast<uint32_t>(static_cast<int32_t>(v))) == 0;
-		return blobmsg_add_u64(b, name, static_cast<uint64_t>(v)) == 0;
+			blobmsg_add_u32(b, name, static_cast<uint32_t>(static_cast<int32_t>(v)));
+		else
+			blobmsg_add_u64(b, name, static_cast<uint64_t>(v));
+		return true;
 	}
 	case json_type_double:
-		return blobmsg_add_double(b, name, json_object_get_double(obj)) == 0;
+		blobmsg_add_double(b, name, json_object_get_double(obj));
+		return true;
 	case json_type_null:
-		return blobmsg_add_field(b, BLOBMSG_TYPE_UNSPEC, name, nullptr, 0) == 0;
+		blobmsg_add_field(b, BLOBMSG_TYPE_UNSPEC, name, nullptr, 0);
+		return true;
 	}
 	return false;
 }
@@ -335,11 +375,13 @@ bool blobmsg_add_object(struct blob_buf *b, json_object *obj)
 	return true;
 }
 
-bool blobmsg_add_json_from_string(struct blob_buf *b, const char *str)
+} // extern "C"
+
+namespace {
+
+// Adds the members of a parsed top-level object, and drops the object.
+bool add_parsed(struct blob_buf *b, json_object *obj)
 {
-	if (!b || !str)
-		return false;
-	json_object *obj = json_tokener_parse(str);
 	if (!obj)
 		return false;
 	bool ok = json_object_is_type(obj, json_type_object) && blobmsg_add_object(b, obj);
@@ -347,27 +389,46 @@ bool blobmsg_add_json_from_string(struct blob_buf *b, const char *str)
 	return ok;
 }
 
+} // namespace
+
+extern "C" {
+
+bool blobmsg_add_json_from_string(struct blob_buf *b, const char *str)
+{
+	return b && str && add_parsed(b, json_tokener_parse(str));
+}
+
+bool blobmsg_add_json_from_file(struct blob_buf *b, const char *file)
+{
+	return b && file && add_parsed(b, json_object_from_file(file));
+}
+
 char *blobmsg_format_json_with_cb(struct blob_attr *attr, bool list,
 				  blobmsg_json_format_t cb, void *priv, int indent)
 {
-	// The attribute itself can only be checked against its own length; its
-	// members are checked against it as they are walked.
-	if (!attr || !blobmsg_check_attr(attr, false))
+	if (!list)
+		return format_element(attr, false, cb, priv, indent);
+	// The members of attr, whatever its type, as far as its own length
+	// goes; an extended attribute's name header must be in it.
+	if (!attr || blob_raw_len(attr) < sizeof(struct blob_attr))
 		return nullptr;
+	if (blob_is_extended(attr) &&
+	    (blob_len(attr) < sizeof(struct blobmsg_hdr) ||
+	     static_cast<size_t>(blobmsg_hdrlen(blobmsg_namelen(static_cast<const struct blobmsg_hdr *>(blob_data(attr))))) >
+		     blob_len(attr)))
+		return nullptr;
+	bool array = blob_is_extended(attr) && blobmsg_type(attr) == BLOBMSG_TYPE_ARRAY;
 	Formatter f(cb, priv, indent);
-	if (list) {
-		int type = blobmsg_type(attr);
-		bool container = !blob_is_extended(attr) || type == BLOBMSG_TYPE_ARRAY ||
-				 type == BLOBMSG_TYPE_TABLE;
-		const struct blob_attr *first = static_cast<const struct blob_attr *>(blobmsg_data(attr));
-		if (!f.open(first, container ? blobmsg_data_len(attr) : 0, false))
-			return nullptr;
-	} else if (!f.value(attr)) {
-		return nullptr;
-	}
-	if (!f.run())
+	if (!f.open(static_cast<const struct blob_attr *>(blobmsg_data(attr)), blobmsg_data_len(attr), array) ||
+	    !f.run())
 		return nullptr;
 	return f.release();
+}
+
+char *blobmsg_format_json_value_with_cb(struct blob_attr *attr, blobmsg_json_format_t cb,
+					void *priv, int indent)
+{
+	return format_element(attr, true, cb, priv, indent);
 }
 
 } // extern "C"

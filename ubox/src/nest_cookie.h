@@ -2,7 +2,8 @@
 //
 // A cookie is the offset of the enclosing attribute in the buffer, not a
 // pointer, so it stays valid when the memory moves on reallocation. It is
-// biased so that no valid cookie is null (null means "open failed").
+// biased, as the platform's, so that no valid cookie is null (null means
+// "open failed").
 #ifndef BLOBXLATE_UBOX_NEST_COOKIE_H
 #define BLOBXLATE_UBOX_NEST_COOKIE_H
 
@@ -11,7 +12,7 @@
 
 namespace ubox_internal {
 
-constexpr uintptr_t kCookieBias = 0x10000000u;
+constexpr uintptr_t kCookieBias = BLOB_COOKIE;
 
 inline void *offset_to_cookie(size_t offset)
 {

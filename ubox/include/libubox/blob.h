@@ -9,15 +9,38 @@
  * helpers below work on any host byte order and on unaligned data.
  *
  * This header deliberately has no extern "C" guard: C++ users include it
- * inside extern "C" { }, exactly as with the platform's own header.
+ * inside extern "C" { }, exactly as with the platform's own header. The
+ * include guards are the platform's too, so a build sees only one of the two.
  */
-#ifndef LIBUBOX_BLOB_H
-#define LIBUBOX_BLOB_H
+#ifndef _BLOB_H__
+#define _BLOB_H__
 
+#include <errno.h>
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+
+#include "utils.h"
+
+/* Nest cookies are buffer offsets plus this, so that none is null. */
+#define BLOB_COOKIE 0x01234567
+
+/* Types of plain (non-blobmsg) attributes, for blob_check_type and blob_parse. */
+enum {
+	BLOB_ATTR_UNSPEC,
+	BLOB_ATTR_NESTED,
+	BLOB_ATTR_BINARY,
+	BLOB_ATTR_STRING,
+	BLOB_ATTR_INT8,
+	BLOB_ATTR_INT16,
+	BLOB_ATTR_INT32,
+	BLOB_ATTR_INT64,
+	BLOB_ATTR_DOUBLE,
+	BLOB_ATTR_LAST
+};
 
 #define BLOB_ATTR_ID_MASK  0x7f000000
 #define BLOB_ATTR_ID_SHIFT 24
@@ -28,7 +51,19 @@
 struct blob_attr {
 	uint32_t id_len;
 	char data[];
-} __attribute__((packed));
+} __packed;
+
+/*
+ * One entry per attribute id for blob_parse: the value type (BLOB_ATTR_*;
+ * >= BLOB_ATTR_LAST: not checked), bounds on the raw length (0: none) and an
+ * optional check of its own.
+ */
+struct blob_attr_info {
+	unsigned int type;
+	unsigned int minlen;
+	unsigned int maxlen;
+	bool (*validate)(const struct blob_attr_info *, struct blob_attr *);
+};
 
 struct blob_buf {
 	struct blob_attr *head;
@@ -124,6 +159,52 @@ static inline struct blob_attr *blob_next(const struct blob_attr *attr)
 	return (struct blob_attr *) ((char *) attr + blob_pad_len(attr));
 }
 
+/* Plain value getters: no type or length check. */
+static inline uint8_t blob_get_u8(const struct blob_attr *attr)
+{
+	return *(const uint8_t *) attr->data;
+}
+
+static inline uint16_t blob_get_u16(const struct blob_attr *attr)
+{
+	return blob_load_be16(attr->data);
+}
+
+static inline uint32_t blob_get_u32(const struct blob_attr *attr)
+{
+	return blob_load_be32(attr->data);
+}
+
+static inline uint64_t blob_get_u64(const struct blob_attr *attr)
+{
+	return blob_load_be64(attr->data);
+}
+
+static inline int8_t blob_get_int8(const struct blob_attr *attr)
+{
+	return (int8_t) blob_get_u8(attr);
+}
+
+static inline int16_t blob_get_int16(const struct blob_attr *attr)
+{
+	return (int16_t) blob_get_u16(attr);
+}
+
+static inline int32_t blob_get_int32(const struct blob_attr *attr)
+{
+	return (int32_t) blob_get_u32(attr);
+}
+
+static inline int64_t blob_get_int64(const struct blob_attr *attr)
+{
+	return (int64_t) blob_get_u64(attr);
+}
+
+static inline const char *blob_get_string(const struct blob_attr *attr)
+{
+	return attr->data;
+}
+
 int blob_buf_init(struct blob_buf *buf, int id);
 void blob_buf_free(struct blob_buf *buf);
 bool blob_buf_grow(struct blob_buf *buf, int required);
@@ -134,8 +215,65 @@ void blob_set_raw_len(struct blob_attr *attr, unsigned int len);
 struct blob_attr *blob_new(struct blob_buf *buf, int id, int payload);
 struct blob_attr *blob_put(struct blob_buf *buf, int id, const void *ptr, unsigned int len);
 
+struct blob_attr *blob_put_raw(struct blob_buf *buf, const void *ptr, unsigned int len);
+
 void *blob_nest_start(struct blob_buf *buf, int id);
 void blob_nest_end(struct blob_buf *buf, void *cookie);
+
+/* Same padded length and same bytes (two nulls are equal). */
+bool blob_attr_equal(const struct blob_attr *a1, const struct blob_attr *a2);
+/* A malloc'd copy of the attribute with its padding. */
+struct blob_attr *blob_memdup(const struct blob_attr *attr);
+
+bool blob_check_type(const void *ptr, unsigned int len, int type);
+/*
+ * Fills data[id] with the last valid member of each id below max and
+ * returns how many ids were found. blob_parse trusts attr's own length;
+ * blob_parse_untrusted reads nothing past attr + attr_len.
+ */
+int blob_parse(struct blob_attr *attr, struct blob_attr **data,
+	       const struct blob_attr_info *info, int max);
+int blob_parse_untrusted(struct blob_attr *attr, size_t attr_len, struct blob_attr **data,
+			 const struct blob_attr_info *info, int max);
+
+static inline struct blob_attr *blob_put_string(struct blob_buf *buf, int id, const char *str)
+{
+	return blob_put(buf, id, str, (unsigned int) strlen(str) + 1);
+}
+
+static inline struct blob_attr *blob_put_u8(struct blob_buf *buf, int id, uint8_t val)
+{
+	return blob_put(buf, id, &val, sizeof(val));
+}
+
+static inline struct blob_attr *blob_put_u16(struct blob_buf *buf, int id, uint16_t val)
+{
+	uint8_t be[2];
+
+	blob_store_be16(be, val);
+	return blob_put(buf, id, be, sizeof(be));
+}
+
+static inline struct blob_attr *blob_put_u32(struct blob_buf *buf, int id, uint32_t val)
+{
+	uint8_t be[4];
+
+	blob_store_be32(be, val);
+	return blob_put(buf, id, be, sizeof(be));
+}
+
+static inline struct blob_attr *blob_put_u64(struct blob_buf *buf, int id, uint64_t val)
+{
+	uint8_t be[8];
+
+	blob_store_be64(be, val);
+	return blob_put(buf, id, be, sizeof(be));
+}
+
+#define blob_put_int8  blob_put_u8
+#define blob_put_int16 blob_put_u16
+#define blob_put_int32 blob_put_u32
+#define blob_put_int64 blob_put_u64
 
 /*
  * Walks a raw area of attributes; the caller sets rem to the area's length.
@@ -155,6 +293,15 @@ void blob_nest_end(struct blob_buf *buf, void *cookie);
 	for (rem = (attr) ? blob_len(attr) : 0,                                \
 	     pos = (struct blob_attr *) ((attr) ? blob_data(attr) : NULL);     \
 	     (rem) >= (int) sizeof(struct blob_attr) &&                        \
+	     blob_pad_len(pos) >= sizeof(struct blob_attr) &&                  \
+	     blob_pad_len(pos) <= (size_t) (rem);                              \
+	     rem -= blob_pad_len(pos), pos = blob_next(pos))
+
+/* As blob_for_each_attr, and only while rem stays below attr_len. */
+#define blob_for_each_attr_len(pos, attr, attr_len, rem)                       \
+	for (rem = (attr) ? blob_len(attr) : 0,                                \
+	     pos = (struct blob_attr *) ((attr) ? blob_data(attr) : NULL);     \
+	     (rem) >= (int) sizeof(struct blob_attr) && (rem) < (attr_len) &&  \
 	     blob_pad_len(pos) >= sizeof(struct blob_attr) &&                  \
 	     blob_pad_len(pos) <= (size_t) (rem);                              \
 	     rem -= blob_pad_len(pos), pos = blob_next(pos))

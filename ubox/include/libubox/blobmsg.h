@@ -8,13 +8,10 @@
  *
  * No extern "C" guard on purpose; see blob.h.
  */
-#ifndef LIBUBOX_BLOBMSG_H
-#define LIBUBOX_BLOBMSG_H
+#ifndef __BLOBMSG_H
+#define __BLOBMSG_H
 
-#include <stdbool.h>
-#include <stddef.h>
-#include <stdint.h>
-#include <string.h>
+#include <stdarg.h>
 
 #include "blob.h"
 
@@ -41,7 +38,7 @@ enum blobmsg_type {
 struct blobmsg_hdr {
 	uint16_t namelen;
 	uint8_t name[];
-} __attribute__((packed));
+} __packed;
 
 struct blobmsg_policy {
 	const char *name;
@@ -58,14 +55,18 @@ static inline uint16_t blobmsg_namelen(const struct blobmsg_hdr *hdr)
 	return blob_load_be16(hdr);
 }
 
-/* Name of a member; a non-extended attribute has none. */
+static inline void blobmsg_clear_name(struct blob_attr *attr)
+{
+	struct blobmsg_hdr *hdr = (struct blobmsg_hdr *) blob_data(attr);
+
+	hdr->name[0] = 0;
+}
+
+/* Name of a member: only meaningful for an extended attribute. */
 static inline const char *blobmsg_name(const struct blob_attr *attr)
 {
-	const struct blobmsg_hdr *hdr;
+	const struct blobmsg_hdr *hdr = (const struct blobmsg_hdr *) blob_data(attr);
 
-	if (!blob_is_extended(attr))
-		return "";
-	hdr = (const struct blobmsg_hdr *) blob_data(attr);
 	return (const char *) hdr->name;
 }
 
@@ -140,10 +141,47 @@ static inline char *blobmsg_get_string(struct blob_attr *attr)
 	return (char *) blobmsg_data(attr);
 }
 
+/* Any integer width as a 64-bit number (0 for other types). */
+static inline uint64_t blobmsg_cast_u64(struct blob_attr *attr)
+{
+	switch (blobmsg_type(attr)) {
+	case BLOBMSG_TYPE_INT64:
+		return blobmsg_get_u64(attr);
+	case BLOBMSG_TYPE_INT32:
+		return blobmsg_get_u32(attr);
+	case BLOBMSG_TYPE_INT16:
+		return blobmsg_get_u16(attr);
+	case BLOBMSG_TYPE_INT8:
+		return blobmsg_get_u8(attr);
+	default:
+		return 0;
+	}
+}
+
+/* The same, sign-extended from the attribute's width. */
+static inline int64_t blobmsg_cast_s64(struct blob_attr *attr)
+{
+	switch (blobmsg_type(attr)) {
+	case BLOBMSG_TYPE_INT64:
+		return (int64_t) blobmsg_get_u64(attr);
+	case BLOBMSG_TYPE_INT32:
+		return (int32_t) blobmsg_get_u32(attr);
+	case BLOBMSG_TYPE_INT16:
+		return (int16_t) blobmsg_get_u16(attr);
+	case BLOBMSG_TYPE_INT8:
+		return (int8_t) blobmsg_get_u8(attr);
+	default:
+		return 0;
+	}
+}
+
 bool blobmsg_check_attr(const struct blob_attr *attr, bool name);
 bool blobmsg_check_attr_len(const struct blob_attr *attr, bool name, size_t len);
 int blobmsg_check_array(const struct blob_attr *attr, int type);
 int blobmsg_check_array_len(const struct blob_attr *attr, int type, size_t len);
+/* The same checks as a yes/no. */
+bool blobmsg_check_attr_list(const struct blob_attr *attr, int type);
+bool blobmsg_check_attr_list_len(const struct blob_attr *attr, int type, size_t len);
 
 int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
 		  struct blob_attr **tb, void *data, unsigned int len);
@@ -152,6 +190,42 @@ int blobmsg_parse_array(const struct blobmsg_policy *policy, int policy_len,
 
 int blobmsg_add_field(struct blob_buf *buf, int type, const char *name,
 		      const void *data, unsigned int len);
+
+/* Parses the members of a TABLE (or the elements of an ARRAY) attribute. */
+static inline int blobmsg_parse_attr(const struct blobmsg_policy *policy, int policy_len,
+				     struct blob_attr **tb, struct blob_attr *data)
+{
+	return blobmsg_parse(policy, policy_len, tb, blobmsg_data(data), (unsigned int) blobmsg_len(data));
+}
+
+static inline int blobmsg_parse_array_attr(const struct blobmsg_policy *policy, int policy_len,
+					   struct blob_attr **tb, struct blob_attr *data)
+{
+	return blobmsg_parse_array(policy, policy_len, tb, blobmsg_data(data),
+				   (unsigned int) blobmsg_len(data));
+}
+
+/* Copies a member (name, type and value) into the open table or array. */
+static inline int blobmsg_add_blob(struct blob_buf *buf, struct blob_attr *attr)
+{
+	return blobmsg_add_field(buf, blobmsg_type(attr), blobmsg_name(attr), blobmsg_data(attr),
+				 (unsigned int) blobmsg_data_len(attr));
+}
+
+/*
+ * A string written in place: alloc reserves maxlen bytes and a NUL after the
+ * open table or array and returns where to write, realloc makes room for a
+ * longer text, add counts the string (up to its NUL) in.
+ */
+void *blobmsg_alloc_string_buffer(struct blob_buf *buf, const char *name, unsigned int maxlen);
+void *blobmsg_realloc_string_buffer(struct blob_buf *buf, unsigned int maxlen);
+void blobmsg_add_string_buffer(struct blob_buf *buf);
+
+/* A formatted string member; the string's length, or -1. */
+int blobmsg_vprintf(struct blob_buf *buf, const char *name, const char *format, va_list arg)
+	__attribute__((format(printf, 3, 0)));
+int blobmsg_printf(struct blob_buf *buf, const char *name, const char *format, ...)
+	__attribute__((format(printf, 3, 4)));
 
 void *blobmsg_open_nested(struct blob_buf *buf, const char *name, bool array);
 
@@ -229,6 +303,14 @@ static inline int blobmsg_add_double(struct blob_buf *buf, const char *name, dou
 #define blobmsg_for_each_attr(pos, attr, rem)                                  \
 	for (rem = (attr) ? blobmsg_data_len(attr) : 0,                        \
 	     pos = (struct blob_attr *) ((attr) ? blobmsg_data(attr) : NULL);  \
+	     (rem) >= (int) sizeof(struct blob_attr) &&                        \
+	     blob_pad_len(pos) >= sizeof(struct blob_attr) &&                  \
+	     blob_pad_len(pos) <= (size_t) (rem);                              \
+	     rem -= blob_pad_len(pos), pos = blob_next(pos))
+
+/* The same with rem set by the caller. */
+#define __blobmsg_for_each_attr(pos, attr, rem)                                \
+	for (pos = (struct blob_attr *) ((attr) ? blobmsg_data(attr) : NULL);  \
 	     (rem) >= (int) sizeof(struct blob_attr) &&                        \
 	     blob_pad_len(pos) >= sizeof(struct blob_attr) &&                  \
 	     blob_pad_len(pos) <= (size_t) (rem);                              \
