@@ -114,7 +114,7 @@ BX_API int JTS_WifiBlackWhite_Add(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     blob_attr *tb[std::size(kAccessEntry)];
-    bx::wifi::fields_of_msg(kAccessEntry, tb, pstMsg);
+    bx::wifi::fields_of_msg<kAccessEntry>(tb, pstMsg);
     bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_INDEX, pvRecord);
     /* Name and MAC are required; what was stored before a missing one stays. */
     if (!bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_NAME, pvRecord))
@@ -136,7 +136,7 @@ BX_API int JTS_WifiBlackWhite_Delete(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     blob_attr *tb[std::size(kAccessIndex)];
-    bx::wifi::fields_of_msg(kAccessIndex, tb, pstMsg);
+    bx::wifi::fields_of_msg<kAccessIndex>(tb, pstMsg);
     return bx::wifi::store_if_present(__func__, kAccessIndex, tb, 0, pvRecord) ? 0 : -1;
 }
 
@@ -173,7 +173,7 @@ BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
      * capacity so that a long list never writes past it. */
     bx::wifi::fill_entries(func, tb[AL_LIST], BLOBMSG_TYPE_TABLE, BX_WIFI_ACCESS_LIST_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kAccessEntry, cur, &rec->astList[n]);
+                               bx::wifi::store_entry<kAccessEntry>(func, cur, &rec->astList[n]);
                            });
     return 0;
 }

@@ -124,28 +124,20 @@ constexpr Field kQuickjoin[] = {
 
 /* ---- CTCC platform servers (type 154) --------------------------------------- */
 
-/* Each member travels only while its bit of uiValidMask is set. The texts
- * fill up to their whole 65-byte arrays, terminator or not. */
-struct MaskedText {
-    Field field;
-    uint32_t bit;
+/* Each member travels only while its bit of uiValidMask is set; storing
+ * one sets its bit. Quirk: the copy takes the whole array, so a
+ * 65-character text is stored without a terminator. */
+#define SERVER_TEXT(member, key, bit) \
+    bx::flagged(bx::whole(BX_TEXT(CTCCServerInfoParam, member, key, key ":%s")), bit)
+constexpr Field kServerTexts[] = {
+    SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
+    SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
+    SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
+    SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
 };
-
-constexpr MaskedText kServerTexts[] = {
-    {BX_TEXT(CTCCServerInfoParam, szBssAddr, "bssaddr", nullptr), CTCC_SERVER_BSSADDR},
-    {BX_TEXT(CTCCServerInfoParam, szAbiAddr, "abiaddr", nullptr), CTCC_SERVER_ABIADDR},
-    {BX_TEXT(CTCCServerInfoParam, szDevToken, "devtoken", nullptr), CTCC_SERVER_DEVTOKEN},
-    {BX_TEXT(CTCCServerInfoParam, szDevId, "devid", nullptr), CTCC_SERVER_DEVID},
-};
+#undef SERVER_TEXT
 constexpr size_t kServerTextCount = sizeof kServerTexts / sizeof kServerTexts[0];
-
-/* One backup server entry, as a nameless array element. */
-Field backup_entry(size_t i)
-{
-    return Field{nullptr, bx::Kind::Text,
-                 static_cast<uint16_t>(offsetof(CTCCServerInfoParam, aszBackup) + i * CTCC_SERVER_TEXT_SIZE),
-                 CTCC_SERVER_TEXT_SIZE, -1, nullptr};
-}
+constexpr int kServerMask = static_cast<int>(offsetof(CTCCServerInfoParam, uiValidMask));
 
 /* Quirk: the copy takes the whole array, so a 65-character text is stored
  * without a terminator. Its trace prints the array and nothing past it. */
@@ -170,7 +162,7 @@ BX_API int STJ_StaStorageInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_StaStorageInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaStorageInfo);
+    return bx::jts_fields<kStaStorageInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -180,7 +172,7 @@ BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CustomInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCustomInfo);
+    return bx::jts_fields<kCustomInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -190,7 +182,7 @@ BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CTCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCTCCBasicInfo);
+    return bx::jts_fields<kCTCCBasicInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -198,16 +190,13 @@ BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
     if (pvRecord == nullptr || pstBuf == nullptr)
         return -1;
     const auto *rec = static_cast<const CTCCServerInfoParam *>(pvRecord);
-    for (const MaskedText &t : kServerTexts) {
-        if (rec->uiValidMask & t.bit)
-            bx::emit_field(t.field, rec, pstBuf);
-    }
+    bx::emit_fields(kServerTexts, kServerTextCount, rec, pstBuf, kServerMask);
     if (!(rec->uiValidMask & CTCC_SERVER_BACKUP))
         return 0;
     void *list = blobmsg_open_array(pstBuf, "backup");
     /* The entries before the first empty one, at most the array's 16. */
     for (size_t i = 0; i < CTCC_SERVER_BACKUP_MAX && rec->aszBackup[i][0] != 0; ++i)
-        bx::emit_field(backup_entry(i), rec, pstBuf);
+        bx::add_text(pstBuf, nullptr, rec->aszBackup[i]);
     blob_nest_end(pstBuf, list);
     return 0;
 }
@@ -228,14 +217,8 @@ BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
     auto *rec = static_cast<CTCCServerInfoParam *>(pvRecord);
     blob_attr *tb[SERVER_MAX];
     bx::parse(policy, tb, pstMsg);
-    for (size_t i = 0; i < kServerTextCount; ++i) {
-        if (!bx::present(policy, tb, i))
-            continue;
-        const Field &f = kServerTexts[i].field;
-        store_server_text(__func__, f.key, reinterpret_cast<char *>(rec) + f.offset, tb[i]);
-        /* Bits are only ever set: the caller's mask is added to. */
-        rec->uiValidMask |= kServerTexts[i].bit;
-    }
+    /* Bits are only ever set: the caller's mask is added to. */
+    bx::read_fields(__func__, kServerTexts, kServerTextCount, tb, rec, kServerMask);
     if (!bx::present(policy, tb, SERVER_BACKUP))
         return 0;
     rec->uiValidMask |= CTCC_SERVER_BACKUP;
@@ -255,7 +238,7 @@ BX_API int STJ_CTCCElinkStatus(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CTCCElinkInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kCTCCElinkStatus[0], "[status] is not valid.\n");
+    return bx::sys::jts_required<kCTCCElinkStatus>(__func__, pstMsg, pvRecord, "[status] is not valid.\n");
 }
 
 BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -265,7 +248,7 @@ BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CMCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCMCCBasicInfo);
+    return bx::jts_fields<kCMCCBasicInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf)
@@ -275,7 +258,7 @@ BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Telnet(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kTelnet);
+    return bx::jts_fields<kTelnet>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf)
@@ -285,7 +268,7 @@ BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Samba(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kSamba);
+    return bx::jts_fields<kSamba>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf)
@@ -295,7 +278,7 @@ BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Ftp(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFtp);
+    return bx::jts_fields<kFtp>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf)
@@ -305,7 +288,7 @@ BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_RouterName(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kRouterName[0], "[routername] is not valid.\n");
+    return bx::sys::jts_required<kRouterName>(__func__, pstMsg, pvRecord, "[routername] is not valid.\n");
 }
 
 BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf)
@@ -315,7 +298,7 @@ BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_KernelCount(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kKernelCount[0], "[count] is not valid.\n");
+    return bx::sys::jts_required<kKernelCount>(__func__, pstMsg, pvRecord, "[count] is not valid.\n");
 }
 
 BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf)
@@ -325,7 +308,7 @@ BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CTCCRouterPin(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCTCCRouterPin);
+    return bx::jts_fields<kCTCCRouterPin>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf)
@@ -335,7 +318,7 @@ BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_FactoryFlag(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kFactoryFlag[0]);
+    return bx::sys::jts_required<kFactoryFlag>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf)
@@ -345,7 +328,7 @@ BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CMCCCfgFileSync(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCMCCCfgFileSync);
+    return bx::jts_fields<kCMCCCfgFileSync>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf)
@@ -356,7 +339,7 @@ BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_SyncTime(struct blob_attr *pstMsg, void *pvRecord)
 {
     /* Quirk: a missing "time" is reported as "[status]". */
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kSyncTime[0], "[status] is not valid.\n");
+    return bx::sys::jts_required<kSyncTime>(__func__, pstMsg, pvRecord, "[status] is not valid.\n");
 }
 
 BX_API int STJ_WanTcpUdpConNum_Get(const void *pvRecord, struct blob_buf *pstBuf)
@@ -424,7 +407,7 @@ BX_API int STJ_Agent_Uplink_Info_Get(const void *pvRecord, struct blob_buf *pstB
 
 BX_API int JTS_Agent_Uplink_Info_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kAgentUplinkInfo);
+    return bx::jts_fields<kAgentUplinkInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf)
@@ -434,7 +417,7 @@ BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Upgrade_report(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kUpgradeReport);
+    return bx::jts_fields<kUpgradeReport>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf)
@@ -444,7 +427,7 @@ BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_File_Save(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFileSync);
+    return bx::jts_fields<kFileSync>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf)
@@ -454,7 +437,7 @@ BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Quickjoin(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kQuickjoin);
+    return bx::jts_fields<kQuickjoin>(__func__, pstMsg, pvRecord);
 }
 
 } // extern "C"

@@ -68,7 +68,7 @@ BX_API int STJ_Reboot(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Reboot(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRebootReceived);
+    return bx::jts_fields<kRebootReceived>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf)
@@ -78,7 +78,7 @@ BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Upgrade(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kUpgrade);
+    return bx::jts_fields<kUpgrade>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf)
@@ -88,7 +88,7 @@ BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_LoginPassWord(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kLoginPassword[0]);
+    return bx::sys::jts_required<kLoginPassword>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf)
@@ -98,7 +98,7 @@ BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_FireWall(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kFireWall[0]);
+    return bx::sys::jts_required<kFireWall>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf)
@@ -108,7 +108,7 @@ BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Led(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kLed[0]);
+    return bx::sys::jts_required<kLed>(__func__, pstMsg, pvRecord);
 }
 
 /* Sent only: nobody asks the device to be in an upgrade state. */
@@ -127,7 +127,7 @@ BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     BX_TRACE("JTS_Led_Colour()\n");
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kLedColour);
+    return bx::jts_fields<kLedColour>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf)
@@ -137,7 +137,7 @@ BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_DualbandSync(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kDualbandSync[0]);
+    return bx::sys::jts_required<kDualbandSync>(__func__, pstMsg, pvRecord);
 }
 
 } // extern "C"

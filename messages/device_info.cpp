@@ -62,12 +62,12 @@ enum {
 constexpr blobmsg_policy hw_policy_entry(size_t i)
 {
     if (i < kHeadCount)
-        return {kHwHead[i].key, bx::wire_type(kHwHead[i].how)};
+        return {kHwHead[i].key, bx::wire_type(kHwHead[i].wire)};
     switch (i) {
     case HW_REBOOTCOUNT: return {"rebootcount", BLOBMSG_TYPE_INT32};
     case HW_LANMAXRATE:  return {"lanmaxrate", BLOBMSG_TYPE_ARRAY};
     case HW_WANMAXRATE:  return {"wanmaxrate", BLOBMSG_TYPE_ARRAY};
-    default:             return {kHwTail[i - HW_TAIL].key, bx::wire_type(kHwTail[i - HW_TAIL].how)};
+    default:             return {kHwTail[i - HW_TAIL].key, bx::wire_type(kHwTail[i - HW_TAIL].wire)};
     }
 }
 
@@ -265,7 +265,7 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     blob_attr *tb[HW_MAX];
     blobmsg_parse(g_stHwInfo_policy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
-    bx::store_present(__func__, kHwHead, kHeadCount, tb, rec);
+    bx::read_fields(__func__, kHwHead, kHeadCount, tb, rec, bx::kNoMask);
     if (JTS_CheckBlobAttr("lanmaxrate", tb[HW_LANMAXRATE])) {
         /* Four slots from auiLanMaxRate: the fourth is uiWanPortsMax. */
         store_rates(tb[HW_LANMAXRATE], rec, offsetof(HwInfoParam, auiLanMaxRate), kLanRateSlots,
@@ -276,7 +276,7 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
         store_rates(tb[HW_WANMAXRATE], rec, offsetof(HwInfoParam, auiWanMaxRate), kWanRateSlots,
                     [func](unsigned n, uint32_t rate) { BX_TRACE_AS(func, "wan port[%d]: %dMbps\n", n, rate); });
     }
-    bx::store_present(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec);
+    bx::read_fields(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec, bx::kNoMask);
     return 0;
 }
 
@@ -287,7 +287,7 @@ BX_API int STJ_FwInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_FwInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFwReceived);
+    return bx::jts_fields<kFwReceived>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -297,7 +297,7 @@ BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_ManuInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kManuInfo);
+    return bx::jts_fields<kManuInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_ManageInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -335,7 +335,7 @@ BX_API int STJ_FuncSupport(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_FuncSupport(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFuncSupport);
+    return bx::jts_fields<kFuncSupport>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf)
@@ -345,7 +345,7 @@ BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_CpuRate(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCpuRate);
+    return bx::jts_fields<kCpuRate>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf)
@@ -355,7 +355,7 @@ BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_MemRate(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kMemRate);
+    return bx::jts_fields<kMemRate>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf)
@@ -365,7 +365,7 @@ BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_FlashRate(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFlashRate);
+    return bx::jts_fields<kFlashRate>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf)
@@ -375,7 +375,7 @@ BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_RunTimeInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRunTimeInfo);
+    return bx::jts_fields<kRunTimeInfo>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)

@@ -103,7 +103,7 @@ BX_API int STJ_ScanWlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_ScanWlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRadio);
+    return bx::jts_fields<kRadio>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- 78 ---- */
@@ -144,7 +144,7 @@ BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
      * or the caller put it there, and by the record's capacity. */
     bx::wifi::fill_entries(func, tb[NB_LIST], BLOBMSG_TYPE_TABLE, at_most(rec->uiCount, BX_WLAN_NEIGHBOUR_MAX),
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kNeighbour, cur, &rec->astNeighbour[n]);
+                               bx::wifi::store_entry<kNeighbour>(func, cur, &rec->astNeighbour[n]);
                            });
     return 0;
 }
@@ -158,7 +158,7 @@ BX_API int STJ_WpsPbc(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_WpsPbc(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kWpsPbc);
+    return bx::jts_fields<kWpsPbc>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- 80 ---- */
@@ -213,7 +213,7 @@ BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
      * the record's capacity so that a long list never writes past it. */
     bx::wifi::fill_entries(func, tb[CS_LIST], BLOBMSG_TYPE_TABLE, BX_CHANNEL_SCORE_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kScore, cur, &rec->astScore[n]);
+                               bx::wifi::store_entry<kScore>(func, cur, &rec->astScore[n]);
                            });
     return 0;
 }

@@ -21,31 +21,13 @@ using bx::Field;
 
 /* One key of a rule as one message reads it. */
 struct RuleKey {
-    size_t slot;       /* policy slot */
-    bool text;         /* text copy, or 32-bit number */
-    bool whole;        /* text copy takes the whole array (no room for a terminator) */
-    uint16_t offset;
-    uint16_t size;
-    const char *trace; /* after storing, no line end */
+    size_t slot; /* policy slot */
+    Field field;
 };
 
-#define RULE_NUM(slot, member, trace) \
-    RuleKey{slot, false, false, static_cast<uint16_t>(offsetof(QosClassRule, member)), 4, trace}
-#define RULE_TEXT(slot, member, trace) \
-    RuleKey{slot, true, false, static_cast<uint16_t>(offsetof(QosClassRule, member)), BX_FIELD_SIZE(QosClassRule, member), trace}
-#define RULE_TEXT_WHOLE(slot, member, trace) \
-    RuleKey{slot, true, true, static_cast<uint16_t>(offsetof(QosClassRule, member)), BX_FIELD_SIZE(QosClassRule, member), trace}
-
-/* Traces a stored text. A text that fills its whole array has no
- * terminator of its own, so the trace prints at most the array. */
-void trace_text(const char *func, const char *fmt, const char *field, size_t size)
-{
-    char text[64];
-    size_t n = std::min(strnlen(field, size), sizeof text - 1);
-    std::memcpy(text, field, n);
-    text[n] = 0;
-    bx::trace_value(func, __LINE__, fmt, text, 0);
-}
+#define RULE_NUM(slot, member, trace) RuleKey{slot, BX_U32(QosClassRule, member, nullptr, trace)}
+#define RULE_TEXT(slot, member, trace) RuleKey{slot, BX_TEXT(QosClassRule, member, nullptr, trace)}
+#define RULE_TEXT_WHOLE(slot, member, trace) RuleKey{slot, bx::whole(BX_TEXT(QosClassRule, member, nullptr, trace))}
 
 /* Stores the present keys of `keys` into the rule, in table order, tracing
  * each absent key and each stored value. */
@@ -54,17 +36,8 @@ void store_keys(const char *func, const blobmsg_policy (&policy)[P], blob_attr *
                 const RuleKey (&keys)[K], QosClassRule *rule)
 {
     for (const RuleKey &k : keys) {
-        if (!bx::present(policy, tb, k.slot))
-            continue;
-        auto *field = reinterpret_cast<char *>(rule) + k.offset;
-        if (k.text) {
-            bx::copy_text(field, k.whole ? k.size : k.size - 1u, tb[k.slot]);
-            trace_text(func, k.trace, field, k.size);
-        } else {
-            uint32_t v = bx::get_u32(tb[k.slot]);
-            std::memcpy(field, &v, sizeof v);
-            bx::trace_value(func, __LINE__, k.trace, nullptr, v);
-        }
+        if (bx::present(policy, tb, k.slot))
+            bx::store_field(func, k.field, tb[k.slot], rule);
     }
 }
 

@@ -197,7 +197,7 @@ BX_API int STJ_L2_Roaming(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_L2_Roaming(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kL2Roaming);
+    return bx::jts_fields<kL2Roaming>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- 114 ---- */
@@ -221,7 +221,7 @@ BX_API int JTS_Roaming(struct blob_attr *pstMsg, void *pvRecord)
         return -1;
     auto *rec = static_cast<RoamingRec *>(pvRecord);
     blob_attr *tb[std::size(kRoaming)];
-    bx::wifi::fields_of_msg(kRoaming, tb, pstMsg);
+    bx::wifi::fields_of_msg<kRoaming>(tb, pstMsg);
     /* The mask only gains bits: an absent key leaves its bit as it was. */
     for (size_t i = 0; i < std::size(kRoaming); ++i) {
         if (bx::wifi::store_if_present(__func__, kRoaming, tb, i, rec))
@@ -332,7 +332,7 @@ BX_API int STJ_Roaming_BssTrans(const void *pvRecord, struct blob_buf *pstBuf)
 BX_API int JTS_Roaming_BssTrans(struct blob_attr *pstMsg, void *pvRecord)
 {
     /* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kBssTrans);
+    return bx::jts_fields<kBssTrans>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- 118 ---- */
@@ -375,7 +375,7 @@ BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_API int JTS_Roaming_StopDetect(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStopDetect);
+    return bx::jts_fields<kStopDetect>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- 120 ---- */

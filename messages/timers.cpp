@@ -23,7 +23,7 @@ constexpr bool slots_match(const blobmsg_policy (&policy)[P], const Field (&fiel
     if (F > P)
         return false;
     for (size_t i = 0; i < F; ++i) {
-        if (policy[i].type != bx::wire_type(fields[i].how))
+        if (policy[i].type != bx::wire_type(fields[i].wire))
             return false;
         const char *a = policy[i].name;
         const char *b = fields[i].key;
@@ -235,7 +235,7 @@ BX_API int STJ_RebootTimer(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_RebootTimer(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRebootTimer);
+    return bx::jts_fields<kRebootTimer>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- Wi-Fi timer tasks (85, 86, 87) ------------------------------------------------------ */
@@ -317,7 +317,7 @@ BX_API int STJ_WifiTimer_Idx(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_WifiTimer_Idx(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kTimerIdx);
+    return bx::jts_fields<kTimerIdx>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- Rate limits (108, 109) -------------------------------------------------------------------- */
@@ -408,7 +408,7 @@ BX_API int STJ_PeriodRate_Set(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_PeriodRate_Set(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPeriodRateTask);
+    return bx::jts_fields<kPeriodRateTask>(__func__, pstMsg, pvRecord);
 }
 
 BX_API int STJ_PeriodRate_Get(const void *pvRecord, struct blob_buf *pstBuf)

@@ -130,7 +130,7 @@ BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_API int JTS_Vsie_Proberx_Idx(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, bx::vsie::kIndexFields);
+    return bx::jts_fields<bx::vsie::kIndexFields>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- Type 147 ---- */
@@ -414,7 +414,7 @@ BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_API int JTS_Vsie_Proberesp_Idx(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return bx::jts_fields(__func__, pstMsg, pvRecord, bx::vsie::kIndexFields);
+    return bx::jts_fields<bx::vsie::kIndexFields>(__func__, pstMsg, pvRecord);
 }
 
 /* ---- Type 152 ---- */

@@ -23,14 +23,6 @@ namespace {
 constexpr size_t kRecordBytes = 128 * 1024; // larger than any record
 constexpr unsigned kStationCapacity = 64;   // entries offered to the station list
 
-bool has_row(const MessageTransEntry *table, int count, int type)
-{
-    for (int i = 0; i < count; ++i)
-        if (table[i].id == type)
-            return true;
-    return false;
-}
-
 bool read_all(FILE *in, std::string &out)
 {
     char chunk[4096];
@@ -78,8 +70,8 @@ int main(int argc, char **argv)
         return 2;
     }
     if (type < 0 || type > 172 ||
-        (!has_row(g_astStructToJson_Func, g_iStructToJson_FuncNum, static_cast<int>(type)) &&
-         !has_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, static_cast<int>(type)))) {
+        (BLOBXLATE_FindRow(BLOBXLATE_TO_JSON, static_cast<int>(type)) == nullptr &&
+         BLOBXLATE_FindRow(BLOBXLATE_TO_STRUCT, static_cast<int>(type)) == nullptr)) {
         std::fprintf(stderr, "blobxlate: unknown message type %ld\n", type);
         return 2;
     }
