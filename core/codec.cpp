@@ -87,6 +87,25 @@ void trace_field(const char *func, const Field &f, const char *text, size_t text
 #endif
 }
 
+bool name_header_inside(const blob_attr *elem)
+{
+    if (!blob_is_extended(elem))
+        return true;
+    const size_t len = blob_len(elem);
+    if (len < sizeof(blobmsg_hdr))
+        return false;
+    const auto namelen = blobmsg_namelen(static_cast<const blobmsg_hdr *>(blob_data(elem)));
+    return static_cast<size_t>(blobmsg_hdrlen(namelen)) <= len;
+}
+
+void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end)
+{
+    auto *data = static_cast<char *>(blobmsg_data(elem));
+    const size_t span = blob_len(elem);
+    const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
+    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(span < room ? span : room));
+}
+
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
 {
     size_t n = strnlen(text, size);

@@ -92,11 +92,18 @@ inline Shown<N> shown(const char (&field)[N])
 
 /* ---- Walking lists -------------------------------------------------------- */
 
-/* Calls fn(elem) for each element of an ARRAY or TABLE attribute, in order,
- * the way blobmsg_for_each_attr walks it; fn returns false to stop. An
- * element that is not a well-formed attribute inside the list (bad name
- * header, wrong value size) ends the walk, so no element ever points outside
- * the message. Returns the number of elements visited. */
+/* True when the element's name header lies inside the element, so that its
+ * value can be found without leaving it. */
+bool name_header_inside(const blob_attr *elem);
+
+/* The one list walk. Calls fn(elem) for each element of an ARRAY or TABLE
+ * attribute, in order, the way blobmsg_for_each_attr walks it: the walk ends
+ * at an element whose padded length is below an attribute header or beyond
+ * what remains, at an element whose name header would leave it, or when fn
+ * returns false (the message's own bound, or the record's capacity). An
+ * element whose value is malformed (a text without terminator, a number of
+ * the wrong size) reads as nothing: fn never sees it and the walk goes on.
+ * Returns the number of elements handed to fn. */
 template <typename Fn>
 inline unsigned for_each_elem(blob_attr *list, Fn fn)
 {
@@ -106,13 +113,31 @@ inline unsigned for_each_elem(blob_attr *list, Fn fn)
     blob_attr *cur;
     size_t rem;
     blobmsg_for_each_attr(cur, list, rem) {
-        if (!blobmsg_check_attr_len(cur, false, rem))
+        if (!name_header_inside(cur))
             break;
+        if (!blobmsg_check_attr_len(cur, false, rem))
+            continue;
         ++visited;
         if (!fn(cur))
             break;
     }
     return visited;
+}
+
+/* The end of a message's payload. */
+inline const char *end_of(blob_attr *msg) { return static_cast<const char *>(blob_data(msg)) + blob_len(msg); }
+
+/* Parses one list element the way these daemons always have: from the
+ * element's value over its whole payload length, name header included, so
+ * the span reaches as many bytes past the element as its name header holds:
+ * into the next element or, past the last one, into whatever follows the
+ * list in the message. The span is cut at the end of the message (msg_end,
+ * see end_of) so that the parse never leaves it. */
+void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
+template <size_t N>
+inline void parse_span(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem, const char *msg_end)
+{
+    parse_span(policy, N, tb, elem, msg_end);
 }
 
 /* ---- Writing values -------------------------------------------------------- */
@@ -142,6 +167,7 @@ struct TraceShape {
     uint8_t at;  /* index of the conversion letter in the text */
 };
 
+void text_trace_with_flags();  /* never defined: stops the compile */
 constexpr TraceShape trace_shape(const char *fmt)
 {
     if (fmt == nullptr)
@@ -159,6 +185,9 @@ constexpr TraceShape trace_shape(const char *fmt)
     for (; fmt[i] == 'l'; ++i)
         ++longs;
     const auto at = static_cast<uint8_t>(i);
+    /* A text is printed with the length its array holds: a plain %s. */
+    if (fmt[i] == 's' && fmt[i - 1] != '%')
+        text_trace_with_flags();
     if (fmt[i] == 's')
         return {TraceArg::Text, at};
     if (fmt[i] == 'p')
@@ -437,35 +466,48 @@ inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const ch
     return 0;
 }
 
-/* Defines a message's two converters from one field table. */
-#define BX_FIELD_CONVERTERS(stj_name, jts_name, table)                              \
-    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)               \
-    {                                                                                \
-        return ::bx::stj_fields(pvRecord, pstBuf, table);                  \
-    }                                                                                \
-    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                    \
-    {                                                                                \
-        return ::bx::jts_fields<table>(__func__, pstMsg, pvRecord);                 \
+/* Defines a message's two converters: sent by one field table, received by
+ * another (often the same), with the record's mask at byte offset mask_at
+ * (kNoMask: none). */
+#define BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, mask_at) \
+    BX_SENT_ROW(stj_name, sent, mask_at)                                     \
+    BX_RECEIVED_ROW(jts_name, received, mask_at)
+
+/* One direction of a message whose other converter says more than a table
+ * does: the struct-to-JSON converter of a table (mask_at as above)... */
+#define BX_SENT_ROW(stj_name, sent, mask_at)                                                \
+    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                     \
+    {                                                                                      \
+        BX_TRACE_CALL();                                                                   \
+        return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
     }
 
-/* Defines the two converters of a message whose record keeps the validity
- * bits of its fields in `mask`, from the table it is sent by and the one it
- * is received by (often the same). */
-#define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received)                                   \
-    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                                      \
-    {                                                                                                       \
-        return ::bx::stj_fields(pvRecord, pstBuf, sent, static_cast<int>(offsetof(Rec, mask)));            \
-    }                                                                                                       \
-    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                                           \
-    {                                                                                                       \
-        return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, static_cast<int>(offsetof(Rec, mask))); \
+/* ... and the JSON-to-struct converter of a table. */
+#define BX_RECEIVED_ROW(jts_name, received, mask_at)                                        \
+    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                          \
+    {                                                                                      \
+        BX_TRACE_CALL();                                                                   \
+        return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
     }
+
+/* A message sent and received by one table. */
+#define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, table, table, ::bx::kNoMask)
+
+/* A message sent by one table and received by another. */
+#define BX_CONVERTERS(stj_name, jts_name, sent, received) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, ::bx::kNoMask)
+
+/* A message whose record keeps the validity bits of its fields in `mask`. */
+#define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, static_cast<int>(offsetof(Rec, mask)))
 
 /* Defines a counted list message's two converters: "count" and `key`
  * holding the tables of rec->member. */
 #define BX_LIST_CONVERTERS(stj_name, jts_name, Rec, member, key, fields)                  \
     BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                   \
     {                                                                                    \
+        BX_TRACE_CALL();                                                                 \
         if (pvRecord == nullptr || pstBuf == nullptr)                                    \
             return -1;                                                                   \
         const auto *rec = static_cast<const Rec *>(pvRecord);                            \
@@ -473,6 +515,7 @@ inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const ch
     }                                                                                    \
     BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                        \
     {                                                                                    \
+        BX_TRACE_CALL();                                                                 \
         if (pstMsg == nullptr || pvRecord == nullptr)                                    \
             return -1;                                                                   \
         auto *rec = static_cast<Rec *>(pvRecord);                                        \

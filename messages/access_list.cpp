@@ -16,7 +16,7 @@ using bx::at_most;
 /* ---- 54: deassociation ------------------------------------------------------ */
 
 enum { DA_MACS, DA_COUNT, DA_RADIO, DA_TIME, DA_MAX };
-const blobmsg_policy g_stWifiDeassoc_policy[DA_MAX] = {
+const blobmsg_policy kWifiDeassocPolicy[DA_MAX] = {
     /* DA_MACS */  {"macs", BLOBMSG_TYPE_ARRAY},
     /* DA_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* DA_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
@@ -33,13 +33,21 @@ constexpr Field kAccessEntry[] = {
     /* AE_MAC */   BX_TEXT(WifiAccessEntryRec, szMac, "mac", "mac:%s"),
 };
 
+/* Adding needs the name and the MAC; what was stored before a missing one
+ * stays. */
+constexpr Field kAccessAdd[] = {
+    kAccessEntry[AE_INDEX],
+    bx::required(kAccessEntry[AE_NAME], nullptr),
+    bx::required(kAccessEntry[AE_MAC], nullptr),
+};
+
 /* Deleting names the station by its index alone. */
 constexpr Field kAccessIndex[] = {
-    BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"),
+    bx::required(BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"), nullptr),
 };
 
 enum { AL_COUNT, AL_LIST, AL_MAX };
-const blobmsg_policy g_stWifiAccessList_policy[AL_MAX] = {
+const blobmsg_policy kWifiAccessListPolicy[AL_MAX] = {
     /* AL_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* AL_LIST */  {"list", BLOBMSG_TYPE_ARRAY},
 };
@@ -68,7 +76,7 @@ BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBu
 
 BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWifiDeassoc_policy;
+    const auto &policy = kWifiDeassocPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -104,41 +112,9 @@ BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 64 ---- */
 
-BX_API int STJ_WifiBlackWhite_Add(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAccessEntry);
-}
+BX_CONVERTERS(STJ_WifiBlackWhite_Add, JTS_WifiBlackWhite_Add, kAccessEntry, kAccessAdd)
 
-BX_API int JTS_WifiBlackWhite_Add(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[std::size(kAccessEntry)];
-    bx::wifi::fields_of_msg<kAccessEntry>(tb, pstMsg);
-    bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_INDEX, pvRecord);
-    /* Name and MAC are required; what was stored before a missing one stays. */
-    if (!bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_NAME, pvRecord))
-        return -1;
-    if (!bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_MAC, pvRecord))
-        return -1;
-    return 0;
-}
-
-/* ---- 65 ---- */
-
-BX_API int STJ_WifiBlackWhite_Delete(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAccessIndex);
-}
-
-BX_API int JTS_WifiBlackWhite_Delete(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[std::size(kAccessIndex)];
-    bx::wifi::fields_of_msg<kAccessIndex>(tb, pstMsg);
-    return bx::wifi::store_if_present(__func__, kAccessIndex, tb, 0, pvRecord) ? 0 : -1;
-}
+BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
 
 /* ---- 66 ---- */
 
@@ -156,7 +132,7 @@ BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf
 
 BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWifiAccessList_policy;
+    const auto &policy = kWifiAccessListPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;

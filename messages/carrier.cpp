@@ -7,7 +7,6 @@
 #include <cstring>
 
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ constexpr Field kCTCCBasicInfo[] = {
 };
 
 constexpr Field kCTCCElinkStatus[] = {
-    BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+    bx::required(BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"), "[status] is not valid."),
 };
 
 constexpr Field kCMCCBasicInfo[] = {
@@ -66,11 +65,11 @@ constexpr Field kFtp[] = {
 };
 
 constexpr Field kRouterName[] = {
-    BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"),
+    bx::required(BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"), "[routername] is not valid."),
 };
 
 constexpr Field kKernelCount[] = {
-    BX_U32(KernelCountParam, uiCount, "count", "count:%d"),
+    bx::required(BX_U32(KernelCountParam, uiCount, "count", "count:%d"), "[count] is not valid."),
 };
 
 constexpr Field kCTCCRouterPin[] = {
@@ -78,7 +77,7 @@ constexpr Field kCTCCRouterPin[] = {
 };
 
 constexpr Field kFactoryFlag[] = {
-    BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"),
+    bx::required(BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"), nullptr),
 };
 
 /* The file name is not traced. */
@@ -87,7 +86,8 @@ constexpr Field kCMCCCfgFileSync[] = {
 };
 
 constexpr Field kSyncTime[] = {
-    BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"),
+    /* Quirk: a missing "time" is reported as "[status]". */
+    bx::required(BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"), "[status] is not valid."),
 };
 
 constexpr Field kWanTcpUdpConNum[] = {
@@ -155,35 +155,11 @@ constexpr size_t kRandPasswordLen = 8;
 
 extern "C" {
 
-BX_API int STJ_StaStorageInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaStorageInfo);
-}
+BX_FIELD_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
 
-BX_API int JTS_StaStorageInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kStaStorageInfo>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
-BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCustomInfo);
-}
-
-BX_API int JTS_CustomInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCustomInfo>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCBasicInfo);
-}
-
-BX_API int JTS_CTCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCTCCBasicInfo>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
 BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -231,121 +207,29 @@ BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_CTCCElinkStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCElinkStatus);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
 
-BX_API int JTS_CTCCElinkInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kCTCCElinkStatus>(__func__, pstMsg, pvRecord, "[status] is not valid.\n");
-}
+BX_FIELD_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
 
-BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCMCCBasicInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
 
-BX_API int JTS_CMCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCMCCBasicInfo>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
 
-BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kTelnet);
-}
+BX_FIELD_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
 
-BX_API int JTS_Telnet(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kTelnet>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
 
-BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kSamba);
-}
+BX_FIELD_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
 
-BX_API int JTS_Samba(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kSamba>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
 
-BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFtp);
-}
+BX_FIELD_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
 
-BX_API int JTS_Ftp(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kFtp>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
 
-BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRouterName);
-}
+BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
-BX_API int JTS_RouterName(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kRouterName>(__func__, pstMsg, pvRecord, "[routername] is not valid.\n");
-}
-
-BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kKernelCount);
-}
-
-BX_API int JTS_KernelCount(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kKernelCount>(__func__, pstMsg, pvRecord, "[count] is not valid.\n");
-}
-
-BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCRouterPin);
-}
-
-BX_API int JTS_CTCCRouterPin(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCTCCRouterPin>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFactoryFlag);
-}
-
-BX_API int JTS_FactoryFlag(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kFactoryFlag>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCMCCCfgFileSync);
-}
-
-BX_API int JTS_CMCCCfgFileSync(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCMCCCfgFileSync>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kSyncTime);
-}
-
-BX_API int JTS_SyncTime(struct blob_attr *pstMsg, void *pvRecord)
-{
-    /* Quirk: a missing "time" is reported as "[status]". */
-    return bx::sys::jts_required<kSyncTime>(__func__, pstMsg, pvRecord, "[status] is not valid.\n");
-}
-
-BX_API int STJ_WanTcpUdpConNum_Get(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWanTcpUdpConNum);
-}
+BX_SENT_ROW(STJ_WanTcpUdpConNum_Get, kWanTcpUdpConNum, ::bx::kNoMask)
 
 BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
@@ -369,10 +253,7 @@ BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_CustomFactoryInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCustomFactoryInfo);
-}
+BX_SENT_ROW(STJ_CustomFactoryInfo, kCustomFactoryInfo, ::bx::kNoMask)
 
 BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
@@ -400,44 +281,12 @@ BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_Agent_Uplink_Info_Get(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAgentUplinkInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
 
-BX_API int JTS_Agent_Uplink_Info_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kAgentUplinkInfo>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
 
-BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgradeReport);
-}
+BX_FIELD_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
 
-BX_API int JTS_Upgrade_report(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kUpgradeReport>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFileSync);
-}
-
-BX_API int JTS_File_Save(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kFileSync>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kQuickjoin);
-}
-
-BX_API int JTS_Quickjoin(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kQuickjoin>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
 
 } // extern "C"

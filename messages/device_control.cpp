@@ -5,7 +5,6 @@
  * Enumerations travel as words; a word the receiver does not know stores the
  * kind's fallback number and the conversion still succeeds. */
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -31,19 +30,19 @@ constexpr Field kUpgrade[] = {
 
 /* The password is traced in clear, like every other value. */
 constexpr Field kLoginPassword[] = {
-    BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"),
+    bx::required(BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"), nullptr),
 };
 
 /* The three switches share their record and their key; only the receivers'
  * trace texts differ. */
 constexpr Field kFireWall[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"), nullptr),
 };
 constexpr Field kLed[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"), nullptr),
 };
 constexpr Field kDualbandSync[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"), nullptr),
 };
 
 constexpr Field kUpgradeStatus[] = {
@@ -61,66 +60,20 @@ constexpr Field kLedColour[] = {
 
 extern "C" {
 
-BX_API int STJ_Reboot(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRebootSent);
-}
+BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kRebootSent, kRebootReceived)
 
-BX_API int JTS_Reboot(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kRebootReceived>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
 
-BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgrade);
-}
+BX_FIELD_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
 
-BX_API int JTS_Upgrade(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kUpgrade>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
 
-BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLoginPassword);
-}
-
-BX_API int JTS_LoginPassWord(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kLoginPassword>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFireWall);
-}
-
-BX_API int JTS_FireWall(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kFireWall>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLed);
-}
-
-BX_API int JTS_Led(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kLed>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
 
 /* Sent only: nobody asks the device to be in an upgrade state. */
-BX_API int STJ_UpgradeStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgradeStatus);
-}
+BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
-BX_API int STJ_LedColour(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLedColour);
-}
+BX_SENT_ROW(STJ_LedColour, kLedColour, ::bx::kNoMask)
 
 BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
 {
@@ -130,14 +83,6 @@ BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
     return bx::jts_fields<kLedColour>(__func__, pstMsg, pvRecord);
 }
 
-BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kDualbandSync);
-}
-
-BX_API int JTS_DualbandSync(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required<kDualbandSync>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
 
 } // extern "C"

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -78,7 +77,7 @@ constexpr auto make_hw_policy(std::index_sequence<I...>)
 }
 
 /* Built from the field tables so that keys are written once. */
-constexpr std::array<blobmsg_policy, HW_MAX> g_stHwInfo_policy = make_hw_policy(std::make_index_sequence<HW_MAX>{});
+constexpr std::array<blobmsg_policy, HW_MAX> kHwInfoPolicy = make_hw_policy(std::make_index_sequence<HW_MAX>{});
 
 /* Receivers let the rate lists run past their arrays: the fourth LAN rate is
  * stored over uiWanPortsMax and the second WAN rate over the first four
@@ -264,7 +263,7 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
     auto *rec = static_cast<HwInfoParam *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[HW_MAX];
-    blobmsg_parse(g_stHwInfo_policy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
+    blobmsg_parse(kHwInfoPolicy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
     bx::read_fields(__func__, kHwHead, kHeadCount, tb, rec, bx::kNoMask);
     if (JTS_CheckBlobAttr("lanmaxrate", tb[HW_LANMAXRATE])) {
         /* Four slots from auiLanMaxRate: the fourth is uiWanPortsMax. */
@@ -280,30 +279,11 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_FwInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFwSent);
-}
+BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFwSent, kFwReceived)
 
-BX_API int JTS_FwInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kFwReceived>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 
-BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kManuInfo);
-}
-
-BX_API int JTS_ManuInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kManuInfo>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_ManageInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kManageInfo);
-}
+BX_SENT_ROW(STJ_ManageInfo, kManageInfo, ::bx::kNoMask)
 
 BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
@@ -328,55 +308,15 @@ BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_FuncSupport(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFuncSupport);
-}
+BX_FIELD_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
 
-BX_API int JTS_FuncSupport(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kFuncSupport>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
 
-BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCpuRate);
-}
+BX_FIELD_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
 
-BX_API int JTS_CpuRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kCpuRate>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
 
-BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kMemRate);
-}
-
-BX_API int JTS_MemRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kMemRate>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFlashRate);
-}
-
-BX_API int JTS_FlashRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kFlashRate>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRunTimeInfo);
-}
-
-BX_API int JTS_RunTimeInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kRunTimeInfo>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
 
 BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)
 {

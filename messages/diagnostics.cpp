@@ -111,15 +111,7 @@ extern "C" {
 BX_MASKED_CONVERTERS(STJ_Ping, JTS_Ping, PingRequest, uiCapaFlag, kPing, kPing)
 BX_MASKED_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, TraceRouteRequest, uiCapaFlag, kTraceRouteSent, kTraceRoute)
 
-BX_API int STJ_Ping_Result(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPingResult);
-}
-
-BX_API int JTS_PingResult(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kPingResult>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 
 BX_API int STJ_TraceRoute_Result(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -131,19 +123,8 @@ BX_API int STJ_TraceRoute_Result(const void *pvRecord, struct blob_buf *pstBuf)
     return bx::stj_fields(pvRecord, pstBuf, kTraceRouteResult);
 }
 
-BX_API int JTS_TraceRouteResult(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kTraceRouteResult>(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_TraceRouteResult, kTraceRouteResult, ::bx::kNoMask)
 
-BX_API int STJ_UplinkSupport(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUplinkSupport);
-}
-
-BX_API int JTS_UplinkSupport(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kUplinkSupport>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
 
 } // extern "C"

@@ -29,7 +29,7 @@ constexpr Field kWpsPbc[] = {
 /* ---- 78: the networks a scan found ---------------------------------------------- */
 
 enum { NB_RADIO, NB_COUNT, NB_LIST, NB_MAX };
-const blobmsg_policy g_stWlanNeighbour_policy[NB_MAX] = {
+const blobmsg_policy kWlanNeighbourPolicy[NB_MAX] = {
     /* NB_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
     /* NB_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* NB_LIST */  {"neighbourlist", BLOBMSG_TYPE_ARRAY},
@@ -53,7 +53,7 @@ constexpr size_t kNeighbourSameKeys = std::size(kNeighbour) - 1;
 /* ---- 80, 81: channel scan and scores ------------------------------------------------- */
 
 enum { CS_RADIO, CS_COUNT, CS_LIST, CS_MAX };
-const blobmsg_policy g_stChannelScore_policy[CS_MAX] = {
+const blobmsg_policy kChannelScorePolicy[CS_MAX] = {
     /* CS_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
     /* CS_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* CS_LIST */  {"scorelist", BLOBMSG_TYPE_ARRAY},
@@ -96,15 +96,7 @@ extern "C" {
 
 /* ---- 77 ---- */
 
-BX_API int STJ_ScanWlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRadio);
-}
-
-BX_API int JTS_ScanWlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kRadio>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
@@ -128,7 +120,7 @@ BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWlanNeighbour_policy;
+    const auto &policy = kWlanNeighbourPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -151,27 +143,16 @@ BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 79 ---- */
 
-BX_API int STJ_WpsPbc(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWpsPbc);
-}
-
-BX_API int JTS_WpsPbc(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kWpsPbc>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 /* ---- 80 ---- */
 
-BX_API int STJ_ChannelScan(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRadio);
-}
+BX_SENT_ROW(STJ_ChannelScan, kRadio, ::bx::kNoMask)
 
 BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord)
 {
     /* Parsed with the score message's policy; only the radio is read. */
-    const auto &policy = g_stChannelScore_policy;
+    const auto &policy = kChannelScorePolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<WifiRadioRec *>(pvRecord);
@@ -197,7 +178,7 @@ BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stChannelScore_policy;
+    const auto &policy = kChannelScorePolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;

@@ -154,10 +154,7 @@ BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 /* ---- One port's traffic counters (47) ----------------------------------- */
 
-BX_API int STJ_PortTraffic(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortTraffic);
-}
+BX_SENT_ROW(STJ_PortTraffic, kPortTraffic, ::bx::kNoMask)
 
 BX_API int JTS_PortTraffic(struct blob_attr *pstMsg, void *pvRecord)
 {

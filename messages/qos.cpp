@@ -91,7 +91,7 @@ void emit_protocols_to_first_zero(blob_buf *buf, const QosClassRule *rule)
 /* ---- The three switches ------------------------------------------------------- */
 
 enum { SWITCH_ENABLE, SWITCH_MAX };
-constexpr blobmsg_policy g_stQosSwitch_policy[SWITCH_MAX] = {
+constexpr blobmsg_policy kQosSwitchPolicy[SWITCH_MAX] = {
     /* SWITCH_ENABLE */ {"enable", BLOBMSG_TYPE_STRING},
 };
 
@@ -109,8 +109,8 @@ int jts_switch(const char *func, blob_attr *msg, void *record)
     if (msg == nullptr || record == nullptr)
         return -1;
     blob_attr *tb[SWITCH_MAX];
-    bx::parse(g_stQosSwitch_policy, tb, msg);
-    if (!bx::present(g_stQosSwitch_policy, tb, SWITCH_ENABLE))
+    bx::parse(kQosSwitchPolicy, tb, msg);
+    if (!bx::present(kQosSwitchPolicy, tb, SWITCH_ENABLE))
         return -1;
     auto enable = static_cast<uint32_t>(bx::get_word(EnumSwitch, tb[SWITCH_ENABLE]));
     if (enable > 1)
@@ -123,7 +123,7 @@ int jts_switch(const char *func, blob_attr *msg, void *record)
 /* ---- A rule's index (delete, and get from JSON) -------------------------------- */
 
 enum { INDEX_INDEX, INDEX_MAX };
-constexpr blobmsg_policy g_stQosClassIndex_policy[INDEX_MAX] = {
+constexpr blobmsg_policy kQosClassIndexPolicy[INDEX_MAX] = {
     /* INDEX_INDEX */ {"index", BLOBMSG_TYPE_INT32},
 };
 
@@ -133,8 +133,8 @@ int jts_index(const char *func, blob_attr *msg, void *record)
     if (msg == nullptr || record == nullptr)
         return -1;
     blob_attr *tb[INDEX_MAX];
-    bx::parse(g_stQosClassIndex_policy, tb, msg);
-    if (!bx::present(g_stQosClassIndex_policy, tb, INDEX_INDEX))
+    bx::parse(kQosClassIndexPolicy, tb, msg);
+    if (!bx::present(kQosClassIndexPolicy, tb, INDEX_INDEX))
         return 0;
     auto *rec = static_cast<QosClassIndex *>(record);
     rec->uiIndex = bx::get_u32(tb[INDEX_INDEX]);
@@ -145,7 +145,7 @@ int jts_index(const char *func, blob_attr *msg, void *record)
 /* ---- Add ------------------------------------------------------------------------ */
 
 enum { ADD_PRIORITY, ADD_DSCP, ADD_VLAN8021P, ADD_NAME, ADD_PROTOCOL, ADD_SRCMAC, ADD_DSTMAC, ADD_MAX };
-constexpr blobmsg_policy g_stQosClassAdd_policy[ADD_MAX] = {
+constexpr blobmsg_policy kQosClassAddPolicy[ADD_MAX] = {
     /* ADD_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
     /* ADD_DSCP      */ {"dscp", BLOBMSG_TYPE_INT32},
     /* ADD_VLAN8021P */ {"vlan8021p", BLOBMSG_TYPE_INT32},
@@ -175,7 +175,7 @@ enum {
     SET_PRIORITY, SET_DSCP, SET_VLAN8021P, SET_NAME, SET_PROTOCOL, SET_SRCIP, SET_SRCMASK,
     SET_SRCPORT, SET_SRCMAC, SET_DSTIP, SET_DSTMASK, SET_DSTPORT, SET_DSTMAC, SET_MAX
 };
-constexpr blobmsg_policy g_stQosClassSet_policy[SET_MAX] = {
+constexpr blobmsg_policy kQosClassSetPolicy[SET_MAX] = {
     /* SET_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
     /* SET_DSCP      */ {"dscp", BLOBMSG_TYPE_INT32},
     /* SET_VLAN8021P */ {"vlan8021p", BLOBMSG_TYPE_INT32},
@@ -228,7 +228,7 @@ void read_protocol_words(const char *func, blob_attr *text, QosClassRule *rule)
 
 /* uiCount travels under "index". */
 enum { LIST_INDEX, LIST_LIST, LIST_MAX };
-constexpr blobmsg_policy g_stQosClassList_policy[LIST_MAX] = {
+constexpr blobmsg_policy kQosClassListPolicy[LIST_MAX] = {
     /* LIST_INDEX */ {"index", BLOBMSG_TYPE_INT32},
     /* LIST_LIST  */ {"list", BLOBMSG_TYPE_ARRAY},
 };
@@ -237,7 +237,7 @@ enum {
     RULE_INDEX, RULE_NAME, RULE_PRIORITY, RULE_DSCP, RULE_VLAN8021P, RULE_PROTOCOL, RULE_SRCIP,
     RULE_SRCMASK, RULE_SRCPORT, RULE_SRCMAC, RULE_DSTIP, RULE_DSTMASK, RULE_DSTPORT, RULE_DSTMAC, RULE_MAX
 };
-constexpr blobmsg_policy g_stQosClassList_Array_policy[RULE_MAX] = {
+constexpr blobmsg_policy kQosClassListArrayPolicy[RULE_MAX] = {
     /* RULE_INDEX     */ {"index", BLOBMSG_TYPE_INT32},
     /* RULE_NAME      */ {"name", BLOBMSG_TYPE_STRING},
     /* RULE_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
@@ -293,29 +293,16 @@ void read_list_protocols(const char *func, blob_attr *array, QosClassRule *rule)
     });
 }
 
-/* Quirk: a rule of the list is parsed from its value over the length of its
- * whole payload, name header included, so the parse looks as many bytes past
- * the element as its name header holds (in a well-formed list the next
- * element's header, which never passes for a member). The span is cut at
- * the end of the message so that it never leaves it. */
-void parse_rule(blob_attr *(&tb)[RULE_MAX], blob_attr *elem, const char *msg_end)
-{
-    auto *data = static_cast<char *>(blobmsg_data(elem));
-    size_t span = blob_len(elem);
-    size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    blobmsg_parse(g_stQosClassList_Array_policy, RULE_MAX, tb, data, static_cast<unsigned>(std::min(span, room)));
-}
-
 void read_list_rule(const char *func, blob_attr *elem, const char *msg_end, QosClassRule *rule)
 {
     blob_attr *tb[RULE_MAX];
-    parse_rule(tb, elem, msg_end);
+    bx::parse_span(kQosClassListArrayPolicy, tb, elem, msg_end);
     /* Quirk: the label is the one of the station list. */
     BX_TRACE_AS(func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
-    store_keys(func, g_stQosClassList_Array_policy, tb, kListHead, rule);
-    if (bx::present(g_stQosClassList_Array_policy, tb, RULE_PROTOCOL))
+    store_keys(func, kQosClassListArrayPolicy, tb, kListHead, rule);
+    if (bx::present(kQosClassListArrayPolicy, tb, RULE_PROTOCOL))
         read_list_protocols(func, tb[RULE_PROTOCOL], rule);
-    store_keys(func, g_stQosClassList_Array_policy, tb, kListTail, rule);
+    store_keys(func, kQosClassListArrayPolicy, tb, kListTail, rule);
 }
 
 } // namespace
@@ -353,8 +340,8 @@ BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord)
         return -1;
     auto *rule = static_cast<QosClassRule *>(pvRecord);
     blob_attr *tb[ADD_MAX];
-    bx::parse(g_stQosClassAdd_policy, tb, pstMsg);
-    store_keys(__func__, g_stQosClassAdd_policy, tb, kAddKeys, rule);
+    bx::parse(kQosClassAddPolicy, tb, pstMsg);
+    store_keys(__func__, kQosClassAddPolicy, tb, kAddKeys, rule);
     read_protocols_to_first_zero(tb[ADD_PROTOCOL], rule);
     return 0;
 }
@@ -404,15 +391,15 @@ BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     auto *list = static_cast<QosClassRuleList *>(pvRecord);
     blob_attr *tb[LIST_MAX];
-    bx::parse(g_stQosClassList_policy, tb, pstMsg);
+    bx::parse(kQosClassListPolicy, tb, pstMsg);
     /* Without "index" the caller's uiCount bounds the walk. */
-    if (bx::present(g_stQosClassList_policy, tb, LIST_INDEX)) {
+    if (bx::present(kQosClassListPolicy, tb, LIST_INDEX)) {
         list->uiCount = bx::get_u32(tb[LIST_INDEX]);
         BX_TRACE("uiCount:%u\n", list->uiCount);
     }
-    if (!bx::present(g_stQosClassList_policy, tb, LIST_LIST))
+    if (!bx::present(kQosClassListPolicy, tb, LIST_LIST))
         return 0;
-    const char *msg_end = static_cast<const char *>(blob_data(pstMsg)) + blob_len(pstMsg);
+    const char *msg_end = bx::end_of(pstMsg);
     uint32_t stored = 0;
     bx::for_each_elem(tb[LIST_LIST], [&](blob_attr *elem) {
         BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_1\n");
@@ -465,11 +452,11 @@ BX_API int JTS_Qos_Classification_Set(struct blob_attr *pstMsg, void *pvRecord)
         return -1;
     auto *rule = static_cast<QosClassRule *>(pvRecord);
     blob_attr *tb[SET_MAX];
-    bx::parse(g_stQosClassSet_policy, tb, pstMsg);
-    store_keys(__func__, g_stQosClassSet_policy, tb, kSetHead, rule);
-    if (bx::present(g_stQosClassSet_policy, tb, SET_PROTOCOL))
+    bx::parse(kQosClassSetPolicy, tb, pstMsg);
+    store_keys(__func__, kQosClassSetPolicy, tb, kSetHead, rule);
+    if (bx::present(kQosClassSetPolicy, tb, SET_PROTOCOL))
         read_protocol_words(__func__, tb[SET_PROTOCOL], rule);
-    store_keys(__func__, g_stQosClassSet_policy, tb, kSetTail, rule);
+    store_keys(__func__, kQosClassSetPolicy, tb, kSetTail, rule);
     return 0;
 }
 

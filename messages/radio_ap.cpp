@@ -208,10 +208,7 @@ BX_FIELD_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
 BX_FIELD_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
 BX_FIELD_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
 
-BX_API int STJ_ApRateLimit(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kApRateLimit, kRateLimitMask);
-}
+BX_SENT_ROW(STJ_ApRateLimit, kApRateLimit, kRateLimitMask)
 
 /* Hand-written: the upstream limit's test decides for both limits. */
 BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord)

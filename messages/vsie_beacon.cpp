@@ -40,7 +40,7 @@ enum {
     BTX_MAX
 };
 
-constexpr blobmsg_policy g_stVsieBeacontx_policy[BTX_MAX] = {
+constexpr blobmsg_policy kVsieBeacontxPolicy[BTX_MAX] = {
     /* BTX_IDX */         {"idx", BLOBMSG_TYPE_INT32},
     /* BTX_SERVICENAME */ {"servicename", BLOBMSG_TYPE_STRING},
     /* BTX_SSIDIDX */     {"ssididx", BLOBMSG_TYPE_INT32},
@@ -65,7 +65,7 @@ constexpr bx::Field kEntryFields[] = {
 constexpr bool entry_fields_follow_policy()
 {
     for (size_t i = 0; i < std::size(kEntryFields); ++i) {
-        if (std::string_view(kEntryFields[i].key) != g_stVsieBeacontx_policy[i].name)
+        if (std::string_view(kEntryFields[i].key) != kVsieBeacontxPolicy[i].name)
             return false;
     }
     return true;
@@ -116,7 +116,7 @@ BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Beacontx_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieBeacontx_policy;
+    const auto &policy = kVsieBeacontxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieBeaconTxEntry *>(pvRecord);
@@ -170,7 +170,7 @@ BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieBeacontx_policy;
+    const auto &policy = kVsieBeacontxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieBeaconTxList *>(pvRecord);
@@ -195,7 +195,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[BTX_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
         if (bx::present(policy, el, BTX_IDX)) {
             entry.uiIdx = bx::get_u32(el[BTX_IDX]);
             BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);

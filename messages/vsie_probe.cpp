@@ -9,6 +9,10 @@
 
 namespace {
 
+/* The probe lists (147, 152) take three entries, whatever the record holds:
+ * the fourth element ends the walk with "NULL == cur". */
+constexpr uint32_t kProbeListEntries = 3;
+
 using bx::vsie::add_bytes;
 using bx::at_most;
 using bx::vsie::low_byte;
@@ -28,7 +32,7 @@ enum {
     PRX_MAX
 };
 
-constexpr blobmsg_policy g_stVsieProberx_policy[PRX_MAX] = {
+constexpr blobmsg_policy kVsieProberxPolicy[PRX_MAX] = {
     /* PRX_IDX */         {"idx", BLOBMSG_TYPE_INT32},
     /* PRX_SERVICENAME */ {"servicename", BLOBMSG_TYPE_STRING},
     /* PRX_BAND */        {"band", BLOBMSG_TYPE_STRING},
@@ -49,7 +53,7 @@ enum {
     PRESP_MAX
 };
 
-constexpr blobmsg_policy g_stVsieProberesp_policy[PRESP_MAX] = {
+constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
     /* PRESP_IDX */    {"idx", BLOBMSG_TYPE_INT32},
     /* PRESP_BAND */   {"band", BLOBMSG_TYPE_STRING},
     /* PRESP_MAC */    {"mac", BLOBMSG_TYPE_STRING},
@@ -101,7 +105,7 @@ BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
@@ -128,10 +132,7 @@ BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 146 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
-BX_API int JTS_Vsie_Proberx_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<bx::vsie::kIndexFields>(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Vsie_Proberx_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 147 ---- */
 
@@ -164,7 +165,7 @@ BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxList *>(pvRecord);
@@ -188,14 +189,14 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
      * are still the list's own up to the list's end; past the end it would
      * read outside the list, so the walk keeps to the list's real bounds. */
     bx::for_each_elem(tb[PRX_LIST], [&](blob_attr *cur) {
-        if (n > 2) {
+        if (n >= kProbeListEntries) {
             BX_TRACE_AS(func, "NULL == cur\n\n");
             return false;
         }
         BX_TRACE_AS(func, "blobmsg_for_each_attr1\n\n");
         VsieProbeRxEntry &entry = rec->astEntry[n];
         blob_attr *el[PRX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRX_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
         BX_TRACE_AS(func, "blobmsg_parse3\n\n");
         if (bx::present(policy, el, PRX_IDX)) {
             entry.uiIdx = bx::get_u32(el[PRX_IDX]);
@@ -238,7 +239,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
             BX_TRACE_AS(func, "blobmsg_for_each_attr333\n\n");
             VsieProbeRxRecord &record = entry.astRecord[shared];
             blob_attr *rt[PRX_MAX];
-            bx::vsie::parse_member(policy, rt, item, el[PRX_RECORD]);
+            bx::parse_span(policy, rt, item, bx::end_of(pstMsg));
             BX_TRACE_AS(func, "blobmsg_parse111\n\n");
             if (bx::present(policy, rt, PRX_MAC)) {
                 bx::copy_text(record.szMac, sizeof record.szMac - 1, rt[PRX_MAC]);
@@ -286,7 +287,7 @@ BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
@@ -324,7 +325,7 @@ BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *ps
 
 BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxRecord *>(pvRecord);
@@ -347,7 +348,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
      * Senders send exactly one. */
     bx::for_each_elem(tb[PRX_RECORD], [&](blob_attr *cur) {
         blob_attr *el[PRX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRX_RECORD]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
         if (bx::present(policy, el, PRX_MAC)) {
             /* The whole array: a 17-character MAC and its terminator. */
             bx::copy_text(rec->szMac, sizeof rec->szMac, el[PRX_MAC]);
@@ -386,7 +387,7 @@ BX_API int STJ_Vsie_Proberesp_Add(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberesp_policy;
+    const auto &policy = kVsieProberespPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRespEntry *>(pvRecord);
@@ -412,10 +413,7 @@ BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 151 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
-BX_API int JTS_Vsie_Proberesp_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<bx::vsie::kIndexFields>(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Vsie_Proberesp_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 152 ---- */
 
@@ -437,7 +435,7 @@ BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf
 
 BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberesp_policy;
+    const auto &policy = kVsieProberespPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRespList *>(pvRecord);
@@ -450,13 +448,13 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     }
     uint32_t n = 0;
     bx::for_each_elem(tb[PRESP_LIST], [&](blob_attr *cur) {
-        if (n > 2) {
+        if (n >= kProbeListEntries) {
             BX_TRACE_AS(func, "NULL == cur\n\n");
             return false;
         }
         VsieProbeRespEntry &entry = rec->astEntry[n];
         blob_attr *el[PRESP_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRESP_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
         if (bx::present(policy, el, PRESP_IDX)) {
             entry.uiIdx = bx::get_u32(el[PRESP_IDX]);
             BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);

@@ -35,7 +35,10 @@ constexpr bx::Field kWanStatus[] = {
 
 /* ---- IPv6 switch (23) and status report (24) ------------------------------ */
 
-constexpr bx::Field kIpv6Switch = BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d");
+/* The switch is the whole message: without it there is nothing to do. */
+constexpr bx::Field kIpv6Switch[] = {
+    bx::required(BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d"), "ipv6Switch is not valid"),
+};
 
 constexpr bx::Field kIpv6Info[] = {
     BX_WORD(Ipv6Info, uiEnable, EnumSwitch, "IPv6enable", "IPv6 Status: %d"),
@@ -112,71 +115,19 @@ void take_account(char (&field)[sizeof(WanPppoeConfig::szUser)], blob_attr *attr
 
 extern "C" {
 
-BX_API int STJ_WanStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWanStatus);
-}
+BX_FIELD_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
 
-BX_API int JTS_WanStatus(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kWanStatus>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
 
-BX_API int STJ_IPv6Enable(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, &kIpv6Switch, 1);
-}
+BX_FIELD_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
 
-BX_API int JTS_IPv6Enable(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { IPV6_STATUS, IPV6_MAX };
-    static const blobmsg_policy policy[IPV6_MAX] = {
-        /* IPV6_STATUS */ {"IPv6status", BLOBMSG_TYPE_STRING},
-    };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[IPV6_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* The switch is the whole message: without it there is nothing to do. */
-    if (!bx::present(policy, tb, IPV6_STATUS)) {
-        BX_TRACE("ipv6Switch is not valid\n");
-        return -1;
-    }
-    bx::store_field(__func__, kIpv6Switch, tb[IPV6_STATUS], pvRecord);
-    return 0;
-}
-
-BX_API int STJ_IPv6Info(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kIpv6Info);
-}
-
-BX_API int JTS_IPv6Info(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kIpv6Info>(__func__, pstMsg, pvRecord);
-}
-
-BX_API int STJ_Dhcp(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kDhcp);
-}
-
-BX_API int JTS_Dhcp(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields<kDhcp>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
 
 BX_MASKED_CONVERTERS(STJ_Static, JTS_Static, WanStaticConfig, uiCapaFlag, kStatic, kStatic)
 
-BX_API int STJ_Pppoe(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    /* Hand-written: received in another key order than it is sent, with
-     * texts that may fill their whole array. */
-    return bx::stj_fields(pvRecord, pstBuf, kPppoeSent, static_cast<int>(offsetof(WanPppoeConfig, uiCapaFlag)));
-}
+BX_SENT_ROW(STJ_Pppoe, kPppoeSent, static_cast<int>(offsetof(WanPppoeConfig, uiCapaFlag)))
 
+/* Hand-written: the server's trace line shows the password. */
 BX_API int JTS_Pppoe(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
