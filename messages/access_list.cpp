@@ -58,6 +58,7 @@ extern "C" {
 
 /* ---- 54 ---- */
 
+/* Hand-written: the MACs go out as bare texts, as many as the count says. */
 BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -74,6 +75,7 @@ BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBu
     return 0;
 }
 
+/* Hand-written: a negative count refuses the message before the MAC list is read. */
 BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kWifiDeassocPolicy;
@@ -118,6 +120,7 @@ BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAcces
 
 /* ---- 66 ---- */
 
+/* Hand-written: a counted list of tables whose count is the caller's. */
 BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -130,6 +133,7 @@ BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf
     return 0;
 }
 
+/* Hand-written: the count comes from the message, the list fills the record's entries. */
 BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kWifiAccessListPolicy;

@@ -161,6 +161,7 @@ BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
 BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
+/* Hand-written: the backup servers go out as bare texts up to the first empty one. */
 BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -177,6 +178,7 @@ BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the backup servers are a list of bare texts that fill their whole arrays. */
 BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { SERVER_BSSADDR, SERVER_ABIADDR, SERVER_DEVTOKEN, SERVER_DEVID, SERVER_BACKUP, SERVER_MAX };
@@ -231,6 +233,7 @@ BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
 BX_SENT_ROW(STJ_WanTcpUdpConNum_Get, kWanTcpUdpConNum, ::bx::kNoMask)
 
+/* Hand-written: a missing WAN index is reported like a refusal, yet the count is taken. */
 BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { CONNUM_WANINDEX, CONNUM_NUMBER, CONNUM_MAX };
@@ -255,6 +258,7 @@ BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
 
 BX_SENT_ROW(STJ_CustomFactoryInfo, kCustomFactoryInfo, ::bx::kNoMask)
 
+/* Hand-written: only a password of exactly eight characters is taken. */
 BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { FACTORY_RANDPASSWORD, FACTORY_MAX };

@@ -75,6 +75,7 @@ BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
 BX_SENT_ROW(STJ_LedColour, kLedColour, ::bx::kNoMask)
 
+/* Hand-written: it traces its own name before the fields. */
 BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

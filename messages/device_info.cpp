@@ -245,6 +245,7 @@ int jts_open_ports(const char *func, blob_attr *msg, void *record)
 
 extern "C" {
 
+/* Hand-written: the port rate lists sit between the two groups of fields. */
 BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -256,6 +257,7 @@ BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf)
     return bx::stj_fields(rec, pstBuf, kHwTail);
 }
 
+/* Hand-written: the port rate lists sit between the two groups of fields and overrun their arrays. */
 BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -285,6 +287,7 @@ BX_FIELD_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 
 BX_SENT_ROW(STJ_ManageInfo, kManageInfo, ::bx::kNoMask)
 
+/* Hand-written: "curip" is taken on the presence of "ip". */
 BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { MANAGE_IP, MANAGE_DOMAINNAME, MANAGE_CURIP, MANAGE_MAX };
@@ -318,21 +321,25 @@ BX_FIELD_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
 
 BX_FIELD_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return stj_open_ports(pvRecord, pstBuf);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int JTS_TcpOpenPort(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_open_ports(__func__, pstMsg, pvRecord);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int STJ_UdpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return stj_open_ports(pvRecord, pstBuf);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int JTS_UdpOpenPort(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_open_ports(__func__, pstMsg, pvRecord);

@@ -113,6 +113,7 @@ BX_MASKED_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, TraceRouteRequest, uiCapaFl
 
 BX_FIELD_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 
+/* Hand-written: it traces the whole result before sending it. */
 BX_API int STJ_TraceRoute_Result(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)

@@ -380,12 +380,27 @@ int write_reply(const void *record, blob_buf *buf)
     return 0;
 }
 
+/* The name is measured up to one byte past its array (the first byte of
+ * szMacs, still inside the record). The copy stops at 31 characters, so
+ * only a long name in a record the caller did not zero is refused. */
+bool read_dns_name(const char *func, blob_attr *attr, FilterDnsRule *rule)
+{
+    read_name(func, attr, rule->szName);
+    const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
+    if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
+        BX_TRACE_AS(func, "out nmd fsl\n");
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 extern "C" {
 
 /* ---- URL filter switch (132) ------------------------------------------------------ */
 
+/* Hand-written: the switch goes out under another key than it comes in. */
 /* Quirk: the switch goes out under "idx" but comes in under "status". */
 BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -395,6 +410,7 @@ BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: an unknown word is refused after it has been stored. */
 BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -412,11 +428,13 @@ BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- URL rules (135) and their list (134) ------------------------------------------ */
 
+/* Hand-written: a rule carries its time periods as a list. */
 BX_API int STJ_FilterUrl_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_rule<FilterUrlRule>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
 BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -453,11 +471,13 @@ BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int STJ_FilterUrl_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_list<FilterUrlList>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int JTS_FilterUrl_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -469,11 +489,13 @@ BX_API int JTS_FilterUrl_Get(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- DNS rules (138) and their list (137) ------------------------------------------- */
 
+/* Hand-written: a rule carries its time periods as a list. */
 BX_API int STJ_FilterDns_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_rule<FilterDnsRule>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
 /* Each range test runs after its value has been stored: a refused rule
  * keeps what was read up to and including the bad value. */
 BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
@@ -497,18 +519,8 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
         return -1;
     if (bx::present(policy, tb, DNS_HOSTNAMES))
         read_texts(src, tb[DNS_HOSTNAMES], rule->aszHostnames, "Host Name");
-    if (bx::present(policy, tb, DNS_NAME)) {
-        read_name(__func__, tb[DNS_NAME], rule->szName);
-        /* The name is measured up to one byte past its array (the first byte
-         * of szMacs, still inside the record). The copy stops at 31
-         * characters, so only a long name in a record the caller did not
-         * zero fails here. */
-        const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
-        if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
-            BX_TRACE("out nmd fsl\n");
-            return -1;
-        }
-    }
+    if (bx::present(policy, tb, DNS_NAME) && !read_dns_name(__func__, tb[DNS_NAME], rule))
+        return -1;
     /* Quirk: the one MAC text may fill all 32 bytes, leaving no terminator. */
     if (bx::present(policy, tb, DNS_MACS)) {
         bx::copy_text(rule->szMacs, sizeof rule->szMacs, tb[DNS_MACS]);
@@ -534,11 +546,13 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
     return read_times(src, policy, DNS_STARTTIME, DNS_ENDTIME, tb[DNS_TIMERANGE], rule->astTimeRange, true) ? 0 : -1;
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int STJ_FilterDns_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_list<FilterDnsList>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int JTS_FilterDns_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -550,15 +564,19 @@ BX_API int JTS_FilterDns_Get(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Replies with the index of a rule just set (136, 139) ------------------------------ */
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int STJ_FilterUrl_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int JTS_FilterUrl_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
 {
     return read_reply(__func__, kFilterUrlPolicy, URL_IDX, pstMsg, pvRecord);
 }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int STJ_FilterDns_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int JTS_FilterDns_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
 {
     return read_reply(__func__, kFilterDnsPolicy, DNS_IDX, pstMsg, pvRecord);

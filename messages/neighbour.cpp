@@ -100,6 +100,7 @@ BX_FIELD_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
+/* Hand-written: a list whose entries send "encryttype" but receive "encrypttype". */
 BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -118,6 +119,7 @@ BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a list bounded by the message's count, after a required radio. */
 BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kWlanNeighbourPolicy;
@@ -149,6 +151,7 @@ BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 BX_SENT_ROW(STJ_ChannelScan, kRadio, ::bx::kNoMask)
 
+/* Hand-written: parsed with the score message's policy, only the radio read. */
 BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord)
 {
     /* Parsed with the score message's policy; only the radio is read. */
@@ -163,6 +166,7 @@ BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 81 ---- */
 
+/* Hand-written: a list of scores after the radio and the count. */
 BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -176,6 +180,7 @@ BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a list bounded by the message's count, after a required radio. */
 BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kChannelScorePolicy;

@@ -103,6 +103,7 @@ extern "C" {
 
 /* ---- Port counts and numbers (45) --------------------------------------- */
 
+/* Hand-written: two port lists, each bounded by its own count. */
 BX_API int STJ_PortNum(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -115,6 +116,7 @@ BX_API int STJ_PortNum(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: two port lists, each bounded by its own count, stored before the count is tested. */
 BX_API int JTS_PortNum(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { PN_LAN, PN_LANINDEX, PN_WAN, PN_WANINDEX, PN_MAX };
@@ -156,6 +158,7 @@ BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 BX_SENT_ROW(STJ_PortTraffic, kPortTraffic, ::bx::kNoMask)
 
+/* Hand-written: one stored counter is traced with another counter's label and value. */
 BX_API int JTS_PortTraffic(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

@@ -311,6 +311,7 @@ extern "C" {
 
 /* ---- Switches (121, 122, 123) --------------------------------------------------------- */
 
+/* Hand-written: the switch is refused unless its word is 0 or 1, and nothing is stored then. */
 BX_API int STJ_QoS(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
 BX_API int JTS_QoS(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
 BX_API int STJ_Dscp(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
@@ -320,6 +321,7 @@ BX_API int JTS_8021p(struct blob_attr *pstMsg, void *pvRecord) { return jts_swit
 
 /* ---- Add (124) --------------------------------------------------------------------------- */
 
+/* Hand-written: the protocols go out up to the first zero. */
 /* Only the MAC addresses go with a new rule; the addresses, masks and ports
  * follow with the set message. */
 BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pstBuf)
@@ -334,6 +336,7 @@ BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pst
     return 0;
 }
 
+/* Hand-written: the protocols are stored up to the first zero. */
 BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -348,6 +351,7 @@ BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Delete (125) ---------------------------------------------------------------------------- */
 
+/* Hand-written: the index goes out from a record of its own. */
 BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -356,6 +360,7 @@ BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *
     return 0;
 }
 
+/* Hand-written: the index is optional and fills a record of its own. */
 BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_index(__func__, pstMsg, pvRecord);
@@ -363,6 +368,7 @@ BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecor
 
 /* ---- List (126) --------------------------------------------------------------------------------- */
 
+/* Hand-written: a list of rules under a count named "index". */
 BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -384,6 +390,7 @@ BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *ps
     return 0;
 }
 
+/* Hand-written: a list of rules under a count named "index", each parsed over its whole span. */
 BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -419,6 +426,7 @@ BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------------ */
 
+/* Hand-written: every protocol slot goes out, named, inside an array. */
 /* The full rule, without its index. Quirk: the "protocol" array holds all
  * eight slots, zeros included, and its elements carry the name
  * "protocol". */
@@ -436,16 +444,19 @@ BX_API int STJ_Qos_Classification_Get(const void *pvRecord, struct blob_buf *pst
     return 0;
 }
 
+/* Hand-written: the index is optional and fills a record of its own. */
 BX_API int JTS_Qos_Classification_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_index(__func__, pstMsg, pvRecord);
 }
 
+/* Hand-written: sent like the rule a get returns. */
 BX_API int STJ_Qos_Classification_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return STJ_Qos_Classification_Get(pvRecord, pstBuf);
 }
 
+/* Hand-written: the protocols come as words between two groups of fields. */
 BX_API int JTS_Qos_Classification_Set(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

@@ -200,6 +200,7 @@ BX_MASKED_CONVERTERS(STJ_Roaming, JTS_Roaming, RoamingRec, uiRoamFlag, kRoaming,
 
 /* ---- 115 ---- */
 
+/* Hand-written: a list of access points after the count and the MAC. */
 BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -213,6 +214,7 @@ BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the list elements are parsed with the message's own policy. */
 BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kRoamingApQueryPolicy;
@@ -249,6 +251,7 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 116 ---- */
 
+/* Hand-written: a list of access points after the count. */
 BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -261,6 +264,7 @@ BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the list elements are parsed with the message's own policy. */
 BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kRoamingApRspPolicy;
@@ -299,6 +303,7 @@ BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
 
 /* ---- 118 ---- */
 
+/* Hand-written: the 802.11k/v flags go out as words from 16-bit fields. */
 BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -310,6 +315,7 @@ BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the 802.11k/v flags come as words into 16-bit fields. */
 BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kRoamingReportPolicy;
@@ -341,6 +347,7 @@ BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 BX_SENT_ROW(STJ_Roaming_StaRssi, kStaRssiOut, ::bx::kNoMask)
 
+/* Hand-written: stored in another order than the policy's, the MAC over its whole array. */
 BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kRoamingStaRssiPolicy;

@@ -140,6 +140,7 @@ extern "C" {
 
 /* ---- The station list (88) ---------------------------------------------------- */
 
+/* Hand-written: the entries live in the caller's array, counted by the record. */
 BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -159,6 +160,7 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the entries fill the caller's array, whose length the record gives. */
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
@@ -204,6 +206,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 
+/* Hand-written: one station entry, sent like those of the list. */
 BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -212,6 +215,7 @@ BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: one station entry, read like those of the list. */
 BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

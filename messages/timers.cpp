@@ -234,6 +234,7 @@ BX_FIELD_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
 
 BX_SENT_ROW(STJ_WifiTimer_Set, kTimerTask, ::bx::kNoMask)
 
+/* Hand-written: every key is required, each refused with a text of its own. */
 /* A task to be set needs every key but "status" and "type". The keys are
  * taken in record order: a missing one ends the conversion, and the keys
  * before it stay stored. */
@@ -256,6 +257,7 @@ BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of timer tasks. */
 BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -271,6 +273,7 @@ BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a counted list of timer tasks, held to the record's entries. */
 /* "count" does not bound the list: every element fills the next task, up
  * to the tasks the record holds. */
 BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord)
@@ -303,6 +306,7 @@ BX_FIELD_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
 
 /* ---- Rate limits (108, 109) -------------------------------------------------------------------- */
 
+/* Hand-written: the members go out by the entry's validity flags, the switch as 0 or 1. */
 /* The switch and the two rates go out only when their flag bit says they
  * were given. */
 BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf)
@@ -321,6 +325,7 @@ BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the validity flags are set by which limits came. */
 BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -332,6 +337,7 @@ BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of rate limits, each with all its members. */
 /* Every entry of the list carries all five members, whatever its flags. */
 BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -348,6 +354,7 @@ BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a counted list of rate limits, held to the record's entries. */
 /* "count" is stored but does not bound the walk; the record's 32 entries
  * do. */
 BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord)
@@ -386,6 +393,7 @@ BX_FIELD_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
 
 BX_SENT_ROW(STJ_PeriodRate_Get, kPeriodRateReport, ::bx::kNoMask)
 
+/* Hand-written: each real-time rate is traced with the other one's value. */
 BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -408,6 +416,7 @@ BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- IPTV (112) ------------------------------------------------------------------------------------- */
 
+/* Hand-written: only the VLAN slots with an id go out. */
 /* A VLAN slot whose id is 0 is unused and not sent. */
 BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -424,6 +433,7 @@ BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the VLAN list fills two slots and stops at a third. */
 BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

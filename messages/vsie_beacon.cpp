@@ -95,6 +95,32 @@ void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
     bx::vsie::store_numbers(entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
 }
 
+/* The scalar members of list entry n, each traced with n. */
+void read_list_scalars(const char *func, blob_attr *const (&el)[BTX_MAX], VsieBeaconTxEntry &entry, uint32_t n)
+{
+    const auto &policy = kVsieBeacontxPolicy;
+    if (bx::present(policy, el, BTX_IDX)) {
+        entry.uiIdx = bx::get_u32(el[BTX_IDX]);
+        BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
+    }
+    if (bx::present(policy, el, BTX_SERVICENAME)) {
+        bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
+        BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
+    }
+    if (bx::present(policy, el, BTX_SSIDIDX)) {
+        entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);
+        BX_TRACE_AS(func, "Ssididx%u:%u\n", n, entry.uiSsidIdx);
+    }
+    if (bx::present(policy, el, BTX_DURATION)) {
+        entry.uiDuration = bx::get_u32(el[BTX_DURATION]);
+        BX_TRACE_AS(func, "Duration%u:%u\n", n, entry.uiDuration);
+    }
+    if (bx::present(policy, el, BTX_LEN)) {
+        entry.uiLen = bx::get_u32(el[BTX_LEN]);
+        BX_TRACE_AS(func, "Len%u:%u\n", n, entry.uiLen);
+    }
+}
+
 } // namespace
 
 extern "C" {
@@ -105,6 +131,7 @@ BX_FIELD_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
 
 /* ---- Type 141 ---- */
 
+/* Hand-written: the element bytes go out as a list of uiLen numbers. */
 BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -114,6 +141,7 @@ BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the element bytes are a list bounded by the "len" just read. */
 BX_API int JTS_Vsie_Beacontx_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieBeacontxPolicy;
@@ -152,6 +180,7 @@ BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf)
 
 /* ---- Type 143 ---- */
 
+/* Hand-written: a list of entries, each with its element bytes. */
 BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -168,6 +197,7 @@ BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: each element is parsed over its whole span, and the outer message decides whether its bytes are read. */
 BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieBeacontxPolicy;
@@ -196,26 +226,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
         bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
-        if (bx::present(policy, el, BTX_IDX)) {
-            entry.uiIdx = bx::get_u32(el[BTX_IDX]);
-            BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-        }
-        if (bx::present(policy, el, BTX_SERVICENAME)) {
-            bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
-            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
-        }
-        if (bx::present(policy, el, BTX_SSIDIDX)) {
-            entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);
-            BX_TRACE_AS(func, "Ssididx%u:%u\n", n, entry.uiSsidIdx);
-        }
-        if (bx::present(policy, el, BTX_DURATION)) {
-            entry.uiDuration = bx::get_u32(el[BTX_DURATION]);
-            BX_TRACE_AS(func, "Duration%u:%u\n", n, entry.uiDuration);
-        }
-        if (bx::present(policy, el, BTX_LEN)) {
-            entry.uiLen = bx::get_u32(el[BTX_LEN]);
-            BX_TRACE_AS(func, "Len%u:%u\n", n, entry.uiLen);
-        }
+        read_list_scalars(func, el, entry, n);
         /* Quirk: the test is of the whole message's "iedata", not the
          * element's. Without one the walk ends here with this entry's
          * scalars stored and n not advanced; senders that want the list

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "blobxlate.h"
 #include "support.h"
 
 namespace {
@@ -27,17 +26,11 @@ void add_number(blob_buf *b, uint32_t value, unsigned len)
 TEST(ListWalk, MalformedValueReadsAsNothingAndTheWalkGoesOn)
 {
     struct Case {
-        const char *what;
         unsigned middle_len;  // bytes of the middle element's value
         std::vector<uint32_t> stored;
     };
-    const Case cases[] = {
-        {"well-formed", 4, {1, 2, 3}},
-        {"integer of two bytes", 2, {1, 3, 0}},
-        {"integer of eight bytes", 8, {1, 3, 0}},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const Case &c : {Case{4, {1, 2, 3}}, Case{2, {1, 3, 0}}, Case{8, {1, 3, 0}}}) {
+        SCOPED_TRACE(c.middle_len);
         Buf b;
         blobmsg_add_u32(b.get(), "lan", 3);
         void *list = blobmsg_open_array(b.get(), "lanindex");
@@ -98,13 +91,8 @@ TEST(ListedKeys, TestedForPresenceAndNeverStored)
         int type;
         std::vector<std::string> absent;  // keys reported absent from a minimal message
     };
-    const Case cases[] = {
-        {MSG_RADIO_BASIC, {"capaflag"}},
-        {MSG_AP_BASIC, {"ValidTime", "RestTime", "capaflag"}},
-        {MSG_AP_ADVANCED, {"capaflag"}},
-        {MSG_AP_RATE_LIMIT, {"capaflag"}},
-    };
-    for (const Case &c : cases) {
+    for (const Case &c : {Case{MSG_RADIO_BASIC, {"capaflag"}}, Case{MSG_AP_BASIC, {"ValidTime", "RestTime", "capaflag"}},
+                          Case{MSG_AP_ADVANCED, {"capaflag"}}, Case{MSG_AP_RATE_LIMIT, {"capaflag"}}}) {
         SCOPED_TRACE(c.type);
         ApBasicRec rec{};  // the largest record of these
         TraceCapture cap;
