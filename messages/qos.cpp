@@ -90,18 +90,14 @@ void emit_protocols_to_first_zero(blob_buf *buf, const QosClassRule *rule)
 
 /* ---- The three switches ------------------------------------------------------- */
 
+constexpr Field kQosSwitch[] = {
+    BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u"),
+};
+
 enum { SWITCH_ENABLE, SWITCH_MAX };
 constexpr blobmsg_policy kQosSwitchPolicy[SWITCH_MAX] = {
     /* SWITCH_ENABLE */ {"enable", BLOBMSG_TYPE_STRING},
 };
-
-int stj_switch(const void *record, blob_buf *buf)
-{
-    if (record == nullptr || buf == nullptr)
-        return -1;
-    bx::add_word(buf, "enable", EnumSwitch, static_cast<const QosSwitch *>(record)->uiEnable);
-    return 0;
-}
 
 /* "enable" is required and must be "enable" or "disable". */
 int jts_switch(const char *func, blob_attr *msg, void *record)
@@ -122,25 +118,10 @@ int jts_switch(const char *func, blob_attr *msg, void *record)
 
 /* ---- A rule's index (delete, and get from JSON) -------------------------------- */
 
-enum { INDEX_INDEX, INDEX_MAX };
-constexpr blobmsg_policy kQosClassIndexPolicy[INDEX_MAX] = {
-    /* INDEX_INDEX */ {"index", BLOBMSG_TYPE_INT32},
-};
-
 /* A missing "index" is no failure: the record stays as it is. */
-int jts_index(const char *func, blob_attr *msg, void *record)
-{
-    if (msg == nullptr || record == nullptr)
-        return -1;
-    blob_attr *tb[INDEX_MAX];
-    bx::parse(kQosClassIndexPolicy, tb, msg);
-    if (!bx::present(kQosClassIndexPolicy, tb, INDEX_INDEX))
-        return 0;
-    auto *rec = static_cast<QosClassIndex *>(record);
-    rec->uiIndex = bx::get_u32(tb[INDEX_INDEX]);
-    BX_TRACE_AS(func, "Index:%u\n", rec->uiIndex);
-    return 0;
-}
+constexpr Field kQosClassIndex[] = {
+    BX_U32(QosClassIndex, uiIndex, "index", "Index:%u"),
+};
 
 /* ---- Add ------------------------------------------------------------------------ */
 
@@ -311,12 +292,12 @@ extern "C" {
 
 /* ---- Switches (121, 122, 123) --------------------------------------------------------- */
 
-/* Hand-written: the switch is refused unless its word is 0 or 1, and nothing is stored then. */
-BX_API int STJ_QoS(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_QoS, kQosSwitch, ::bx::kNoMask)
+/* Hand-written (the three switches): refused unless the word is 0 or 1, and nothing is stored then. */
 BX_API int JTS_QoS(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
-BX_API int STJ_Dscp(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_Dscp, kQosSwitch, ::bx::kNoMask)
 BX_API int JTS_Dscp(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
-BX_API int STJ_8021p(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_8021p, kQosSwitch, ::bx::kNoMask)
 BX_API int JTS_8021p(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
 
 /* ---- Add (124) --------------------------------------------------------------------------- */
@@ -351,20 +332,9 @@ BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Delete (125) ---------------------------------------------------------------------------- */
 
-/* Hand-written: the index goes out from a record of its own. */
-BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    blobmsg_add_u32(pstBuf, "index", static_cast<const QosClassIndex *>(pvRecord)->uiIndex);
-    return 0;
-}
+BX_SENT_ROW(STJ_Qos_Classification_Delete, kQosClassIndex, ::bx::kNoMask)
 
-/* Hand-written: the index is optional and fills a record of its own. */
-BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return jts_index(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Qos_Classification_Delete, kQosClassIndex, ::bx::kNoMask)
 
 /* ---- List (126) --------------------------------------------------------------------------------- */
 
@@ -444,11 +414,7 @@ BX_API int STJ_Qos_Classification_Get(const void *pvRecord, struct blob_buf *pst
     return 0;
 }
 
-/* Hand-written: the index is optional and fills a record of its own. */
-BX_API int JTS_Qos_Classification_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return jts_index(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Qos_Classification_Get, kQosClassIndex, ::bx::kNoMask)
 
 /* Hand-written: sent like the rule a get returns. */
 BX_API int STJ_Qos_Classification_Set(const void *pvRecord, struct blob_buf *pstBuf)
