@@ -19,6 +19,11 @@ constexpr Field kRadio[] = {
     BX_WORD(WifiRadioRec, eRadio, EnumBand, "radio", "radio:%d"),
 };
 
+/* A channel scan names its radio or is refused. */
+constexpr Field kScanRadio[] = {
+    bx::required(kRadio[0], "[radio] is not valid."),
+};
+
 /* ---- 79: WPS push button ------------------------------------------------------- */
 
 constexpr Field kWpsPbc[] = {
@@ -149,20 +154,7 @@ BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 /* ---- 80 ---- */
 
-BX_SENT_ROW(STJ_ChannelScan, kRadio, ::bx::kNoMask)
-
-/* Hand-written: parsed with the score message's policy, only the radio read. */
-BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord)
-{
-    /* Parsed with the score message's policy; only the radio is read. */
-    const auto &policy = kChannelScorePolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WifiRadioRec *>(pvRecord);
-    blob_attr *tb[CS_MAX];
-    bx::parse(policy, tb, pstMsg);
-    return store_radio(__func__, policy, tb, rec->eRadio) ? 0 : -1;
-}
+BX_FIELD_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
 
 /* ---- 81 ---- */
 
