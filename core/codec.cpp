@@ -215,10 +215,10 @@ namespace {
 Read read_field(const char *func, const Field &f, blob_attr *attr, void *record, uint32_t *mask)
 {
     if (!JTS_CheckBlobAttr(f.key, attr)) {
-        if (!f.required)
-            return {false, 0};
         if (f.refusal != nullptr)
             BX_TRACE_AS(func, "%s\n", f.refusal);
+        if (!f.required)
+            return {false, 0};
         return {true, f.refused_ret};
     }
     if (!f.stored)

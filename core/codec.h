@@ -259,6 +259,14 @@ constexpr Field required(Field f, const char *refusal, int8_t ret = -1)
     return f;
 }
 
+/* An optional member whose absence is reported like a refusal (`report`
+ * traced), though the message goes on. */
+constexpr Field reported(Field f, const char *report)
+{
+    f.refusal = report;
+    return f;
+}
+
 /* A member with a validity bit in the record's mask: storing it sets `bit`,
  * sending needs one of `sent_if` in the mask. */
 constexpr Field flagged(Field f, uint32_t bit, uint32_t sent_if)

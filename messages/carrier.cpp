@@ -91,7 +91,7 @@ constexpr Field kSyncTime[] = {
 };
 
 constexpr Field kWanTcpUdpConNum[] = {
-    BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"),
+    bx::reported(BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"), "[wan index] is not valid."),
     BX_U32(WanTcpUdpConNumParam, uiNumber, "number", "ConNum:%d"),
 };
 
@@ -231,30 +231,7 @@ BX_FIELD_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
 
 BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
-BX_SENT_ROW(STJ_WanTcpUdpConNum_Get, kWanTcpUdpConNum, ::bx::kNoMask)
-
-/* Hand-written: a missing WAN index is reported like a refusal, yet the count is taken. */
-BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { CONNUM_WANINDEX, CONNUM_NUMBER, CONNUM_MAX };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    const blobmsg_policy policy[CONNUM_MAX] = {
-        /* CONNUM_WANINDEX */ {kWanTcpUdpConNum[0].key, BLOBMSG_TYPE_INT32},
-        /* CONNUM_NUMBER */   {kWanTcpUdpConNum[1].key, BLOBMSG_TYPE_INT32},
-    };
-    blob_attr *tb[CONNUM_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* A missing WAN index is reported like a refusal, yet the count is still
-     * taken. */
-    if (bx::present(policy, tb, CONNUM_WANINDEX))
-        bx::store_field(__func__, kWanTcpUdpConNum[CONNUM_WANINDEX], tb[CONNUM_WANINDEX], pvRecord);
-    else
-        BX_TRACE("[wan index] is not valid.\n");
-    if (bx::present(policy, tb, CONNUM_NUMBER))
-        bx::store_field(__func__, kWanTcpUdpConNum[CONNUM_NUMBER], tb[CONNUM_NUMBER], pvRecord);
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
 
 BX_SENT_ROW(STJ_CustomFactoryInfo, kCustomFactoryInfo, ::bx::kNoMask)
 
