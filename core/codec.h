@@ -1,9 +1,10 @@
 /* Building blocks shared by the message converters.
  *
- * A converter reads like the description of its message: an enum of policy
- * slots, the policy array they index, and either a field table (for the
- * regular messages, handled by stj_fields/jts_fields) or a short function
- * that walks the slots in order and says where the message is irregular.
+ * A message is described by a table of Fields: each row says where a member
+ * lives in the record, how it travels, and the rules the message keeps for
+ * it (required, validity bit, range, keys only listed). A regular message
+ * is its table and a BX_*_CONVERTERS line; an irregular one keeps a short
+ * function that says where it departs from its table.
  *
  * Everything here reads only inside the message it is given: attributes
  * found by blobmsg_parse have been validated against the message, and the
