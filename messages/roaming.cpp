@@ -177,11 +177,12 @@ constexpr Field kStaRssiOut[] = {
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
 };
 
-enum { STR_MAC, STR_RSSI, STR_RADIO, STR_MAX };
-const blobmsg_policy kRoamingStaRssiPolicy[STR_MAX] = {
-    /* STR_MAC */   {"mac", BLOBMSG_TYPE_STRING},
-    /* STR_RSSI */  {"rssi", BLOBMSG_TYPE_INT32},
-    /* STR_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
+/* Received in another order than sent: radio before rssi. The MAC takes
+ * all 18 bytes, terminator included: a longer text leaves none. */
+constexpr Field kStaRssiIn[] = {
+    bx::whole(BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s")),
+    BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
 };
 
 } // namespace
@@ -345,34 +346,6 @@ BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 /* ---- 120 ---- */
 
-BX_SENT_ROW(STJ_Roaming_StaRssi, kStaRssiOut, ::bx::kNoMask)
-
-/* Hand-written: stored in another order than the policy's, the MAC over its whole array. */
-BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kRoamingStaRssiPolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingStaRssiRec *>(pvRecord);
-    blob_attr *tb[STR_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (bx::present(policy, tb, STR_MAC)) {
-        /* The MAC takes all 18 bytes, terminator included: a longer text
-         * leaves no terminator in the field (stopping at a shorter text's
-         * end instead of reading past it). */
-        bx::copy_text(rec->szMac, sizeof rec->szMac, tb[STR_MAC]);
-        BX_TRACE("mac:%.18s\n", rec->szMac);
-    }
-    /* Stored in another order than the policy's: radio before rssi. */
-    if (bx::present(policy, tb, STR_RADIO)) {
-        rec->eRadio = static_cast<uint32_t>(bx::get_word(EnumBand, tb[STR_RADIO]));
-        BX_TRACE("radio:%d\n", static_cast<int>(rec->eRadio));
-    }
-    if (bx::present(policy, tb, STR_RSSI)) {
-        rec->iRssi = bx::get_s32(tb[STR_RSSI]);
-        BX_TRACE("rssi:%d\n", rec->iRssi);
-    }
-    return 0;
-}
+BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssiOut, kStaRssiIn)
 
 } // extern "C"
