@@ -10,7 +10,8 @@
  * (core/tables.cpp); a position used twice or left empty stops the compile.
  *
  * Where the two directions of a type fill different records, the record
- * named is the larger of the two: a caller's record must hold either. */
+ * named is the larger of the two (core/tables.cpp names them): a caller's
+ * record must hold either. */
 #ifndef BLOBXLATE_CORE_CATALOGUE_H
 #define BLOBXLATE_CORE_CATALOGUE_H
 
@@ -136,7 +137,7 @@
     X(MSG_QOS_CLASSIFICATION_DELETE, QosClassIndex, BX_ROW( 50, "Qos_Classification_Delete", STJ_Qos_Classification_Delete), BX_ROW(138, "Qos_Classification_Delete", JTS_Qos_Classification_Delete)) \
     X(MSG_QOS_CLASSIFICATION_LIST, QosClassRuleList, BX_ROW( 53, "Qos_Classification_List", STJ_Qos_Classification_List), BX_ROW(139, "Qos_Classification_List", JTS_Qos_Classification_List)) \
     X(MSG_QOS_CLASSIFICATION_SET, QosClassRule, BX_ROW( 51, "Qos_Classification_Set", STJ_Qos_Classification_Set), BX_ROW(140, "Qos_Classification_Set", JTS_Qos_Classification_Set)) \
-    X(MSG_QOS_CLASSIFICATION_GET, BX_LARGEST(QosClassRule, QosClassIndex), BX_ROW( 52, "Qos_Classification_Get", STJ_Qos_Classification_Get), BX_ROW(141, "Qos_Classification_Get", JTS_Qos_Classification_Get)) \
+    X(MSG_QOS_CLASSIFICATION_GET, QosClassGetRecord, BX_ROW( 52, "Qos_Classification_Get", STJ_Qos_Classification_Get), BX_ROW(141, "Qos_Classification_Get", JTS_Qos_Classification_Get)) \
     X(MSG_STA_STORAGE_INFO, StaStorageInfoParam, BX_ROW(139, "StaStorageInfo", STJ_StaStorageInfo), BX_ROW( 88, "StaStorageInfo", JTS_StaStorageInfo)) \
     X(MSG_CUSTOM_INFO, CustomInfoParam, BX_ROW(140, "CustomInfo", STJ_CustomInfo), BX_ROW( 90, "CustomInfo", JTS_CustomInfo)) \
     X(MSG_FILTER_URL_SWITCH, FilterSwitch, BX_ROW( 93, "FilterUrl", STJ_FilterUrl_Switch), BX_ROW( 34, "FilterUrl", JTS_FilterUrl_Switch)) \
@@ -154,7 +155,7 @@
     X(MSG_VSIE_PROBERX_ADD, VsieProbeRxEntry, BX_ROW(105, "Vsie_Proberx_Add", STJ_Vsie_Proberx_Add), BX_ROW(101, "Vsie_Proberx_Add", JTS_Vsie_Proberx_Add)) \
     X(MSG_VSIE_PROBERX_IDX, VsieIndex, BX_ROW(107, "Vsie_Proberx_Idx", STJ_Vsie_Beacontx_Idx), BX_ROW(103, "Vsie_Proberx_Idx", JTS_Vsie_Proberx_Idx)) \
     X(MSG_VSIE_PROBERX_LIST, VsieProbeRxList, BX_ROW(108, "Vsie_Proberx_List", STJ_Vsie_Proberx_List), BX_ROW(104, "Vsie_Proberx_List", JTS_Vsie_Proberx_List)) \
-    X(MSG_VSIE_PROBERX_FLUSH, BX_LARGEST(VsieProbeRxFlush, VsieProbeRxEntry), BX_ROW(106, "Vsie_Proberx_Flush", STJ_Vsie_Proberx_Flush), BX_ROW(102, "Vsie_Proberx_Flush", JTS_Vsie_Proberx_Flush)) \
+    X(MSG_VSIE_PROBERX_FLUSH, VsieProbeRxFlushRecord, BX_ROW(106, "Vsie_Proberx_Flush", STJ_Vsie_Proberx_Flush), BX_ROW(102, "Vsie_Proberx_Flush", JTS_Vsie_Proberx_Flush)) \
     X(MSG_VSIE_PROBERX_RECORD_ADD, VsieProbeRxRecord, BX_ROW(109, "Vsie_Proberx_Record_Add", STJ_Vsie_Proberx_Record_Add), BX_ROW(105, "Vsie_Proberx_Record_Add", JTS_Vsie_Proberx_Record_Add)) \
     X(MSG_VSIE_PROBERESP_ADD, VsieProbeRespEntry, BX_ROW(110, "Vsie_Proberesp_Add", STJ_Vsie_Proberesp_Add), BX_ROW(106, "Vsie_Proberesp_Add", JTS_Vsie_Proberesp_Add)) \
     X(MSG_VSIE_PROBERESP_IDX, VsieIndex, BX_ROW(111, "Vsie_Proberesp_Idx", STJ_Vsie_Beacontx_Idx), BX_ROW(107, "Vsie_Proberesp_Idx", JTS_Vsie_Proberesp_Idx)) \

@@ -15,12 +15,24 @@ namespace {
 int closing_row_to_json(const void *, struct blob_buf *) { return 0; }
 int closing_row_to_struct(struct blob_attr *, void *) { return 0; }
 
+/* A type without a row in one direction. */
+struct NoRow {};
+
 template <typename Fn>
 struct Row {
     int16_t position; /* -1: no row in this direction */
     const char *name;
     Fn converter;
+
+    constexpr Row(int16_t at, const char *text, Fn fn) : position(at), name(text), converter(fn) {}
+    constexpr Row(NoRow) : position(-1), name(nullptr), converter(nullptr) {}
 };
+
+template <typename Fn>
+constexpr Row<Fn> row(int16_t position, const char *name, Fn converter)
+{
+    return {position, name, converter};
+}
 
 struct Line {
     int32_t type;
@@ -32,16 +44,16 @@ struct Line {
 /* The larger record of a type whose two directions fill different ones. */
 template <typename A, typename B>
 using Larger = std::conditional_t<(sizeof(A) >= sizeof(B)), A, B>;
+using QosClassGetRecord = Larger<QosClassRule, QosClassIndex>;
+using VsieProbeRxFlushRecord = Larger<VsieProbeRxFlush, VsieProbeRxEntry>;
 
-#define BX_LARGEST(a, b) Larger<a, b>
-#define BX_ROW(position, name, converter) {position, name, converter}
-#define BX_NO_ROW {-1, nullptr, nullptr}
+#define BX_ROW(position, name, converter) row(position, name, converter)
+#define BX_NO_ROW NoRow{}
 #define BX_LINE(type, record, to_json, to_struct) Line{type, sizeof(record), to_json, to_struct},
 constexpr Line kCatalogue[] = {BX_CATALOGUE(BX_LINE)};
 #undef BX_LINE
 #undef BX_NO_ROW
 #undef BX_ROW
-#undef BX_LARGEST
 
 constexpr size_t kToJsonRows = 160;
 constexpr size_t kToStructRows = 159;
@@ -102,12 +114,12 @@ constexpr auto kToStruct = build<JsonToStructFunc, kToStructRows>(&Line::to_stru
 
 /* The exported arrays are plain C arrays: their rows are copied in from the
  * tables built above, position by position, at compile time. */
-#define BX_ROWS_TEN(F, tens) F(tens##0) F(tens##1) F(tens##2) F(tens##3) F(tens##4) \
-    F(tens##5) F(tens##6) F(tens##7) F(tens##8) F(tens##9)
-#define BX_ROWS_160(F) BX_ROWS_TEN(F, ) BX_ROWS_TEN(F, 1) BX_ROWS_TEN(F, 2) BX_ROWS_TEN(F, 3) \
-    BX_ROWS_TEN(F, 4) BX_ROWS_TEN(F, 5) BX_ROWS_TEN(F, 6) BX_ROWS_TEN(F, 7) BX_ROWS_TEN(F, 8) \
-    BX_ROWS_TEN(F, 9) BX_ROWS_TEN(F, 10) BX_ROWS_TEN(F, 11) BX_ROWS_TEN(F, 12) BX_ROWS_TEN(F, 13) \
-    BX_ROWS_TEN(F, 14) BX_ROWS_TEN(F, 15)
+#define BX_ROWS_TEN(F, at) F(at + 0) F(at + 1) F(at + 2) F(at + 3) F(at + 4) \
+    F(at + 5) F(at + 6) F(at + 7) F(at + 8) F(at + 9)
+#define BX_ROWS_160(F) BX_ROWS_TEN(F, 0) BX_ROWS_TEN(F, 10) BX_ROWS_TEN(F, 20) BX_ROWS_TEN(F, 30) \
+    BX_ROWS_TEN(F, 40) BX_ROWS_TEN(F, 50) BX_ROWS_TEN(F, 60) BX_ROWS_TEN(F, 70) BX_ROWS_TEN(F, 80) \
+    BX_ROWS_TEN(F, 90) BX_ROWS_TEN(F, 100) BX_ROWS_TEN(F, 110) BX_ROWS_TEN(F, 120) BX_ROWS_TEN(F, 130) \
+    BX_ROWS_TEN(F, 140) BX_ROWS_TEN(F, 150)
 #define BX_TO_JSON(i) kToJson.rows[i],
 #define BX_TO_STRUCT(i) kToStruct.rows[i],
 
