@@ -16,10 +16,10 @@ using bxtest::TraceCapture;
 
 // ---- Walking a list -----------------------------------------------------------
 
-// An unnamed INT32 element whose value has `len` bytes.
+// An unnamed INT32 element whose value has `len` bytes (at most 8).
 void add_number(blob_buf *b, uint32_t value, unsigned len)
 {
-    uint8_t be[4] = {uint8_t(value >> 24), uint8_t(value >> 16), uint8_t(value >> 8), uint8_t(value)};
+    uint8_t be[8] = {uint8_t(value >> 24), uint8_t(value >> 16), uint8_t(value >> 8), uint8_t(value)};
     blobmsg_add_field(b, BLOBMSG_TYPE_INT32, nullptr, be, len);
 }
 
