@@ -225,7 +225,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         read_list_scalars(func, el, entry, n);
         /* Quirk: the test is of the whole message's "iedata", not the
          * element's. Without one the walk ends here with this entry's

@@ -381,7 +381,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
      * Senders send exactly one. */
     bx::for_each_elem(tb[PRX_RECORD], [&](blob_attr *cur) {
         blob_attr *el[PRX_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         if (bx::present(policy, el, PRX_MAC)) {
             /* The whole array: a 17-character MAC and its terminator. */
             bx::copy_text(rec->szMac, sizeof rec->szMac, el[PRX_MAC]);
@@ -491,7 +491,7 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         VsieProbeRespEntry &entry = rec->astEntry[n];
         blob_attr *el[PRESP_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         if (bx::present(policy, el, PRESP_IDX)) {
             entry.uiIdx = bx::get_u32(el[PRESP_IDX]);
             BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
