@@ -43,49 +43,85 @@ void copy_text(char *dst, size_t bound, blob_attr *attr)
     std::strncpy(dst, get_text(attr), bound);
 }
 
-void trace_value(const char *func, int line, const char *fmt, const char *text, uint64_t number)
+void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number)
 {
 #ifndef BLOBXLATE_TRACE_OFF
-    /* Find the conversion of the one value the format prints. */
-    const char *p = std::strchr(fmt, '%');
-    while (p != nullptr && p[1] == '%')
-        p = std::strchr(p + 2, '%');
-    int longs = 0;
-    char conv = 'd';
-    if (p != nullptr) {
-        ++p;
-        while (*p != 0 && std::strchr("-+ #0123456789.", *p) != nullptr)
-            ++p;
-        while (*p == 'l') {
-            ++longs;
-            ++p;
-        }
-        conv = *p;
-    }
-    /* Table texts leave the line end to us: one print, one line. */
+    if (f.trace == nullptr)
+        return;
+    /* Table texts leave the line end to us: one print, one line. A text
+     * value is printed with its length, so an array without a terminator of
+     * its own is never read past. */
     char line_fmt[160];
-    std::snprintf(line_fmt, sizeof line_fmt, "%s\n", fmt);
-    fmt = line_fmt;
+    const size_t at = f.shape.at;
+    if (f.shape.arg == TraceArg::Text)
+        std::snprintf(line_fmt, sizeof line_fmt, "%.*s.*%s\n", static_cast<int>(at), f.trace, f.trace + at);
+    else
+        std::snprintf(line_fmt, sizeof line_fmt, "%s\n", f.trace);
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    if (conv == 's')
-        trace(func, line, fmt, text);
-    else if (conv == 'p')
-        trace(func, line, fmt, static_cast<const void *>(text));
-    else if (longs >= 2)
-        trace(func, line, fmt, static_cast<unsigned long long>(number));
-    else if (longs == 1)
-        trace(func, line, fmt, static_cast<unsigned long>(number));
-    else
-        trace(func, line, fmt, static_cast<unsigned>(number));
+    switch (f.shape.arg) {
+    case TraceArg::Text:
+        trace(func, __LINE__, line_fmt, static_cast<int>(text_len), text);
+        break;
+    case TraceArg::Pointer:
+        trace(func, __LINE__, line_fmt, static_cast<const void *>(text));
+        break;
+    case TraceArg::LongLong:
+        trace(func, __LINE__, line_fmt, static_cast<unsigned long long>(number));
+        break;
+    case TraceArg::Long:
+        trace(func, __LINE__, line_fmt, static_cast<unsigned long>(number));
+        break;
+    case TraceArg::Int:
+    case TraceArg::None:
+        trace(func, __LINE__, line_fmt, static_cast<unsigned>(number));
+        break;
+    }
 #pragma GCC diagnostic pop
 #else
     (void)func;
-    (void)line;
-    (void)fmt;
+    (void)f;
     (void)text;
+    (void)text_len;
     (void)number;
 #endif
+}
+
+bool name_header_inside(const blob_attr *elem)
+{
+    if (!blob_is_extended(elem))
+        return true;
+    const size_t len = blob_len(elem);
+    if (len < sizeof(blobmsg_hdr))
+        return false;
+    const auto namelen = blobmsg_namelen(static_cast<const blobmsg_hdr *>(blob_data(elem)));
+    return static_cast<size_t>(blobmsg_hdrlen(namelen)) <= len;
+}
+
+void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end)
+{
+    auto *data = static_cast<char *>(blobmsg_data(elem));
+    const size_t span = blob_len(elem);
+    const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
+    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(span < room ? span : room));
+}
+
+int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
+{
+    size_t n = strnlen(text, size);
+    if (n < size)
+        return blobmsg_add_string(buf, key, text);
+    /* A text that fills its whole array has no terminator: the member is
+     * made from a run of zeros one byte longer, then the array's bytes are
+     * copied over it inside the buffer. A new member always starts where
+     * the open table or array ends. */
+    static constexpr char kZeros[kMaxText + 1] = {};
+    n = n < kMaxText ? n : kMaxText;
+    const size_t at = reinterpret_cast<char *>(blob_next(buf->head)) - static_cast<char *>(buf->buf);
+    int ret = blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, key, kZeros, static_cast<unsigned>(n + 1));
+    if (ret == 0)
+        std::memcpy(blobmsg_data(reinterpret_cast<blob_attr *>(static_cast<char *>(buf->buf) + at)), text, n);
+    return ret;
 }
 
 void emit_field(const Field &f, const void *record, blob_buf *buf)
@@ -93,45 +129,52 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
     const auto *base = static_cast<const uint8_t *>(record) + f.offset;
     uint32_t u32 = 0;
     uint64_t u64 = 0;
-    switch (f.how) {
-    case Kind::Text: {
-        const char *text = reinterpret_cast<const char *>(base);
-        size_t n = strnlen(text, f.size);
-        if (n < f.size) {
-            blobmsg_add_string(buf, f.key, text);
-            break;
-        }
-        /* A text that fills its whole array has no terminator: send the
-         * array's bytes and never read past it. */
-        char bounded[4096];
-        n = n < sizeof bounded ? n : sizeof bounded - 1;
-        std::memcpy(bounded, text, n);
-        bounded[n] = 0;
-        blobmsg_add_string(buf, f.key, bounded);
+    switch (f.wire) {
+    case Wire::Text:
+        add_text(buf, f.key, reinterpret_cast<const char *>(base), f.size);
         break;
-    }
-    case Kind::U32:
-    case Kind::S32:
+    case Wire::U32:
+    case Wire::S32:
         std::memcpy(&u32, base, sizeof u32);
         blobmsg_add_u32(buf, f.key, u32);
         break;
-    case Kind::U64:
+    case Wire::U64:
         std::memcpy(&u64, base, sizeof u64);
         blobmsg_add_u64(buf, f.key, u64);
         break;
-    case Kind::Word:
+    case Wire::Word:
         std::memcpy(&u32, base, sizeof u32);
-        add_word(buf, f.key, f.kind, u32);
+        add_word(buf, f.key, f.word_list, u32);
         break;
     }
 }
 
-int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count)
+namespace {
+
+uint32_t mask_of(const void *record, int mask_at)
+{
+    uint32_t mask = 0;
+    if (mask_at >= 0)
+        std::memcpy(&mask, static_cast<const uint8_t *>(record) + mask_at, sizeof mask);
+    return mask;
+}
+
+} // namespace
+
+void emit_fields(const Field *fields, size_t count, const void *record, blob_buf *buf, int mask_at)
+{
+    const uint32_t mask = mask_of(record, mask_at);
+    for (size_t i = 0; i < count; ++i) {
+        if (fields[i].sent && (fields[i].sent_if == 0 || (mask & fields[i].sent_if) != 0))
+            emit_field(fields[i], record, buf);
+    }
+}
+
+int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at)
 {
     if (record == nullptr || buf == nullptr)
         return -1;
-    for (size_t i = 0; i < count; ++i)
-        emit_field(fields[i], record, buf);
+    emit_fields(fields, count, record, buf, mask_at);
     return 0;
 }
 
@@ -140,62 +183,69 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
     auto *base = static_cast<uint8_t *>(record) + f.offset;
     uint32_t u32 = 0;
     uint64_t u64 = 0;
-    switch (f.how) {
-    case Kind::Text:
-        copy_text(reinterpret_cast<char *>(base), f.size - 1u, attr);
-        if (f.trace != nullptr) {
-            /* The last byte is the caller's: trace only what the array holds. */
-            char shown[4096];
-            size_t n = strnlen(reinterpret_cast<const char *>(base), f.size);
-            n = n < sizeof shown ? n : sizeof shown - 1;
-            std::memcpy(shown, base, n);
-            shown[n] = 0;
-            trace_value(func, __LINE__, f.trace, shown, 0);
-        }
+    switch (f.wire) {
+    case Wire::Text:
+        copy_text(reinterpret_cast<char *>(base), f.whole ? f.size : f.size - 1u, attr);
+        /* The last byte is the caller's: trace only what the array holds. */
+        trace_field(func, f, reinterpret_cast<const char *>(base),
+                    strnlen(reinterpret_cast<const char *>(base), f.size), 0);
         return;
-    case Kind::U32:
-    case Kind::S32:
+    case Wire::U32:
+    case Wire::S32:
         u32 = get_u32(attr);
         std::memcpy(base, &u32, sizeof u32);
         u64 = u32;
         break;
-    case Kind::U64:
+    case Wire::U64:
         u64 = get_u64(attr);
         std::memcpy(base, &u64, sizeof u64);
         break;
-    case Kind::Word:
-        u32 = static_cast<uint32_t>(get_word(f.kind, attr));
+    case Wire::Word:
+        u32 = static_cast<uint32_t>(get_word(f.word_list, attr));
         std::memcpy(base, &u32, sizeof u32);
         u64 = u32;
         break;
     }
-    if (f.trace != nullptr)
-        trace_value(func, __LINE__, f.trace, nullptr, u64);
+    trace_field(func, f, nullptr, 0, u64);
 }
 
 namespace {
 
-/* Parses an area against the field table's keys and stores what is there. */
-void store_fields(const char *func, void *data, size_t len, void *record, const Field *fields, size_t count)
+/* One slot by its field's rules; a refusal ends the message. */
+Read read_field(const char *func, const Field &f, blob_attr *attr, void *record, uint32_t *mask)
 {
-    if (count > kMaxFields)
-        count = kMaxFields;
-    blobmsg_policy policy[kMaxFields] = {};
-    blob_attr *tb[kMaxFields];
-    for (size_t i = 0; i < count; ++i)
-        policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
-    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(len));
-    store_present(func, fields, count, tb, record);
+    if (!JTS_CheckBlobAttr(f.key, attr)) {
+        if (f.refusal != nullptr)
+            BX_TRACE_AS(func, "%s\n", f.refusal);
+        if (!f.required)
+            return {false, 0};
+        return {true, f.refused_ret};
+    }
+    if (!f.stored)
+        return {false, 0};
+    /* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
+     * zero wraps to the largest number and is refused. */
+    if (f.out_of_range != nullptr && get_u32(attr) - f.lowest > f.highest - f.lowest) {
+        BX_TRACE_AS(func, "%s\n", f.out_of_range);
+        return {true, -1};
+    }
+    store_field(func, f, attr, record);
+    if (mask != nullptr)
+        *mask |= f.mask_bit;
+    return {false, 0};
 }
 
 } // namespace
 
-int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fields, size_t count)
+Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record, int mask_at)
 {
-    if (msg == nullptr || record == nullptr)
-        return -1;
-    store_fields(func, blob_data(msg), blob_len(msg), record, fields, count);
-    return 0;
+    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
+    for (size_t i = 0; i < count; ++i) {
+        Read r = read_field(func, fields[i], tb[i], record, mask);
+        if (r.refused)
+            return r;
+    }
+    return {false, 0};
 }
 
 void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
@@ -208,29 +258,15 @@ void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, 
     void *array = blobmsg_open_array(buf, key);
     for (uint32_t i = 0; i < count; ++i) {
         void *table = blobmsg_open_table(buf, nullptr);
-        stj_fields(static_cast<const uint8_t *>(first) + i * stride, buf, fields, nfields);
+        emit_fields(fields, nfields, static_cast<const uint8_t *>(first) + i * stride, buf, kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
 }
 
-uint32_t jts_list(const char *func, blob_attr *list, void *first, size_t stride, size_t capacity,
-                  const Field *fields, size_t nfields)
+void trace_list_full(const char *func, uint32_t filled)
 {
-    uint32_t filled = 0;
-    for_each_elem(list, [&](blob_attr *elem) {
-        if (filled >= capacity) {
-            trace_value(func, __LINE__, "list full, %u entries kept", nullptr, filled);
-            return false;
-        }
-        if (blobmsg_type(elem) != BLOBMSG_TYPE_TABLE)
-            return true;
-        store_fields(func, blobmsg_data(elem), blobmsg_data_len(elem),
-                     static_cast<uint8_t *>(first) + filled * stride, fields, nfields);
-        ++filled;
-        return true;
-    });
-    return filled;
+    BX_TRACE_AS(func, "list full, %u entries kept\n", filled);
 }
 
 } // namespace bx

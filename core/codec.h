@@ -1,9 +1,10 @@
 /* Building blocks shared by the message converters.
  *
- * A converter reads like the description of its message: an enum of policy
- * slots, the policy array they index, and either a field table (for the
- * regular messages, handled by stj_fields/jts_fields) or a short function
- * that walks the slots in order and says where the message is irregular.
+ * A message is described by a table of Fields: each row says where a member
+ * lives in the record, how it travels, and the rules the message keeps for
+ * it (required, validity bit, range, keys only listed). A regular message
+ * is its table and a BX_*_CONVERTERS line; an irregular one keeps a short
+ * function that says where it departs from its table.
  *
  * Everything here reads only inside the message it is given: attributes
  * found by blobmsg_parse have been validated against the message, and the
@@ -68,7 +69,7 @@ char *get_text(blob_attr *attr);
 void copy_text(char *dst, size_t bound, blob_attr *attr);
 
 /* The number of an enumeration word. */
-inline int get_word(int kind, blob_attr *attr) { return PARATRANS_String_To_Int(kind, get_text(attr)); }
+inline int get_word(int word_list, blob_attr *attr) { return PARATRANS_String_To_Int(word_list, get_text(attr)); }
 
 /* A count from a record or a message, held to the array it counts. */
 constexpr uint32_t at_most(uint32_t count, size_t capacity)
@@ -92,11 +93,18 @@ inline Shown<N> shown(const char (&field)[N])
 
 /* ---- Walking lists -------------------------------------------------------- */
 
-/* Calls fn(elem) for each element of an ARRAY or TABLE attribute, in order,
- * the way blobmsg_for_each_attr walks it; fn returns false to stop. An
- * element that is not a well-formed attribute inside the list (bad name
- * header, wrong value size) ends the walk, so no element ever points outside
- * the message. Returns the number of elements visited. */
+/* True when the element's name header lies inside the element, so that its
+ * value can be found without leaving it. */
+bool name_header_inside(const blob_attr *elem);
+
+/* The one list walk. Calls fn(elem) for each element of an ARRAY or TABLE
+ * attribute, in order, the way blobmsg_for_each_attr walks it: the walk ends
+ * at an element whose padded length is below an attribute header or beyond
+ * what remains, at an element whose name header would leave it, or when fn
+ * returns false (the message's own bound, or the record's capacity). An
+ * element whose value is malformed (a text without terminator, a number of
+ * the wrong size) reads as nothing: fn never sees it and the walk goes on.
+ * Returns the number of elements handed to fn. */
 template <typename Fn>
 inline unsigned for_each_elem(blob_attr *list, Fn fn)
 {
@@ -106,8 +114,10 @@ inline unsigned for_each_elem(blob_attr *list, Fn fn)
     blob_attr *cur;
     size_t rem;
     blobmsg_for_each_attr(cur, list, rem) {
-        if (!blobmsg_check_attr_len(cur, false, rem))
+        if (!name_header_inside(cur))
             break;
+        if (!blobmsg_check_attr_len(cur, false, rem))
+            continue;
         ++visited;
         if (!fn(cur))
             break;
@@ -115,193 +125,210 @@ inline unsigned for_each_elem(blob_attr *list, Fn fn)
     return visited;
 }
 
+/* The end of a message's payload. */
+inline const char *end_of(blob_attr *msg) { return static_cast<const char *>(blob_data(msg)) + blob_len(msg); }
+
+/* Parses one list element the way these daemons always have: from the
+ * element's value over its whole payload length, name header included, so
+ * the span reaches as many bytes past the element as its name header holds:
+ * into the next element or, past the last one, into whatever follows the
+ * list in the message. The span is cut at the end of the message (msg_end,
+ * see end_of) so that the parse never leaves it. */
+void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
+template <size_t N>
+inline void parse_span(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem, const char *msg_end)
+{
+    parse_span(policy, N, tb, elem, msg_end);
+}
+
 /* ---- Writing values -------------------------------------------------------- */
 
-inline int add_word(blob_buf *buf, const char *key, int kind, uint32_t value)
+inline int add_word(blob_buf *buf, const char *key, int word_list, uint32_t value)
 {
-    return blobmsg_add_string(buf, key, PARATRANS_Int_To_String(kind, static_cast<int>(value)));
+    return blobmsg_add_string(buf, key, PARATRANS_Int_To_String(word_list, static_cast<int>(value)));
 }
 
-/* A text array of the record as a STRING member (a null key adds an array
- * element), never read past the array. */
-template <size_t N>
-inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
-{
-    return blobmsg_add_string(buf, key, shown(text).text);
-}
+/* ---- Field tables ------------------------------------------------------------- */
 
-/* ---- Traces whose format comes from a table --------------------------------- */
-
-/* Traces `fmt` and a line end with one value, passing the value with the
- * width that the format's conversion asks for (%s, %d/%u, %ld/%lu,
- * %lld/%llu, %p). Table trace texts therefore carry no line end. */
-void trace_value(const char *func, int line, const char *fmt, const char *text, uint64_t number);
-
-/* ---- Field tables for the regular messages ------------------------------------ */
-
-enum class Kind : uint8_t {
+/* The shape a field travels in. */
+enum class Wire : uint8_t {
     Text,  /* char[size], STRING, copied with bound size-1 */
     U32,   /* uint32_t, INT32 */
     S32,   /* int32_t, INT32 (emitted with blobmsg_add_u32 like any number) */
     U64,   /* uint64_t, INT64 */
-    Word,  /* uint32_t enumeration number, STRING word of `kind` */
+    Word,  /* uint32_t enumeration number, STRING word of the field's word list */
 };
 
+/* How the one value of a table trace text is passed to the print: fixed
+ * when the table is compiled, from the text's conversion. */
+enum class TraceArg : uint8_t { None, Text, Int, Long, LongLong, Pointer };
+
+struct TraceShape {
+    TraceArg arg;
+    uint8_t at;  /* index of the conversion letter in the text */
+};
+
+void text_trace_with_flags();  /* never defined: stops the compile */
+constexpr TraceShape trace_shape(const char *fmt)
+{
+    if (fmt == nullptr)
+        return {TraceArg::None, 0};
+    size_t i = 0;
+    while (fmt[i] != 0 && !(fmt[i] == '%' && fmt[i + 1] != '%'))
+        i += fmt[i] == '%' ? 2 : 1;
+    if (fmt[i] == 0)
+        return {TraceArg::None, 0};
+    ++i;
+    while (fmt[i] == '-' || fmt[i] == '+' || fmt[i] == ' ' || fmt[i] == '#' || fmt[i] == '.' ||
+           (fmt[i] >= '0' && fmt[i] <= '9'))
+        ++i;
+    int longs = 0;
+    for (; fmt[i] == 'l'; ++i)
+        ++longs;
+    const auto at = static_cast<uint8_t>(i);
+    /* A text is printed with the length its array holds: a plain %s. */
+    if (fmt[i] == 's' && fmt[i - 1] != '%')
+        text_trace_with_flags();
+    if (fmt[i] == 's')
+        return {TraceArg::Text, at};
+    if (fmt[i] == 'p')
+        return {TraceArg::Pointer, at};
+    return {longs >= 2 ? TraceArg::LongLong : longs == 1 ? TraceArg::Long : TraceArg::Int, at};
+}
+
+/* The longest text array a table may name: sending a text that fills its
+ * whole array takes its terminator from a constant run of zeros this long. */
+constexpr size_t kMaxText = 1024;
+
+/* One member of a message: where it lives in the record, how it travels,
+ * and every rule the message keeps for it. The rules default to "optional,
+ * always sent, any value": a regular member is just its BX_* line. */
 struct Field {
     const char *key;
-    Kind how;
+    Wire wire;
+    int8_t word_list;  /* EnumKind of a Word, else -1 */
     uint16_t offset;
     uint16_t size;
-    int8_t kind;        /* enumeration kind of a Word */
     const char *trace;  /* trace after storing (no line end), or nullptr */
+    TraceShape shape;   /* how trace's value is passed */
+    bool sent = true;                /* false: only ever received */
+    bool whole = false;              /* a text copied with the array's whole size */
+    /* Presence on the way in. */
+    bool stored = true;              /* false: the key is tested, never read */
+    bool required = false;           /* a message without it is refused */
+    int8_t refused_ret = -1;         /* result of a refused message */
+    const char *refusal = nullptr;   /* trace line of a message without it, if any */
+    uint32_t mask_bit = 0;           /* set in the record's mask once stored */
+    uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
+    /* Range on the way in, tested before storing. */
+    uint32_t lowest = 0;
+    uint32_t highest = 0;
+    const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest */
 };
 
 #define BX_FIELD_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member))
-#define BX_TEXT(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Kind::Text, static_cast<uint16_t>(offsetof(Rec, member)), BX_FIELD_SIZE(Rec, member), -1, trace}
+#define BX_FIELD_AT(Rec, member) static_cast<uint16_t>(offsetof(Rec, member))
+#define BX_TEXT(Rec, member, key, trace)                                                              \
+    ::bx::Field{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
+                trace, ::bx::trace_shape(trace)}
 #define BX_U32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Kind::U32, static_cast<uint16_t>(offsetof(Rec, member)), 4, -1, trace}
+    ::bx::Field{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
 #define BX_S32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Kind::S32, static_cast<uint16_t>(offsetof(Rec, member)), 4, -1, trace}
+    ::bx::Field{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
 #define BX_U64(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Kind::U64, static_cast<uint16_t>(offsetof(Rec, member)), 8, -1, trace}
-#define BX_WORD(Rec, member, enumkind, key, trace) \
-    ::bx::Field{key, ::bx::Kind::Word, static_cast<uint16_t>(offsetof(Rec, member)), 4, enumkind, trace}
+    ::bx::Field{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace)}
+#define BX_WORD(Rec, member, word_list, key, trace) \
+    ::bx::Field{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
 
-/* The most fields one table may hold (the policy is built on the stack). */
-constexpr size_t kMaxFields = 48;
-
-/* Emits every field in table order. Returns -1 on a null argument, else 0. */
-int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count);
-template <size_t N>
-inline int stj_fields(const void *record, blob_buf *buf, const Field (&fields)[N])
+/* A text array's size, held to what sending can terminate. */
+void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
+consteval uint16_t text_size(uint16_t size)
 {
-    static_assert(N <= kMaxFields, "field table too long");
-    return stj_fields(record, buf, fields, N);
+    if (size > kMaxText)
+        text_array_longer_than_kMaxText();
+    return size;
 }
 
-/* Parses the message against the table's keys and stores every present
- * field in table order, tracing each absent key (JTS_CheckBlobAttr) and each
- * stored value (the field's trace, on behalf of `func`). Every key is
- * optional. Returns -1 on a null argument, else 0. */
-int jts_fields(const char *func, blob_attr *msg, void *record, const Field *fields, size_t count);
-template <size_t N>
-inline int jts_fields(const char *func, blob_attr *msg, void *record, const Field (&fields)[N])
+/* A member without which the message is refused: `refusal` (when not null)
+ * is traced and the converter returns `ret` (-1, or 0 where the message
+ * says so). */
+constexpr Field required(Field f, const char *refusal, int8_t ret = -1)
 {
-    static_assert(N <= kMaxFields, "field table too long");
-    return jts_fields(func, msg, record, fields, N);
+    f.required = true;
+    f.refusal = refusal;
+    f.refused_ret = ret;
+    return f;
 }
 
-/* Stores every present field of a table whose attributes were parsed into
- * tb (tb[i] belongs to fields[i]); an absent one is traced by
- * JTS_CheckBlobAttr and left as the caller set it. */
-/* Stores one present attribute as field f of the record and traces it. */
-void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
-
-inline void store_present(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record)
+/* An optional member whose absence is reported like a refusal (`report`
+ * traced), though the message goes on. */
+constexpr Field reported(Field f, const char *report)
 {
-    for (size_t i = 0; i < count; ++i) {
-        if (JTS_CheckBlobAttr(fields[i].key, tb[i]))
-            store_field(func, fields[i], tb[i], record);
-    }
-}
-/* Emits field f of the record. */
-void emit_field(const Field &f, const void *record, blob_buf *buf);
-
-/* ---- Lists of field-table records held in a fixed array ------------------- */
-
-/* Emits `count` entries (never more than the array holds) as a named array
- * of unnamed tables, each with the entry's fields in table order. */
-void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
-              const Field *fields, size_t nfields);
-template <typename Entry, size_t Cap, size_t N>
-inline void stj_list(blob_buf *buf, const char *key, const Entry (&entries)[Cap], uint32_t count,
-                     const Field (&fields)[N])
-{
-    static_assert(N <= kMaxFields, "field table too long");
-    stj_list(buf, key, entries, sizeof(Entry), count, Cap, fields, N);
+    f.refusal = report;
+    return f;
 }
 
-/* Fills consecutive entries from the tables of a list attribute (every key
- * optional, traced as in jts_fields) and returns how many it filled. Stops at
- * the array's capacity; elements that are not tables are skipped. */
-uint32_t jts_list(const char *func, blob_attr *list, void *first, size_t stride, size_t capacity,
-                  const Field *fields, size_t nfields);
-template <typename Entry, size_t Cap, size_t N>
-inline uint32_t jts_list(const char *func, blob_attr *list, Entry (&entries)[Cap], const Field (&fields)[N])
+/* A member with a validity bit in the record's mask: storing it sets `bit`,
+ * sending needs one of `sent_if` in the mask. */
+constexpr Field flagged(Field f, uint32_t bit, uint32_t sent_if)
 {
-    static_assert(N <= kMaxFields, "field table too long");
-    return jts_list(func, list, entries, sizeof(Entry), Cap, fields, N);
+    f.mask_bit = bit;
+    f.sent_if = sent_if;
+    return f;
+}
+constexpr Field flagged(Field f, uint32_t bit) { return flagged(f, bit, bit); }
+
+/* A number refused (trace `refusal`, result -1) outside lowest..highest. */
+constexpr Field ranged(Field f, uint32_t lowest, uint32_t highest, const char *refusal)
+{
+    f.lowest = lowest;
+    f.highest = highest;
+    f.out_of_range = refusal;
+    return f;
 }
 
-/* A counted list: "count" then the entries under `key`. On the way in the
- * record's count becomes the number of entries filled, whatever "count"
- * said, so it can never exceed the array. */
-template <typename Rec, typename Entry, size_t Cap, size_t N>
-inline int stj_counted_list(const Rec *rec, blob_buf *buf, const char *key, const Entry (&list)[Cap],
-                            const Field (&fields)[N])
+/* A key the message's policy lists and tests (its absence is traced) but
+ * that no converter reads. */
+constexpr Field tested_only(Field f)
 {
-    blobmsg_add_u32(buf, "count", rec->uiCount);
-    stj_list(buf, key, list, rec->uiCount, fields);
-    return 0;
+    f.stored = false;
+    return f;
 }
 
-template <typename Rec, typename Entry, size_t Cap, size_t N>
-inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const char *key, Entry (&list)[Cap],
-                            const Field (&fields)[N])
+/* A text copied with its array's whole size: one that fills the array
+ * is stored without a terminator. */
+constexpr Field whole(Field f)
 {
-    enum { LIST_ENTRIES, LIST_MAX };
-    const blobmsg_policy policy[LIST_MAX] = {
-        /* LIST_ENTRIES */ {key, BLOBMSG_TYPE_ARRAY},
-    };
-    blob_attr *tb[LIST_MAX];
-    parse(policy, tb, msg);
-    if (!present(policy, tb, LIST_ENTRIES))
-        return 0;
-    rec->uiCount = jts_list(func, tb[LIST_ENTRIES], list, fields);
-    BX_TRACE_AS(func, "count:%u\n", rec->uiCount);
-    return 0;
+    f.whole = true;
+    return f;
 }
 
-/* Defines a message's two converters from one field table. */
-#define BX_FIELD_CONVERTERS(stj_name, jts_name, table)                              \
-    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)               \
-    {                                                                                \
-        return ::bx::stj_fields(pvRecord, pstBuf, table);                           \
-    }                                                                                \
-    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                    \
-    {                                                                                \
-        return ::bx::jts_fields(__func__, pstMsg, pvRecord, table);                 \
-    }
+/* A key that only the message's policy lists: tested, never read, never
+ * sent. */
+constexpr Field listed_only(Field f)
+{
+    f.stored = false;
+    f.sent = false;
+    return f;
+}
 
-/* Defines a counted list message's two converters: "count" and `key`
- * holding the tables of rec->member. */
-#define BX_LIST_CONVERTERS(stj_name, jts_name, Rec, member, key, fields)                  \
-    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                   \
-    {                                                                                    \
-        if (pvRecord == nullptr || pstBuf == nullptr)                                    \
-            return -1;                                                                   \
-        const auto *rec = static_cast<const Rec *>(pvRecord);                            \
-        return ::bx::stj_counted_list(rec, pstBuf, key, rec->member, fields);            \
-    }                                                                                    \
-    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                        \
-    {                                                                                    \
-        if (pstMsg == nullptr || pvRecord == nullptr)                                    \
-            return -1;                                                                   \
-        auto *rec = static_cast<Rec *>(pvRecord);                                        \
-        return ::bx::jts_counted_list(__func__, pstMsg, rec, key, rec->member, fields);  \
-    }
+/* The validity bits of the settings, in a mask whose high bits say other
+ * things: the reported state of a configuration goes out whenever any
+ * setting was asked about. */
+constexpr uint32_t kAnyLowBit = 0xFFFFu;
+
+/* Traces field f's `trace` and a line end with one value. */
+void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number);
 
 /* The blobmsg type a field travels as. */
-constexpr enum blobmsg_type wire_type(Kind how)
+constexpr enum blobmsg_type wire_type(Wire wire)
 {
-    return how == Kind::U64 ? BLOBMSG_TYPE_INT64
-         : (how == Kind::U32 || how == Kind::S32) ? BLOBMSG_TYPE_INT32
+    return wire == Wire::U64 ? BLOBMSG_TYPE_INT64
+         : (wire == Wire::U32 || wire == Wire::S32) ? BLOBMSG_TYPE_INT32
          : BLOBMSG_TYPE_STRING;
 }
 
-/* The key policy of a field table, built at compile time, in table order,
- * for converters that parse once and then walk the slots themselves. */
+/* The key policy of a field table, built at compile time, in table order. */
 template <size_t N>
 struct FieldPolicy {
     blobmsg_policy entries[N];
@@ -312,9 +339,197 @@ constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
 {
     FieldPolicy<N> out{};
     for (size_t i = 0; i < N; ++i)
-        out.entries[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
+        out.entries[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].wire)};
     return out;
 }
+
+/* A field table with its policy, both in read-only memory: `Table` names a
+ * constexpr array of static storage, so the slot and its key cannot drift
+ * apart. */
+template <const auto &Table>
+struct Described {
+    static constexpr size_t count = sizeof Table / sizeof Table[0];
+    static constexpr FieldPolicy<count> policy = policy_of(Table);
+};
+
+/* No record's mask (see jts_fields). */
+constexpr int kNoMask = -1;
+
+/* Emits every field in table order; a flagged one only while the record's
+ * mask (at byte offset mask_at, kNoMask: none) has one of its bits. */
+void emit_fields(const Field *fields, size_t count, const void *record, blob_buf *buf, int mask_at);
+
+/* The end of reading a table: `refused` when a rule of a field refused the
+ * message, and then the converter's result. */
+struct Read {
+    bool refused;
+    int ret;
+};
+
+/* Tests every slot in table order (JTS_CheckBlobAttr), stores and traces
+ * each present one, sets its mask bit, and stops at the first refusal. */
+Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record,
+                 int mask_at);
+
+/* Emits field f of the record. */
+void emit_field(const Field &f, const void *record, blob_buf *buf);
+
+/* Stores one present attribute as field f of the record and traces it. */
+void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
+
+/* A text array of the record as a STRING member (a null key adds an array
+ * element), never read past the array. */
+int add_text(blob_buf *buf, const char *key, const char *text, size_t size);
+template <size_t N>
+inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
+{
+    return add_text(buf, key, text, N);
+}
+
+/* The struct-to-JSON converter of a table: -1 on a null argument, else 0. */
+int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at = kNoMask);
+template <size_t N>
+inline int stj_fields(const void *record, blob_buf *buf, const Field (&fields)[N], int mask_at = kNoMask)
+{
+    return stj_fields(record, buf, fields, N, mask_at);
+}
+
+/* Parses an area (a message's payload or a list element's value) against
+ * the table's policy and reads it. */
+template <const auto &Table>
+inline Read read_area(const char *func, void *data, size_t len, void *record, int mask_at = kNoMask)
+{
+    using D = Described<Table>;
+    blob_attr *tb[D::count];
+    blobmsg_parse(D::policy.entries, static_cast<int>(D::count), tb, data, static_cast<unsigned>(len));
+    return read_fields(func, Table, D::count, tb, record, mask_at);
+}
+
+/* The JSON-to-struct converter of a table: -1 on a null argument, the
+ * refusal's result, else 0. */
+template <const auto &Table>
+inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_at = kNoMask)
+{
+    if (msg == nullptr || record == nullptr)
+        return -1;
+    return read_area<Table>(func, blob_data(msg), blob_len(msg), record, mask_at).ret;
+}
+
+/* ---- Lists of field-table records held in a fixed array ------------------- */
+
+/* Emits `count` entries (never more than the array holds) as a named array
+ * of unnamed tables, each with the entry's fields in table order. */
+void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
+              const Field *fields, size_t nfields);
+template <const auto &Table, typename Entry, size_t Cap>
+inline void stj_list(blob_buf *buf, const char *key, const Entry (&entries)[Cap], uint32_t count)
+{
+    stj_list(buf, key, entries, sizeof(Entry), count, Cap, Table, Described<Table>::count);
+}
+
+/* Traces a list that met its capacity. */
+void trace_list_full(const char *func, uint32_t filled);
+
+/* Fills consecutive entries from the tables of a list attribute (every key
+ * optional, traced as in jts_fields) and returns how many it filled. Stops at
+ * the array's capacity; elements that are not tables are skipped. */
+template <const auto &Table, typename Entry, size_t Cap>
+inline uint32_t jts_list(const char *func, blob_attr *list, Entry (&entries)[Cap])
+{
+    uint32_t filled = 0;
+    for_each_elem(list, [&](blob_attr *elem) {
+        if (filled >= Cap) {
+            trace_list_full(func, filled);
+            return false;
+        }
+        if (blobmsg_type(elem) != BLOBMSG_TYPE_TABLE)
+            return true;
+        read_area<Table>(func, blobmsg_data(elem), blobmsg_data_len(elem), &entries[filled]);
+        ++filled;
+        return true;
+    });
+    return filled;
+}
+
+/* A counted list: "count" then the entries under `key`. On the way in the
+ * record's count becomes the number of entries filled, whatever "count"
+ * said, so it can never exceed the array. */
+template <const auto &Table, typename Rec, typename Entry, size_t Cap>
+inline int stj_counted_list(const Rec *rec, blob_buf *buf, const char *key, const Entry (&list)[Cap])
+{
+    blobmsg_add_u32(buf, "count", rec->uiCount);
+    stj_list<Table>(buf, key, list, rec->uiCount);
+    return 0;
+}
+
+template <const auto &Table, typename Rec, typename Entry, size_t Cap>
+inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const char *key, Entry (&list)[Cap])
+{
+    const blobmsg_policy policy[1] = {{key, BLOBMSG_TYPE_ARRAY}};
+    blob_attr *tb[1];
+    parse(policy, tb, msg);
+    if (!present(policy, tb, 0))
+        return 0;
+    rec->uiCount = jts_list<Table>(func, tb[0], list);
+    BX_TRACE_AS(func, "count:%u\n", rec->uiCount);
+    return 0;
+}
+
+/* Defines a message's two converters: sent by one field table, received by
+ * another (often the same), with the record's mask at byte offset mask_at
+ * (kNoMask: none). */
+#define BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, mask_at) \
+    BX_SENT_ROW(stj_name, sent, mask_at)                                     \
+    BX_RECEIVED_ROW(jts_name, received, mask_at)
+
+/* One direction of a message whose other converter says more than a table
+ * does: the struct-to-JSON converter of a table (mask_at as above)... */
+#define BX_SENT_ROW(stj_name, sent, mask_at)                                                \
+    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                     \
+    {                                                                                      \
+        BX_TRACE_CALL();                                                                   \
+        return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
+    }
+
+/* ... and the JSON-to-struct converter of a table. */
+#define BX_RECEIVED_ROW(jts_name, received, mask_at)                                        \
+    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                          \
+    {                                                                                      \
+        BX_TRACE_CALL();                                                                   \
+        return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
+    }
+
+/* A message sent and received by one table. */
+#define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, table, table, ::bx::kNoMask)
+
+/* A message sent by one table and received by another. */
+#define BX_CONVERTERS(stj_name, jts_name, sent, received) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, ::bx::kNoMask)
+
+/* A message whose record keeps the validity bits of its fields in `mask`. */
+#define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received) \
+    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, static_cast<int>(offsetof(Rec, mask)))
+
+/* Defines a counted list message's two converters: "count" and `key`
+ * holding the tables of rec->member. */
+#define BX_LIST_CONVERTERS(stj_name, jts_name, Rec, member, key, fields)                  \
+    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                   \
+    {                                                                                    \
+        BX_TRACE_CALL();                                                                 \
+        if (pvRecord == nullptr || pstBuf == nullptr)                                    \
+            return -1;                                                                   \
+        const auto *rec = static_cast<const Rec *>(pvRecord);                            \
+        return ::bx::stj_counted_list<fields>(rec, pstBuf, key, rec->member);            \
+    }                                                                                    \
+    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                        \
+    {                                                                                    \
+        BX_TRACE_CALL();                                                                 \
+        if (pstMsg == nullptr || pvRecord == nullptr)                                    \
+            return -1;                                                                   \
+        auto *rec = static_cast<Rec *>(pvRecord);                                        \
+        return ::bx::jts_counted_list<fields>(__func__, pstMsg, rec, key, rec->member);  \
+    }
 
 } // namespace bx
 

@@ -6,27 +6,7 @@
 extern "C" {
 #include <libubox/blobmsg_json.h>
 }
-#include "core/codec.h"
-#include "core/tables.h"
-
-namespace {
-
-/* Every row of a table is examined, and the closing row after the last one
- * as well: the scan bound is inclusive. The closing row's id is outside the
- * message numbers and types outside them are turned away first, so it never
- * matches. */
-const MessageTransEntry *find_row(const MessageTransEntry *table, int32_t count, int type)
-{
-    if (type < bx::kFirstMessageType || type > bx::kLastMessageType)
-        return nullptr;
-    for (int32_t i = 0; i <= count; ++i) {
-        if (table[i].id == type)
-            return &table[i];
-    }
-    return nullptr;
-}
-
-} // namespace
+#include "core/trace.h"
 
 extern "C" {
 
@@ -34,7 +14,7 @@ BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *p
 {
     if (pstBuf == nullptr || pvRecord == nullptr)
         return -1;
-    const MessageTransEntry *row = find_row(g_astStructToJson_Func, g_iStructToJson_FuncNum, iType);
+    const MessageTransEntry *row = BLOBXLATE_FindRow(BLOBXLATE_TO_JSON, iType);
     if (row == nullptr)
         return 0;
     BX_TRACE("Struct To Json: [%s] \n\n", row->name);
@@ -56,7 +36,7 @@ BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord
         BX_TRACE("DEBUG: JsonStr = %s\n", json != nullptr ? json : "");
         std::free(json);
     }
-    const MessageTransEntry *row = find_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, iType);
+    const MessageTransEntry *row = BLOBXLATE_FindRow(BLOBXLATE_TO_STRUCT, iType);
     if (row == nullptr)
         return 0;
     BX_TRACE("Json To Struct: [%s] \n\n", row->name);
@@ -65,43 +45,6 @@ BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord
         return 0;
     BX_TRACE("Trans failed.\n");
     return ret;
-}
-
-BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr)
-{
-    if (pstAttr != nullptr)
-        return 1;
-    BX_TRACE("Illegal parameter: %s\n", pcKey != nullptr ? pcKey : "");
-    return 0;
-}
-
-/* ---- The generic result reply (type 0) ---------------------------------- */
-
-BX_API int STJ_Ret(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const RetParam *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "espResult", rec->espResult);
-    return 0;
-}
-
-BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { RET_RESULT, RET_MAX };
-    static const blobmsg_policy policy[RET_MAX] = {
-        /* RET_RESULT */ {"espResult", BLOBMSG_TYPE_INT32},
-    };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RetParam *>(pvRecord);
-    blob_attr *tb[RET_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (!bx::present(policy, tb, RET_RESULT))
-        return -1;
-    rec->espResult = blobmsg_get_u32(tb[RET_RESULT]);
-    BX_TRACE("esp ret:%d\n", static_cast<int>(rec->espResult));
-    return 0;
 }
 
 } // extern "C"

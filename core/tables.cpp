@@ -1,359 +1,172 @@
-/* The two dispatch tables. The row order and the name texts are part of the
- * interface (the name texts appear in the dispatchers' trace lines and
- * differ between the two tables for many types); each row carries its
- * position as a comment. Both tables end with a closing row that the
- * dispatchers' inclusive scan may look at but never matches. */
+/* The two dispatch tables, built from the catalogue in row order. The row
+ * order and the name texts are part of the interface (the name texts appear
+ * in the dispatchers' trace lines). Both tables end with a closing row that
+ * the dispatchers' inclusive scan may look at but never matches. */
+#include <cstddef>
+#include <type_traits>
+
 #include "blobxlate.h"
+#include "core/catalogue.h"
 #include "core/tables.h"
+#include "core/trace.h"
 
 namespace {
 
 int closing_row_to_json(const void *, struct blob_buf *) { return 0; }
 int closing_row_to_struct(struct blob_attr *, void *) { return 0; }
 
-constexpr MessageTransEntry stj(const char *name, int32_t id, StructToJsonFunc fn)
+/* A type without a row in one direction. */
+struct NoRow {};
+
+template <typename Fn>
+struct Row {
+    int16_t position; /* -1: no row in this direction */
+    const char *name;
+    Fn converter;
+
+    constexpr Row(int16_t at, const char *text, Fn fn) : position(at), name(text), converter(fn) {}
+    constexpr Row(NoRow) : position(-1), name(nullptr), converter(nullptr) {}
+};
+
+template <typename Fn>
+constexpr Row<Fn> row(int16_t position, const char *name, Fn converter)
 {
-    return {.name = name, .id = id, .converter = {.toJson = fn}};
+    return {position, name, converter};
 }
 
-constexpr MessageTransEntry jts(const char *name, int32_t id, JsonToStructFunc fn)
+struct Line {
+    int32_t type;
+    size_t record_size;
+    Row<StructToJsonFunc> to_json;
+    Row<JsonToStructFunc> to_struct;
+};
+
+/* The larger record of a type whose two directions fill different ones. */
+template <typename A, typename B>
+using Larger = std::conditional_t<(sizeof(A) >= sizeof(B)), A, B>;
+using QosClassGetRecord = Larger<QosClassRule, QosClassIndex>;
+using VsieProbeRxFlushRecord = Larger<VsieProbeRxFlush, VsieProbeRxEntry>;
+
+#define BX_ROW(position, name, converter) row(position, name, converter)
+#define BX_NO_ROW NoRow{}
+#define BX_LINE(type, record, to_json, to_struct) Line{type, sizeof(record), to_json, to_struct},
+constexpr Line kCatalogue[] = {BX_CATALOGUE(BX_LINE)};
+#undef BX_LINE
+#undef BX_NO_ROW
+#undef BX_ROW
+
+constexpr size_t kToJsonRows = 160;
+constexpr size_t kToStructRows = 159;
+
+template <typename Fn, size_t N>
+struct Table {
+    MessageTransEntry rows[N + 1];
+};
+
+/* The rows of one direction at their positions, then the closing row. */
+template <typename Fn, size_t N>
+constexpr Table<Fn, N> build(Row<Fn> Line::*side, Fn closing)
 {
-    return {.name = name, .id = id, .converter = {.toStruct = fn}};
+    Table<Fn, N> t{};
+    for (const Line &line : kCatalogue) {
+        const Row<Fn> &row = line.*side;
+        if (row.position < 0)
+            continue;
+        MessageTransEntry &e = t.rows[row.position];
+        e.name = row.name;
+        e.id = line.type;
+        if constexpr (std::is_same_v<Fn, StructToJsonFunc>)
+            e.converter.toJson = row.converter;
+        else
+            e.converter.toStruct = row.converter;
+    }
+    t.rows[N] = MessageTransEntry{nullptr, bx::kClosingRowId, {}};
+    if constexpr (std::is_same_v<Fn, StructToJsonFunc>)
+        t.rows[N].converter.toJson = closing;
+    else
+        t.rows[N].converter.toStruct = closing;
+    return t;
 }
+
+/* Every position of a table filled exactly once. */
+template <typename Fn>
+constexpr bool filled_once(Row<Fn> Line::*side, size_t rows)
+{
+    for (size_t position = 0; position < rows; ++position) {
+        size_t uses = 0;
+        for (const Line &line : kCatalogue)
+            uses += (line.*side).position == static_cast<int16_t>(position) ? 1 : 0;
+        if (uses != 1)
+            return false;
+    }
+    size_t total = 0;
+    for (const Line &line : kCatalogue)
+        total += (line.*side).position >= 0 ? 1 : 0;
+    return total == rows;
+}
+static_assert(filled_once(&Line::to_json, kToJsonRows), "struct-to-JSON positions");
+static_assert(filled_once(&Line::to_struct, kToStructRows), "JSON-to-struct positions");
+
+constexpr auto kToJson = build<StructToJsonFunc, kToJsonRows>(&Line::to_json, closing_row_to_json);
+constexpr auto kToStruct = build<JsonToStructFunc, kToStructRows>(&Line::to_struct, closing_row_to_struct);
 
 } // namespace
 
+/* The exported arrays are plain C arrays: their rows are copied in from the
+ * tables built above, position by position, at compile time. */
+#define BX_ROWS_TEN(F, at) F(at + 0) F(at + 1) F(at + 2) F(at + 3) F(at + 4) \
+    F(at + 5) F(at + 6) F(at + 7) F(at + 8) F(at + 9)
+#define BX_ROWS_160(F) BX_ROWS_TEN(F, 0) BX_ROWS_TEN(F, 10) BX_ROWS_TEN(F, 20) BX_ROWS_TEN(F, 30) \
+    BX_ROWS_TEN(F, 40) BX_ROWS_TEN(F, 50) BX_ROWS_TEN(F, 60) BX_ROWS_TEN(F, 70) BX_ROWS_TEN(F, 80) \
+    BX_ROWS_TEN(F, 90) BX_ROWS_TEN(F, 100) BX_ROWS_TEN(F, 110) BX_ROWS_TEN(F, 120) BX_ROWS_TEN(F, 130) \
+    BX_ROWS_TEN(F, 140) BX_ROWS_TEN(F, 150)
+#define BX_TO_JSON(i) kToJson.rows[i],
+#define BX_TO_STRUCT(i) kToStruct.rows[i],
+
 extern "C" {
 
-constinit const MessageTransEntry g_astStructToJson_Func[] = {
-    /*   0 */ stj("Ret", MSG_RET, STJ_Ret),
-    /*   1 */ stj("HwInfo", MSG_HW_INFO, STJ_HwInfo),
-    /*   2 */ stj("FwInfo", MSG_FW_INFO, STJ_FwInfo),
-    /*   3 */ stj("ManuInfo", MSG_MANU_INFO, STJ_ManuInfo),
-    /*   4 */ stj("ManageInfo", MSG_MANAGE_INFO, STJ_ManageInfo),
-    /*   5 */ stj("FuncSupport", MSG_FUNC_SUPPORT, STJ_FuncSupport),
-    /*   6 */ stj("CpuRate", MSG_CPU_RATE, STJ_CpuRate),
-    /*   7 */ stj("MemRate", MSG_MEM_RATE, STJ_MemRate),
-    /*   8 */ stj("FlashRate", MSG_FLASH_RATE, STJ_FlashRate),
-    /*   9 */ stj("RunTimeInfo", MSG_RUN_TIME_INFO, STJ_RunTimeInfo),
-    /*  10 */ stj("TcpOpenPort", MSG_TCP_OPEN_PORT, STJ_TcpOpenPort),
-    /*  11 */ stj("UdpOpenPort", MSG_UDP_OPEN_PORT, STJ_UdpOpenPort),
-    /*  12 */ stj("LedStatus", MSG_LED_STATUS, STJ_LedStatus),
-    /*  13 */ stj("DualbandSyncStatus", MSG_DUALBAND_SYNC_STATUS, STJ_DualbandSyncStatus),
-    /*  14 */ stj("Reboot", MSG_REBOOT, STJ_Reboot),
-    /*  15 */ stj("Upgrade", MSG_UPGRADE, STJ_Upgrade),
-    /*  16 */ stj("UpgradeStatus", MSG_UPGRADE_STATUS, STJ_UpgradeStatus),
-    /*  17 */ stj("LedColour", MSG_LED_COLOUR, STJ_LedColour),
-    /*  18 */ stj("LoginPassWord", MSG_LOGIN_PASSWORD, STJ_LoginPassWord),
-    /*  19 */ stj("FireWall", MSG_FIRE_WALL, STJ_FireWall),
-    /*  20 */ stj("WifiSelect", MSG_WIFI_SELECT, STJ_WifiSelect),
-    /*  21 */ stj("WifiStatus", MSG_WIFI_STATUS, STJ_WifiStatus),
-    /*  22 */ stj("WifiOpt", MSG_WIFI_OPT, STJ_WifiOpt),
-    /*  23 */ stj("WifiDeassociation", MSG_WIFI_DEASSOCIATION, STJ_WifiStaDeassociation),
-    /*  24 */ stj("WifiMesh", MSG_WIFI_MESH, STJ_WifiMesh),
-    /*  25 */ stj("WifiMeshRoaming", MSG_WIFI_MESH_ROAMING, STJ_WifiMeshRoaming),
-    /*  26 */ stj("WifiBackhaulbss", MSG_WIFI_BACKHAUL_BSS, STJ_WifiBackhaulbss),
-    /*  27 */ stj("WifiTopo", MSG_WIFI_TOPO, STJ_WifiTopo),
-    /*  28 */ stj("WifiTopoMac", MSG_WIFI_TOPO_MAC, STJ_WifiTopoMac),
-    /*  29 */ stj("WifiTopoAp_Map", MSG_WIFI_TOPO_AP_MAP, STJ_WifiTopoAp_Map),
-    /*  30 */ stj("WifiLocalMesh_Event", MSG_WIFI_LOCAL_MESH_EVENT, STJ_WifiLocalMesh_Event),
-    /*  31 */ stj("WifiTopoChange", MSG_WIFI_TOPO_CHANGE, STJ_WifiTopoChange),
-    /*  32 */ stj("Wifi5Status", MSG_WIFI5_STATUS, STJ_Wifi5Status),
-    /*  33 */ stj("RadioBasic", MSG_RADIO_BASIC, STJ_RadioBasic),
-    /*  34 */ stj("ApBasic", MSG_AP_BASIC, STJ_ApBasic),
-    /*  35 */ stj("ApAdvanced", MSG_AP_ADVANCED, STJ_ApAdvanced),
-    /*  36 */ stj("ApRateLimit", MSG_AP_RATE_LIMIT, STJ_ApRateLimit),
-    /*  37 */ stj("ApAccessMode", MSG_AP_ACCESS_MODE, STJ_ApAccessMode),
-    /*  38 */ stj("ApAccessRule", MSG_AP_ACCESS_RULE, STJ_ApAccessRule),
-    /*  39 */ stj("ApAdd", MSG_AP_ADD, STJ_ApAdd),
-    /*  40 */ stj("ApDelete", MSG_AP_DELETE, STJ_ApDelete),
-    /*  41 */ stj("ScanWlanNeighbour", MSG_SCAN_WLAN_NEIGHBOUR, STJ_ScanWlanNeighbour),
-    /*  42 */ stj("WlanNeighbour", MSG_WLAN_NEIGHBOUR, STJ_WlanNeighbour),
-    /*  43 */ stj("WpsPbc", MSG_WPS_PBC, STJ_WpsPbc),
-    /*  44 */ stj("ChannelScan", MSG_CHANNEL_SCAN, STJ_ChannelScan),
-    /*  45 */ stj("ChannelScore", MSG_CHANNEL_SCORE, STJ_ChannelScore),
-    /*  46 */ stj("QoS", MSG_QOS, STJ_QoS),
-    /*  47 */ stj("Dscp", MSG_DSCP, STJ_Dscp),
-    /*  48 */ stj("8021p", MSG_8021P, STJ_8021p),
-    /*  49 */ stj("Qos_Classification_Add", MSG_QOS_CLASSIFICATION_ADD, STJ_Qos_Classification_Add),
-    /*  50 */ stj("Qos_Classification_Delete", MSG_QOS_CLASSIFICATION_DELETE, STJ_Qos_Classification_Delete),
-    /*  51 */ stj("Qos_Classification_Set", MSG_QOS_CLASSIFICATION_SET, STJ_Qos_Classification_Set),
-    /*  52 */ stj("Qos_Classification_Get", MSG_QOS_CLASSIFICATION_GET, STJ_Qos_Classification_Get),
-    /*  53 */ stj("Qos_Classification_List", MSG_QOS_CLASSIFICATION_LIST, STJ_Qos_Classification_List),
-    /*  54 */ stj("RebootTimer", MSG_REBOOT_TIMER, STJ_RebootTimer),
-    /*  55 */ stj("WifiTimer", MSG_WIFI_TIMER, STJ_WifiTimer_List),
-    /*  56 */ stj("WifiTimerset", MSG_WIFI_TIMER_SET, STJ_WifiTimer_Set),
-    /*  57 */ stj("WifiTimerIdx", MSG_WIFI_TIMER_IDX, STJ_WifiTimer_Idx),
-    /*  58 */ stj("Ratelimit", MSG_RATELIMIT, STJ_Ratelimit),
-    /*  59 */ stj("RatelimitList", MSG_RATELIMIT_LIST, STJ_RatelimitList),
-    /*  60 */ stj("PeriodRateSet", MSG_PERIOD_RATE_SET, STJ_PeriodRate_Set),
-    /*  61 */ stj("PeriodRateGet", MSG_PERIOD_RATE_GET, STJ_PeriodRate_Get),
-    /*  62 */ stj("Iptv", MSG_IPTV, STJ_IPTV),
-    /*  63 */ stj("L2Roaming", MSG_L2_ROAMING, STJ_L2_Roaming),
-    /*  64 */ stj("Roaming", MSG_ROAMING, STJ_Roaming),
-    /*  65 */ stj("Roaming AP Rssi Query", MSG_ROAMING_AP_RSSI_QUERY, STJ_Roaming_APQuery),
-    /*  66 */ stj("Roaming AP Rssi RSP", MSG_ROAMING_AP_RSSI_RSP, STJ_Roaming_APRsp),
-    /*  67 */ stj("Roaming BSS Trans", MSG_ROAMING_BSS_TRANS, STJ_Roaming_BssTrans),
-    /*  68 */ stj("Roaming Sta Rssi", MSG_ROAMING_STA_RSSI, STJ_Roaming_StaRssi),
-    /*  69 */ stj("Roaming report", MSG_ROAMING_REPORT, STJ_Roaming_Report),
-    /*  70 */ stj("WanStatus", MSG_WAN_STATUS, STJ_WanStatus),
-    /*  71 */ stj("IPv6Info", MSG_IPV6_INFO, STJ_IPv6Info),
-    /*  72 */ stj("IPv6Enable", MSG_IPV6_ENABLE, STJ_IPv6Enable),
-    /*  73 */ stj("Dhcp", MSG_DHCP, STJ_Dhcp),
-    /*  74 */ stj("Static", MSG_STATIC, STJ_Static),
-    /*  75 */ stj("Pppoe", MSG_PPPOE, STJ_Pppoe),
-    /*  76 */ stj("BridgeSwitch", MSG_BRIDGE_SWITCH, STJ_BridgeSwitch),
-    /*  77 */ stj("BridgeStatus", MSG_BRIDGE_STATUS, STJ_BridgeStatus),
-    /*  78 */ stj("Repeater_SetInfo", MSG_REPEATER_SET_INFO, STJ_Repeater_SetInfo),
-    /*  79 */ stj("Repeater_StaInfo", MSG_REPEATER_STA_INFO, STJ_Repeater_StaInfo),
-    /*  80 */ stj("Repeater_List", MSG_REPEATER_LIST, STJ_Repeater_List),
-    /*  81 */ stj("CloneMac", MSG_CLONE_MAC, STJ_CloneMac),
-    /*  82 */ stj("Lan", MSG_LAN, STJ_Lan),
-    /*  83 */ stj("LanClone", MSG_LAN_CLONE, STJ_CloneMac),
-    /*  84 */ stj("DhcpServer", MSG_DHCP_SERVER, STJ_DhcpServer),
-    /*  85 */ stj("LanStatic", MSG_LAN_STATIC, STJ_LanStatic),
-    /*  86 */ stj("LanStatic List", MSG_LAN_STATIC_LIST, STJ_LanStatic_List),
-    /*  87 */ stj("LockNet", MSG_LOCK_NET, STJ_LockNet),
-    /*  88 */ stj("Ping", MSG_PING, STJ_Ping),
-    /*  89 */ stj("TraceRoute", MSG_TRACE_ROUTE, STJ_TraceRoute),
-    /*  90 */ stj("Ping_Result", MSG_PING_RESULT, STJ_Ping_Result),
-    /*  91 */ stj("TraceRoute_Result", MSG_TRACE_ROUTE_RESULT, STJ_TraceRoute_Result),
-    /*  92 */ stj("UplinkSupport", MSG_UPLINK_SUPPORT, STJ_UplinkSupport),
-    /*  93 */ stj("FilterUrl", MSG_FILTER_URL_SWITCH, STJ_FilterUrl_Switch),
-    /*  94 */ stj("FilterUrl", MSG_FILTER_URL, STJ_FilterUrl_Set),
-    /*  95 */ stj("FilterDns", MSG_FILTER_DNS, STJ_FilterDns_Set),
-    /*  96 */ stj("FilterUrl_Reply", MSG_FILTER_URL_REPLY, STJ_FilterUrl_Reply),
-    /*  97 */ stj("FilterDns_Reply", MSG_FILTER_DNS_REPLY, STJ_FilterDns_Reply),
-    /*  98 */ stj("FilterUrl_List", MSG_FILTER_URL_LIST, STJ_FilterUrl_List),
-    /*  99 */ stj("FilterDns_List", MSG_FILTER_DNS_LIST, STJ_FilterDns_List),
-    /* 100 */ stj("Vsie_Info", MSG_VSIE_INFO, STJ_Vsie_Info),
-    /* 101 */ stj("Vsie_Beacontx_Add", MSG_VSIE_BEACONTX_ADD, STJ_Vsie_Beacontx_Add),
-    /* 102 */ stj("Vsie_Beacontx_Set", MSG_VSIE_BEACONTX_SET, STJ_Vsie_Beacontx_Set),
-    /* 103 */ stj("Vsie_Beacontx_Idx", MSG_VSIE_BEACONTX_IDX, STJ_Vsie_Beacontx_Idx),
-    /* 104 */ stj("Vsie_Beacontx_List", MSG_VSIE_BEACONTX_LIST, STJ_Vsie_Beacontx_List),
-    /* 105 */ stj("Vsie_Proberx_Add", MSG_VSIE_PROBERX_ADD, STJ_Vsie_Proberx_Add),
-    /* 106 */ stj("Vsie_Proberx_Flush", MSG_VSIE_PROBERX_FLUSH, STJ_Vsie_Proberx_Flush),
-    /* 107 */ stj("Vsie_Proberx_Idx", MSG_VSIE_PROBERX_IDX, STJ_Vsie_Beacontx_Idx),
-    /* 108 */ stj("Vsie_Proberx_List", MSG_VSIE_PROBERX_LIST, STJ_Vsie_Proberx_List),
-    /* 109 */ stj("Vsie_Proberx_Record_Add", MSG_VSIE_PROBERX_RECORD_ADD, STJ_Vsie_Proberx_Record_Add),
-    /* 110 */ stj("Vsie_Proberesp_Add", MSG_VSIE_PROBERESP_ADD, STJ_Vsie_Proberesp_Add),
-    /* 111 */ stj("Vsie_Proberesp_Idx", MSG_VSIE_PROBERESP_IDX, STJ_Vsie_Beacontx_Idx),
-    /* 112 */ stj("Vsie_Proberesp_List", MSG_VSIE_PROBERESP_LIST, STJ_Vsie_Proberesp_List),
-    /* 113 */ stj("wifi balckwihite add", MSG_WIFI_BLACK_WHITE_ADD, STJ_WifiBlackWhite_Add),
-    /* 114 */ stj("wifi balckwihite delete", MSG_WIFI_BLACK_WHITE_DELETE, STJ_WifiBlackWhite_Delete),
-    /* 115 */ stj("wifi balckwihite list", MSG_WIFI_BLACK_WHITE_LIST, STJ_WifiBlackWhite_List),
-    /* 116 */ stj("PortNum", MSG_PORT_NUM, STJ_PortNum),
-    /* 117 */ stj("StaList", MSG_PORT_STATUS, STJ_PortStatus),
-    /* 118 */ stj("StaList", MSG_PORT_TRAFFIC, STJ_PortTraffic),
-    /* 119 */ stj("StaList", MSG_PORT_RATE, STJ_PortRate),
-    /* 120 */ stj("PortMAC", MSG_PORT_MAC, STJ_PortMAC),
-    /* 121 */ stj("PortUpDown", MSG_PORT_UP_DOWN, STJ_PortUpDown),
-    /* 122 */ stj("StaList", MSG_STA_LIST, STJ_StaList),
-    /* 123 */ stj("StaInfoByMac", MSG_STA_INFO_BY_MAC, STJ_StaInfoByMac),
-    /* 124 */ stj("StaWifiPwdErr", MSG_STA_WIFI_PWD_ERR, STJ_StaWifiPwdErr),
-    /* 125 */ stj("StaTraffic", MSG_STA_TRAFFIC, STJ_StaTraffic),
-    /* 126 */ stj("StaNum", MSG_STA_NUM, STJ_StaNum),
-    /* 127 */ stj("StaName", MSG_STA_NAME, STJ_StaName),
-    /* 128 */ stj("StaModel", MSG_STA_MODEL, STJ_StaModel),
-    /* 129 */ stj("StaCtrlStatus", MSG_STA_CTRL_STATUS, STJ_StaCtrlStatus),
-    /* 130 */ stj("StaCtrlMode", MSG_STA_CTRL_MODE, STJ_StaCtrlMode),
-    /* 131 */ stj("StaCtrlModeSwitch", MSG_STA_CTRL_MODE_SWITCH, STJ_StaCtrlModeSwitch),
-    /* 132 */ stj("StaCtrlList", MSG_STA_CTRL_LIST, STJ_StaCtrlList),
-    /* 133 */ stj("StaBWListGet", MSG_STA_BWLIST_GET, STJ_StaBWListGet),
-    /* 134 */ stj("StaCtrlInternet", MSG_STA_CTRL_INTERNET, STJ_StaCtrlInternet),
-    /* 135 */ stj("StaCtrlWifi", MSG_STA_CTRL_WIFI, STJ_StaCtrlWifi),
-    /* 136 */ stj("StaCtrlWifi list", MSG_STA_CTRL_WIFI_LIST, STJ_StaCtrlWifi_List),
-    /* 137 */ stj("StaCtrlItemAdd", MSG_STA_CTRL_ITEM_ADD, STJ_StaCtrlItemAdd),
-    /* 138 */ stj("StaCtrlInternetTime", MSG_STA_CTRL_INTERNET_TIME, STJ_StaCtrlInternetTime),
-    /* 139 */ stj("StaStorageInfo", MSG_STA_STORAGE_INFO, STJ_StaStorageInfo),
-    /* 140 */ stj("CustomInfo", MSG_CUSTOM_INFO, STJ_CustomInfo),
-    /* 141 */ stj("CustomFactoryInfo", MSG_CUSTOM_FACTORY_INFO, STJ_CustomFactoryInfo),
-    /* 142 */ stj("CTCCBasicInfo", MSG_CTCC_BASIC_INFO, STJ_CTCCBasicInfo),
-    /* 143 */ stj("CTCCServerInfo", MSG_CTCC_SERVER_INFO, STJ_CTCCServerInfo),
-    /* 144 */ stj("CTCCElinkStatus", MSG_CTCC_ELINK_STATUS, STJ_CTCCElinkStatus),
-    /* 145 */ stj("CMCCBasicInfo", MSG_CMCC_BASIC_INFO, STJ_CMCCBasicInfo),
-    /* 146 */ stj("CMCCCfgFileSync", MSG_CMCC_CFG_FILE_SYNC, STJ_CMCCCfgFileSync),
-    /* 147 */ stj("sync time", MSG_SYNC_TIME, STJ_SyncTime),
-    /* 148 */ stj("Telnet", MSG_TELNET, STJ_Telnet),
-    /* 149 */ stj("Samba", MSG_SAMBA, STJ_Samba),
-    /* 150 */ stj("Ftp", MSG_FTP, STJ_Ftp),
-    /* 151 */ stj("FactoryFlag", MSG_FACTORY_FLAG, STJ_FactoryFlag),
-    /* 152 */ stj("RouterName", MSG_ROUTER_NAME, STJ_RouterName),
-    /* 153 */ stj("kernelcount", MSG_KERNELCOUNT, STJ_KernelCount),
-    /* 154 */ stj("CTCCRouterPin", MSG_CTCC_ROUTER_PIN, STJ_CTCCRouterPin),
-    /* 155 */ stj("Wan_TcpUdpConNum_get", MSG_WAN_TCP_UDP_CON_NUM_GET, STJ_WanTcpUdpConNum_Get),
-    /* 156 */ stj("wifi get agent_uplink_info", MSG_WIFI_GET_AGENT_UPLINK_INFO, STJ_Agent_Uplink_Info_Get),
-    /* 157 */ stj("Upgrade report", MSG_UPGRADE_REPORT, STJ_Upgrade_report),
-    /* 158 */ stj("FileSync", MSG_FILE_SYNC, STJ_File_Save),
-    /* 159 */ stj("Quickjoin", MSG_QUICKJOIN, STJ_Quickjoin),
-    /* closing row */ stj(nullptr, bx::kClosingRowId, closing_row_to_json),
-};
+constinit const MessageTransEntry g_astStructToJson_Func[] = {BX_ROWS_160(BX_TO_JSON) kToJson.rows[160]};
 const int32_t g_iStructToJson_FuncNum =
     static_cast<int32_t>(sizeof g_astStructToJson_Func / sizeof g_astStructToJson_Func[0]) - 1;
 
-constinit const MessageTransEntry g_astJsonToStruct_Func[] = {
-    /*   0 */ jts("Ret", MSG_RET, JTS_Ret),
-    /*   1 */ jts("HwInfo", MSG_HW_INFO, JTS_HwInfo),
-    /*   2 */ jts("FwInfo", MSG_FW_INFO, JTS_FwInfo),
-    /*   3 */ jts("ManuInfo", MSG_MANU_INFO, JTS_ManuInfo),
-    /*   4 */ jts("ManageInfo", MSG_MANAGE_INFO, JTS_ManageInfo),
-    /*   5 */ jts("FuncSupport", MSG_FUNC_SUPPORT, JTS_FuncSupport),
-    /*   6 */ jts("CpuRate", MSG_CPU_RATE, JTS_CpuRate),
-    /*   7 */ jts("MemRate", MSG_MEM_RATE, JTS_MemRate),
-    /*   8 */ jts("FlashRate", MSG_FLASH_RATE, JTS_FlashRate),
-    /*   9 */ jts("RunTimeInfo", MSG_RUN_TIME_INFO, JTS_RunTimeInfo),
-    /*  10 */ jts("Reboot", MSG_REBOOT, JTS_Reboot),
-    /*  11 */ jts("Upgrade", MSG_UPGRADE, JTS_Upgrade),
-    /*  12 */ jts("LoginPassWord", MSG_LOGIN_PASSWORD, JTS_LoginPassWord),
-    /*  13 */ jts("FireWall", MSG_FIRE_WALL, JTS_FireWall),
-    /*  14 */ jts("Led", MSG_LED_STATUS, JTS_Led),
-    /*  15 */ jts("Ledcolour", MSG_LED_COLOUR, JTS_Led_Colour),
-    /*  16 */ jts("DualbandSync", MSG_DUALBAND_SYNC_STATUS, JTS_DualbandSync),
-    /*  17 */ jts("RebootTimer", MSG_REBOOT_TIMER, JTS_RebootTimer),
-    /*  18 */ jts("WifiTimer", MSG_WIFI_TIMER_SET, JTS_WifiTimer_Set),
-    /*  19 */ jts("WifiTimer", MSG_WIFI_TIMER, JTS_WifiTimer_Get),
-    /*  20 */ jts("WifiTimerIdx", MSG_WIFI_TIMER_IDX, JTS_WifiTimer_Idx),
-    /*  21 */ jts("Ratelimit", MSG_RATELIMIT, JTS_Ratelimit),
-    /*  22 */ jts("RatelimitList", MSG_RATELIMIT_LIST, JTS_RatelimitList),
-    /*  23 */ jts("PeriodRateSet", MSG_PERIOD_RATE_SET, JTS_PeriodRate_Set),
-    /*  24 */ jts("PeriodRateGet", MSG_PERIOD_RATE_GET, JTS_PeriodRate_Get),
-    /*  25 */ jts("Iptv", MSG_IPTV, JTS_IPTV),
-    /*  26 */ jts("L2Roaming", MSG_L2_ROAMING, JTS_L2_Roaming),
-    /*  27 */ jts("Roaming", MSG_ROAMING, JTS_Roaming),
-    /*  28 */ jts("Roaming AP Rssi Query", MSG_ROAMING_AP_RSSI_QUERY, JTS_Roaming_APQuery),
-    /*  29 */ jts("Roaming AP Rssi RSP", MSG_ROAMING_AP_RSSI_RSP, JTS_Roaming_APRsp),
-    /*  30 */ jts("Roaming BSS Trans", MSG_ROAMING_BSS_TRANS, JTS_Roaming_BssTrans),
-    /*  31 */ jts("Roaming report", MSG_ROAMING_REPORT, JTS_Roaming_Report),
-    /*  32 */ jts("Roaming sta Rssi", MSG_ROAMING_STA_RSSI, JTS_Roaming_StaRssi),
-    /*  33 */ jts("Roaming Stopdetect", MSG_ROAMING_STOPDETECT, JTS_Roaming_StopDetect),
-    /*  34 */ jts("FilterUrl", MSG_FILTER_URL_SWITCH, JTS_FilterUrl_Switch),
-    /*  35 */ jts("FilterUrl", MSG_FILTER_URL_LIST, JTS_FilterUrl_Get),
-    /*  36 */ jts("FilterUrl", MSG_FILTER_URL, JTS_FilterUrl_Set),
-    /*  37 */ jts("FilterUrlReply", MSG_FILTER_URL_REPLY, JTS_FilterUrl_Set_Reply),
-    /*  38 */ jts("FilterDns", MSG_FILTER_DNS_LIST, JTS_FilterDns_Get),
-    /*  39 */ jts("FilterDns", MSG_FILTER_DNS, JTS_FilterDns_Set),
-    /*  40 */ jts("FilterDnsReply", MSG_FILTER_DNS_REPLY, JTS_FilterDns_Set_Reply),
-    /*  41 */ jts("PortNum", MSG_PORT_NUM, JTS_PortNum),
-    /*  42 */ jts("PortStatus", MSG_PORT_STATUS, JTS_PortStatus),
-    /*  43 */ jts("PortTraffic", MSG_PORT_TRAFFIC, JTS_PortTraffic),
-    /*  44 */ jts("PortRate", MSG_PORT_RATE, JTS_PortRate),
-    /*  45 */ jts("PortMAC", MSG_PORT_MAC, JTS_PortMAC),
-    /*  46 */ jts("PortUpDown", MSG_PORT_UP_DOWN, JTS_PortUpDown),
-    /*  47 */ jts("tcpopenport", MSG_TCP_OPEN_PORT, JTS_TcpOpenPort),
-    /*  48 */ jts("udpopenport", MSG_UDP_OPEN_PORT, JTS_UdpOpenPort),
-    /*  49 */ jts("WanStatus", MSG_WAN_STATUS, JTS_WanStatus),
-    /*  50 */ jts("IPv6Info", MSG_IPV6_INFO, JTS_IPv6Info),
-    /*  51 */ jts("IPv6Enable", MSG_IPV6_ENABLE, JTS_IPv6Enable),
-    /*  52 */ jts("Dhcp", MSG_DHCP, JTS_Dhcp),
-    /*  53 */ jts("Static", MSG_STATIC, JTS_Static),
-    /*  54 */ jts("Pppoe", MSG_PPPOE, JTS_Pppoe),
-    /*  55 */ jts("BridgeSet", MSG_BRIDGE_SWITCH, JTS_BridgeSet),
-    /*  56 */ jts("BridgeGet", MSG_BRIDGE_STATUS, JTS_BridgeGet),
-    /*  57 */ jts("RepeaterSet", MSG_REPEATER_SET_INFO, JTS_RepeaterSet),
-    /*  58 */ jts("RepeaterGet", MSG_REPEATER_STA_INFO, JTS_RepeaterGet),
-    /*  59 */ jts("RepeaterList", MSG_REPEATER_LIST, JTS_RepeaterList),
-    /*  60 */ jts("WanMacClone", MSG_CLONE_MAC, JTS_MacClone),
-    /*  61 */ jts("Lan", MSG_LAN, JTS_Lan),
-    /*  62 */ jts("LanMacClone", MSG_LAN_CLONE, JTS_MacClone),
-    /*  63 */ jts("DhcpServer", MSG_DHCP_SERVER, JTS_DhcpServer),
-    /*  64 */ jts("LanStatic", MSG_LAN_STATIC, JTS_LanStatic),
-    /*  65 */ jts("LanStatic List", MSG_LAN_STATIC_LIST, JTS_LanStatic_List),
-    /*  66 */ jts("LockNet", MSG_LOCK_NET, JTS_LockNet),
-    /*  67 */ jts("Ping", MSG_PING, JTS_Ping),
-    /*  68 */ jts("TraceRoute", MSG_TRACE_ROUTE, JTS_TraceRoute),
-    /*  69 */ jts("PingResult", MSG_PING_RESULT, JTS_PingResult),
-    /*  70 */ jts("TraceRouteResult", MSG_TRACE_ROUTE_RESULT, JTS_TraceRouteResult),
-    /*  71 */ jts("UplinkSupport", MSG_UPLINK_SUPPORT, JTS_UplinkSupport),
-    /*  72 */ jts("StaList", MSG_STA_LIST, JTS_StaList),
-    /*  73 */ jts("StaInfoByMac", MSG_STA_INFO_BY_MAC, JTS_StaInfoByMac),
-    /*  74 */ jts("StaWifiPwdErr", MSG_STA_WIFI_PWD_ERR, JTS_WifiPwdErr),
-    /*  75 */ jts("StaTraffic", MSG_STA_TRAFFIC, JTS_StaTraffic),
-    /*  76 */ jts("StaNum", MSG_STA_NUM, JTS_StaNum),
-    /*  77 */ jts("StaName", MSG_STA_NAME, JTS_StaName),
-    /*  78 */ jts("StaCtrlStatus", MSG_STA_CTRL_STATUS, JTS_StaCtrlStatus),
-    /*  79 */ jts("StaCtrlMode", MSG_STA_CTRL_MODE, JTS_StaCtrlMode),
-    /*  80 */ jts("StaCtrlModeSwitch", MSG_STA_CTRL_MODE_SWITCH, JTS_StaCtrlModeSwitch),
-    /*  81 */ jts("StaCtrlList", MSG_STA_CTRL_LIST, JTS_StaCtrlList),
-    /*  82 */ jts("StaCtrlInternet", MSG_STA_CTRL_INTERNET, JTS_StaCtrlInternet),
-    /*  83 */ jts("StaCtrlWifi", MSG_STA_CTRL_WIFI, JTS_StaCtrlWifi),
-    /*  84 */ jts("StaCtrlWifi list", MSG_STA_CTRL_WIFI_LIST, JTS_StaCtrlWifi_List),
-    /*  85 */ jts("StaCtrlItemAdd", MSG_STA_CTRL_ITEM_ADD, JTS_StaCtrlItemAdd),
-    /*  86 */ jts("StaCtrlInternetTime", MSG_STA_CTRL_INTERNET_TIME, JTS_StaCtrlInternetTime),
-    /*  87 */ jts("StaCtrBlackList", MSG_STA_BWLIST_GET, JTS_StaCtrBlackList),
-    /*  88 */ jts("StaStorageInfo", MSG_STA_STORAGE_INFO, JTS_StaStorageInfo),
-    /*  89 */ jts("StaModel", MSG_STA_MODEL, JTS_StaModel),
-    /*  90 */ jts("CustomInfo", MSG_CUSTOM_INFO, JTS_CustomInfo),
-    /*  91 */ jts("CustomFactoryInfo", MSG_CUSTOM_FACTORY_INFO, JTS_CustomFactoryInfo),
-    /*  92 */ jts("CTCCBasicInfo", MSG_CTCC_BASIC_INFO, JTS_CTCCBasicInfo),
-    /*  93 */ jts("CTCCServerInfo", MSG_CTCC_SERVER_INFO, JTS_CTCCServerInfo),
-    /*  94 */ jts("CTCCElinkInfo", MSG_CTCC_ELINK_STATUS, JTS_CTCCElinkInfo),
-    /*  95 */ jts("CMCCBasicInfo", MSG_CMCC_BASIC_INFO, JTS_CMCCBasicInfo),
-    /*  96 */ jts("Vsie_Info", MSG_VSIE_INFO, JTS_Vsie_Info),
-    /*  97 */ jts("Vsie_Beacontx_Add", MSG_VSIE_BEACONTX_ADD, JTS_Vsie_Beacontx_Add),
-    /*  98 */ jts("Vsie_Beacontx_Set", MSG_VSIE_BEACONTX_SET, JTS_Vsie_Beacontx_Set),
-    /*  99 */ jts("Vsie_Beacontx_Idx", MSG_VSIE_BEACONTX_IDX, JTS_Vsie_Beacontx_Idx),
-    /* 100 */ jts("Vsie_Beacontx_List", MSG_VSIE_BEACONTX_LIST, JTS_Vsie_Beacontx_List),
-    /* 101 */ jts("Vsie_Proberx_Add", MSG_VSIE_PROBERX_ADD, JTS_Vsie_Proberx_Add),
-    /* 102 */ jts("Vsie_Proberx_Flush", MSG_VSIE_PROBERX_FLUSH, JTS_Vsie_Proberx_Flush),
-    /* 103 */ jts("Vsie_Proberx_Idx", MSG_VSIE_PROBERX_IDX, JTS_Vsie_Proberx_Idx),
-    /* 104 */ jts("Vsie_Proberx_List", MSG_VSIE_PROBERX_LIST, JTS_Vsie_Proberx_List),
-    /* 105 */ jts("Vsie_Proberx_Record_Add", MSG_VSIE_PROBERX_RECORD_ADD, JTS_Vsie_Proberx_Record_Add),
-    /* 106 */ jts("Vsie_Proberesp_Add", MSG_VSIE_PROBERESP_ADD, JTS_Vsie_Proberesp_Add),
-    /* 107 */ jts("Vsie_Proberesp_Idx", MSG_VSIE_PROBERESP_IDX, JTS_Vsie_Proberesp_Idx),
-    /* 108 */ jts("Vsie_Proberesp_List", MSG_VSIE_PROBERESP_LIST, JTS_Vsie_Proberesp_List),
-    /* 109 */ jts("WifiSelect", MSG_WIFI_SELECT, JTS_WifiRadio),
-    /* 110 */ jts("WifiStatus", MSG_WIFI_STATUS, JTS_WifiStatus),
-    /* 111 */ jts("WifiOpt", MSG_WIFI_OPT, JTS_WifiOpt),
-    /* 112 */ jts("WifiDeassociation", MSG_WIFI_DEASSOCIATION, JTS_WifiStaDeassociation),
-    /* 113 */ jts("WifiMesh", MSG_WIFI_MESH, JTS_WifiMesh),
-    /* 114 */ jts("WifiMeshRoanming", MSG_WIFI_MESH_ROAMING, JTS_WifiMeshRoaming),
-    /* 115 */ jts("WIFI_BACKHAULBSS", MSG_WIFI_BACKHAUL_BSS, JTS_WifiBackhaulbss),
-    /* 116 */ jts("WIFI_TOPO", MSG_WIFI_TOPO, JTS_WifiTopo),
-    /* 117 */ jts("WIFI_TOPO_AP_MAC", MSG_WIFI_TOPO_MAC, JTS_WifiTopoMac),
-    /* 118 */ jts("WIFI_TOPO_AP_MAP", MSG_WIFI_TOPO_AP_MAP, JTS_WifiTopoAp_Map),
-    /* 119 */ jts("WIFI_TOPOCHANGE", MSG_WIFI_TOPO_CHANGE, JTS_WifiTopoChange),
-    /* 120 */ jts("Wifi5Status", MSG_WIFI5_STATUS, JTS_Wifi5Status),
-    /* 121 */ jts("RadioBasic", MSG_RADIO_BASIC, JTS_RadioBasic),
-    /* 122 */ jts("ApBasic", MSG_AP_BASIC, JTS_ApBasic),
-    /* 123 */ jts("ApAdvanced", MSG_AP_ADVANCED, JTS_ApAdvanced),
-    /* 124 */ jts("ApRateLimit", MSG_AP_RATE_LIMIT, JTS_ApRateLimit),
-    /* 125 */ jts("ApAccessMode", MSG_AP_ACCESS_MODE, JTS_ApAccessMode),
-    /* 126 */ jts("ApAccessRule", MSG_AP_ACCESS_RULE, JTS_ApAccessRule),
-    /* 127 */ jts("ApAdd", MSG_AP_ADD, JTS_ApAdd),
-    /* 128 */ jts("ApDelete", MSG_AP_DELETE, JTS_ApDelete),
-    /* 129 */ jts("ScanWlanNeighbour", MSG_SCAN_WLAN_NEIGHBOUR, JTS_ScanWlanNeighbour),
-    /* 130 */ jts("WlanNeighbour", MSG_WLAN_NEIGHBOUR, JTS_WlanNeighbour),
-    /* 131 */ jts("WpsPbc", MSG_WPS_PBC, JTS_WpsPbc),
-    /* 132 */ jts("Channel scan", MSG_CHANNEL_SCAN, JTS_ChannelScan),
-    /* 133 */ jts("ChannelScore", MSG_CHANNEL_SCORE, JTS_ChannelScore),
-    /* 134 */ jts("QoS", MSG_QOS, JTS_QoS),
-    /* 135 */ jts("Dscp", MSG_DSCP, JTS_Dscp),
-    /* 136 */ jts("8021p", MSG_8021P, JTS_8021p),
-    /* 137 */ jts("Qos_Classification", MSG_QOS_CLASSIFICATION_ADD, JTS_Qos_Classification_Add),
-    /* 138 */ jts("Qos_Classification_Delete", MSG_QOS_CLASSIFICATION_DELETE, JTS_Qos_Classification_Delete),
-    /* 139 */ jts("Qos_Classification_List", MSG_QOS_CLASSIFICATION_LIST, JTS_Qos_Classification_List),
-    /* 140 */ jts("Qos_Classification_Set", MSG_QOS_CLASSIFICATION_SET, JTS_Qos_Classification_Set),
-    /* 141 */ jts("Qos_Classification_Get", MSG_QOS_CLASSIFICATION_GET, JTS_Qos_Classification_Get),
-    /* 142 */ jts("wifi balckwihite add", MSG_WIFI_BLACK_WHITE_ADD, JTS_WifiBlackWhite_Add),
-    /* 143 */ jts("wifi balckwihite delete", MSG_WIFI_BLACK_WHITE_DELETE, JTS_WifiBlackWhite_Delete),
-    /* 144 */ jts("wifi balckwihite list", MSG_WIFI_BLACK_WHITE_LIST, JTS_WifiBlackWhite_List),
-    /* 145 */ jts("Telnet", MSG_TELNET, JTS_Telnet),
-    /* 146 */ jts("Samba", MSG_SAMBA, JTS_Samba),
-    /* 147 */ jts("Ftp", MSG_FTP, JTS_Ftp),
-    /* 148 */ jts("RouterName", MSG_ROUTER_NAME, JTS_RouterName),
-    /* 149 */ jts("kernelcount", MSG_KERNELCOUNT, JTS_KernelCount),
-    /* 150 */ jts("CTCCRouterPin", MSG_CTCC_ROUTER_PIN, JTS_CTCCRouterPin),
-    /* 151 */ jts("CMCCCfgFileSync", MSG_CMCC_CFG_FILE_SYNC, JTS_CMCCCfgFileSync),
-    /* 152 */ jts("sync time", MSG_SYNC_TIME, JTS_SyncTime),
-    /* 153 */ jts("Wan_TcpUdpConNum_get", MSG_WAN_TCP_UDP_CON_NUM_GET, JTS_WanTcpUdpConNum_Get),
-    /* 154 */ jts("FactoryFlag", MSG_FACTORY_FLAG, JTS_FactoryFlag),
-    /* 155 */ jts("wifi get agent_uplink_info", MSG_WIFI_GET_AGENT_UPLINK_INFO, JTS_Agent_Uplink_Info_Get),
-    /* 156 */ jts("Upgrade report", MSG_UPGRADE_REPORT, JTS_Upgrade_report),
-    /* 157 */ jts("FileSync", MSG_FILE_SYNC, JTS_File_Save),
-    /* 158 */ jts("Quickjoin", MSG_QUICKJOIN, JTS_Quickjoin),
-    /* closing row */ jts(nullptr, bx::kClosingRowId, closing_row_to_struct),
-};
+/* One row fewer: the 160th entry is the closing row. */
+constinit const MessageTransEntry g_astJsonToStruct_Func[] = {BX_ROWS_160(BX_TO_STRUCT)};
 const int32_t g_iJsonToStruct_FuncNum =
     static_cast<int32_t>(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0]) - 1;
+
+static_assert(sizeof g_astStructToJson_Func / sizeof g_astStructToJson_Func[0] == kToJsonRows + 1);
+static_assert(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0] == kToStructRows + 1);
+
+/* Every row of a table is examined, and the closing row after the last one
+ * as well: the scan bound is inclusive. The closing row's id is outside the
+ * message numbers and types outside them are turned away first, so it never
+ * matches. */
+BX_API const MessageTransEntry *BLOBXLATE_FindRow(int iDirection, int iType)
+{
+    BX_TRACE_CALL();
+    if (iType < bx::kFirstMessageType || iType > bx::kLastMessageType)
+        return nullptr;
+    const MessageTransEntry *table = iDirection == BLOBXLATE_TO_JSON     ? g_astStructToJson_Func
+                                   : iDirection == BLOBXLATE_TO_STRUCT ? g_astJsonToStruct_Func
+                                                                       : nullptr;
+    if (table == nullptr)
+        return nullptr;
+    const int32_t count = iDirection == BLOBXLATE_TO_JSON ? g_iStructToJson_FuncNum : g_iJsonToStruct_FuncNum;
+    for (int32_t i = 0; i <= count; ++i) {
+        if (table[i].id == iType)
+            return &table[i];
+    }
+    return nullptr;
+}
+
+BX_API size_t BLOBXLATE_RecordSize(int iType)
+{
+    BX_TRACE_CALL();
+    for (const Line &line : kCatalogue) {
+        if (line.type == iType)
+            return line.record_size;
+    }
+    return 0;
+}
 
 } // extern "C"

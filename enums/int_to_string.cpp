@@ -51,7 +51,7 @@ const char *standards(int value)
     for (int round = 0; round < 6; ++round) {
         if (length >= 1 && length <= 62 && s_szParaTransBuf[length - 1] != '+')
             length = append(length, "/");
-        for (const bx::Word &w : bx::kVocabulary[EnumStandard].words_out) {
+        for (const bx::Word &w : bx::kWordLists[EnumStandard].words_out) {
             const unsigned bit = static_cast<unsigned>(w.number);
             if ((bits & bit) != 0) {
                 bits &= ~bit;
@@ -70,7 +70,7 @@ const char *standards(int value)
 extern "C" BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue)
 {
     /* An unknown kind still yields something printable: the number itself. */
-    const bx::Kind *k = bx::find_kind(iKind);
+    const bx::WordList *k = bx::find_word_list(iKind);
     if (k == nullptr)
         return decimal(iValue);
 

@@ -49,7 +49,7 @@ bool parse_standards(char *text, int *bits)
             token = take_token(rest, std::strlen(rest));
             *rest = '\0';
         }
-        const bx::Word *w = bx::find_text(bx::kVocabulary[EnumStandard].in, token.text);
+        const bx::Word *w = bx::find_text(bx::kWordLists[EnumStandard].in, token.text);
         if (w == nullptr)
             return false;
         *bits |= w->number;
@@ -61,7 +61,7 @@ bool parse_standards(char *text, int *bits)
 
 extern "C" BX_API int PARATRANS_String_To_Int(int iKind, char *pcText)
 {
-    const bx::Kind *k = bx::find_kind(iKind);
+    const bx::WordList *k = bx::find_word_list(iKind);
     if (k == nullptr)
         return -1;
 

@@ -11,11 +11,11 @@ namespace {
 constexpr bool rows_in_kind_order()
 {
     for (int i = 0; i < ENUM_KIND_COUNT; ++i)
-        if (kVocabulary[i].kind != i)
+        if (kWordLists[i].kind != i)
             return false;
     return true;
 }
-static_assert(rows_in_kind_order(), "kVocabulary rows must follow the EnumKind numbering");
+static_assert(rows_in_kind_order(), "kWordLists rows must follow the EnumKind numbering");
 
 /* A number that went out as two different words could not be looked up by
  * number, and a word listed twice would hide its second number. */
@@ -39,7 +39,7 @@ constexpr bool unambiguous(Words words)
 
 constexpr bool all_lists_unambiguous()
 {
-    for (const Kind &k : kVocabulary)
+    for (const WordList &k : kWordLists)
         if (!unambiguous(k.in) || !unambiguous(k.words_out))
             return false;
     return true;
@@ -49,7 +49,7 @@ static_assert(all_lists_unambiguous(), "a word list repeats a word or a number")
 /* Kinds that send words must say what to send for a number without one. */
 constexpr bool fallbacks_present()
 {
-    for (const Kind &k : kVocabulary)
+    for (const WordList &k : kWordLists)
         if ((k.out == Out::Constant || k.out == Out::Buffer) && k.unknown_number == nullptr)
             return false;
     return true;
@@ -58,11 +58,11 @@ static_assert(fallbacks_present(), "a word-sending kind lacks its text for other
 
 } // namespace
 
-const Kind *find_kind(int kind)
+const WordList *find_word_list(int kind)
 {
     if (static_cast<unsigned>(kind) >= static_cast<unsigned>(ENUM_KIND_COUNT))
         return nullptr;
-    return &kVocabulary[kind];
+    return &kWordLists[kind];
 }
 
 const Word *find_text(Words words, const char *text)

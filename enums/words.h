@@ -116,7 +116,7 @@ inline constexpr Word kListAction[]   = {{"add", 0}, {"delete", 2}, {"modify", 1
 
 /* ---- One row per kind ---------------------------------------------------- */
 
-struct Kind {
+struct WordList {
     EnumKind kind;          /* equals the row's index */
     Words in;               /* text to number, tested in this order */
     int unknown_text;       /* number for any other text */
@@ -126,7 +126,7 @@ struct Kind {
 };
 
 /* For kind 11 unknown_text is the result of a set with an invalid token. */
-inline constexpr Kind kVocabulary[ENUM_KIND_COUNT] = {
+inline constexpr WordList kWordLists[ENUM_KIND_COUNT] = {
     {EnumSwitch,         all(kSwitch),         -1, Out::Constant,    all(kSwitch),         ""},
     {EnumPortType,       all(kPortType),        5, Out::Buffer,      all(kPortType),       ""},
     {EnumWanMode,        all(kWanMode),         6, Out::Buffer,      all(kWanMode),        "any"},
@@ -170,7 +170,7 @@ inline constexpr Kind kVocabulary[ENUM_KIND_COUNT] = {
 
 /* The row of a kind, or null for a kind outside 0..38 (a negative kind too:
  * the bus hands kinds over as plain ints). */
-const Kind *find_kind(int kind);
+const WordList *find_word_list(int kind);
 
 /* Exact, case-sensitive match of the whole text; null when no word matches. */
 const Word *find_text(Words words, const char *text);

@@ -9,6 +9,7 @@
 #ifndef BLOBXLATE_H
 #define BLOBXLATE_H
 
+#include <stddef.h>
 #include <stdint.h>
 
 #ifdef __cplusplus
@@ -273,6 +274,21 @@ BX_API extern const int32_t g_iStructToJson_FuncNum;
 BX_API extern const MessageTransEntry g_astJsonToStruct_Func[];
 BX_API extern const int32_t g_iJsonToStruct_FuncNum;
 
+/* The two directions of the dispatch tables. */
+enum BlobxlateDirection {
+    BLOBXLATE_TO_JSON = 0,   /* g_astStructToJson_Func */
+    BLOBXLATE_TO_STRUCT = 1, /* g_astJsonToStruct_Func */
+};
+
+/* The row of message type iType in the table of direction iDirection, found
+ * the way the entry points find it; null for a type without a row there or
+ * an unknown direction. */
+BX_API const MessageTransEntry *BLOBXLATE_FindRow(int iDirection, int iType);
+
+/* The size of the record that message type iType fills and reads (the
+ * larger one where the two directions differ); 0 for a number without a
+ * message. */
+BX_API size_t BLOBXLATE_RecordSize(int iType);
 /* Appends the members of the record of message type iType to the open table
  * or array of pstBuf. Returns -1 on a null record or buffer, 0 for a type
  * without a row, otherwise the converter's result. */

@@ -16,7 +16,7 @@ using bx::at_most;
 /* ---- 54: deassociation ------------------------------------------------------ */
 
 enum { DA_MACS, DA_COUNT, DA_RADIO, DA_TIME, DA_MAX };
-const blobmsg_policy g_stWifiDeassoc_policy[DA_MAX] = {
+const blobmsg_policy kWifiDeassocPolicy[DA_MAX] = {
     /* DA_MACS */  {"macs", BLOBMSG_TYPE_ARRAY},
     /* DA_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* DA_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
@@ -33,13 +33,21 @@ constexpr Field kAccessEntry[] = {
     /* AE_MAC */   BX_TEXT(WifiAccessEntryRec, szMac, "mac", "mac:%s"),
 };
 
+/* Adding needs the name and the MAC; what was stored before a missing one
+ * stays. */
+constexpr Field kAccessAdd[] = {
+    kAccessEntry[AE_INDEX],
+    bx::required(kAccessEntry[AE_NAME], nullptr),
+    bx::required(kAccessEntry[AE_MAC], nullptr),
+};
+
 /* Deleting names the station by its index alone. */
 constexpr Field kAccessIndex[] = {
-    BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"),
+    bx::required(BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"), nullptr),
 };
 
 enum { AL_COUNT, AL_LIST, AL_MAX };
-const blobmsg_policy g_stWifiAccessList_policy[AL_MAX] = {
+const blobmsg_policy kWifiAccessListPolicy[AL_MAX] = {
     /* AL_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* AL_LIST */  {"list", BLOBMSG_TYPE_ARRAY},
 };
@@ -50,6 +58,7 @@ extern "C" {
 
 /* ---- 54 ---- */
 
+/* Hand-written: the MACs go out as bare texts, as many as the count says. */
 BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -66,9 +75,10 @@ BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBu
     return 0;
 }
 
+/* Hand-written: a negative count refuses the message before the MAC list is read. */
 BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWifiDeassoc_policy;
+    const auto &policy = kWifiDeassocPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -104,44 +114,13 @@ BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 64 ---- */
 
-BX_API int STJ_WifiBlackWhite_Add(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAccessEntry);
-}
+BX_CONVERTERS(STJ_WifiBlackWhite_Add, JTS_WifiBlackWhite_Add, kAccessEntry, kAccessAdd)
 
-BX_API int JTS_WifiBlackWhite_Add(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[std::size(kAccessEntry)];
-    bx::wifi::fields_of_msg(kAccessEntry, tb, pstMsg);
-    bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_INDEX, pvRecord);
-    /* Name and MAC are required; what was stored before a missing one stays. */
-    if (!bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_NAME, pvRecord))
-        return -1;
-    if (!bx::wifi::store_if_present(__func__, kAccessEntry, tb, AE_MAC, pvRecord))
-        return -1;
-    return 0;
-}
-
-/* ---- 65 ---- */
-
-BX_API int STJ_WifiBlackWhite_Delete(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAccessIndex);
-}
-
-BX_API int JTS_WifiBlackWhite_Delete(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[std::size(kAccessIndex)];
-    bx::wifi::fields_of_msg(kAccessIndex, tb, pstMsg);
-    return bx::wifi::store_if_present(__func__, kAccessIndex, tb, 0, pvRecord) ? 0 : -1;
-}
+BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
 
 /* ---- 66 ---- */
 
+/* Hand-written: a counted list of tables whose count is the caller's. */
 BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -154,9 +133,10 @@ BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf
     return 0;
 }
 
+/* Hand-written: the count comes from the message, the list fills the record's entries. */
 BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWifiAccessList_policy;
+    const auto &policy = kWifiAccessListPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -173,7 +153,7 @@ BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
      * capacity so that a long list never writes past it. */
     bx::wifi::fill_entries(func, tb[AL_LIST], BLOBMSG_TYPE_TABLE, BX_WIFI_ACCESS_LIST_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kAccessEntry, cur, &rec->astList[n]);
+                               bx::wifi::store_entry<kAccessEntry>(func, cur, &rec->astList[n]);
                            });
     return 0;
 }

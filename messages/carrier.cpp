@@ -7,7 +7,6 @@
 #include <cstring>
 
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ constexpr Field kCTCCBasicInfo[] = {
 };
 
 constexpr Field kCTCCElinkStatus[] = {
-    BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+    bx::required(BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"), "[status] is not valid."),
 };
 
 constexpr Field kCMCCBasicInfo[] = {
@@ -66,11 +65,11 @@ constexpr Field kFtp[] = {
 };
 
 constexpr Field kRouterName[] = {
-    BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"),
+    bx::required(BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"), "[routername] is not valid."),
 };
 
 constexpr Field kKernelCount[] = {
-    BX_U32(KernelCountParam, uiCount, "count", "count:%d"),
+    bx::required(BX_U32(KernelCountParam, uiCount, "count", "count:%d"), "[count] is not valid."),
 };
 
 constexpr Field kCTCCRouterPin[] = {
@@ -78,7 +77,7 @@ constexpr Field kCTCCRouterPin[] = {
 };
 
 constexpr Field kFactoryFlag[] = {
-    BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"),
+    bx::required(BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"), nullptr),
 };
 
 /* The file name is not traced. */
@@ -87,11 +86,12 @@ constexpr Field kCMCCCfgFileSync[] = {
 };
 
 constexpr Field kSyncTime[] = {
-    BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"),
+    /* Quirk: a missing "time" is reported as "[status]". */
+    bx::required(BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"), "[status] is not valid."),
 };
 
 constexpr Field kWanTcpUdpConNum[] = {
-    BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"),
+    bx::reported(BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"), "[wan index] is not valid."),
     BX_U32(WanTcpUdpConNumParam, uiNumber, "number", "ConNum:%d"),
 };
 
@@ -124,28 +124,20 @@ constexpr Field kQuickjoin[] = {
 
 /* ---- CTCC platform servers (type 154) --------------------------------------- */
 
-/* Each member travels only while its bit of uiValidMask is set. The texts
- * fill up to their whole 65-byte arrays, terminator or not. */
-struct MaskedText {
-    Field field;
-    uint32_t bit;
+/* Each member travels only while its bit of uiValidMask is set; storing
+ * one sets its bit. Quirk: the copy takes the whole array, so a
+ * 65-character text is stored without a terminator. */
+#define SERVER_TEXT(member, key, bit) \
+    bx::flagged(bx::whole(BX_TEXT(CTCCServerInfoParam, member, key, key ":%s")), bit)
+constexpr Field kServerTexts[] = {
+    SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
+    SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
+    SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
+    SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
 };
-
-constexpr MaskedText kServerTexts[] = {
-    {BX_TEXT(CTCCServerInfoParam, szBssAddr, "bssaddr", nullptr), CTCC_SERVER_BSSADDR},
-    {BX_TEXT(CTCCServerInfoParam, szAbiAddr, "abiaddr", nullptr), CTCC_SERVER_ABIADDR},
-    {BX_TEXT(CTCCServerInfoParam, szDevToken, "devtoken", nullptr), CTCC_SERVER_DEVTOKEN},
-    {BX_TEXT(CTCCServerInfoParam, szDevId, "devid", nullptr), CTCC_SERVER_DEVID},
-};
+#undef SERVER_TEXT
 constexpr size_t kServerTextCount = sizeof kServerTexts / sizeof kServerTexts[0];
-
-/* One backup server entry, as a nameless array element. */
-Field backup_entry(size_t i)
-{
-    return Field{nullptr, bx::Kind::Text,
-                 static_cast<uint16_t>(offsetof(CTCCServerInfoParam, aszBackup) + i * CTCC_SERVER_TEXT_SIZE),
-                 CTCC_SERVER_TEXT_SIZE, -1, nullptr};
-}
+constexpr int kServerMask = static_cast<int>(offsetof(CTCCServerInfoParam, uiValidMask));
 
 /* Quirk: the copy takes the whole array, so a 65-character text is stored
  * without a terminator. Its trace prints the array and nothing past it. */
@@ -163,55 +155,30 @@ constexpr size_t kRandPasswordLen = 8;
 
 extern "C" {
 
-BX_API int STJ_StaStorageInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaStorageInfo);
-}
+BX_FIELD_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
 
-BX_API int JTS_StaStorageInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStaStorageInfo);
-}
+BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
-BX_API int STJ_CustomInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCustomInfo);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
-BX_API int JTS_CustomInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCustomInfo);
-}
-
-BX_API int STJ_CTCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCBasicInfo);
-}
-
-BX_API int JTS_CTCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCTCCBasicInfo);
-}
-
+/* Hand-written: the backup servers go out as bare texts up to the first empty one. */
 BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
         return -1;
     const auto *rec = static_cast<const CTCCServerInfoParam *>(pvRecord);
-    for (const MaskedText &t : kServerTexts) {
-        if (rec->uiValidMask & t.bit)
-            bx::emit_field(t.field, rec, pstBuf);
-    }
+    bx::emit_fields(kServerTexts, kServerTextCount, rec, pstBuf, kServerMask);
     if (!(rec->uiValidMask & CTCC_SERVER_BACKUP))
         return 0;
     void *list = blobmsg_open_array(pstBuf, "backup");
     /* The entries before the first empty one, at most the array's 16. */
     for (size_t i = 0; i < CTCC_SERVER_BACKUP_MAX && rec->aszBackup[i][0] != 0; ++i)
-        bx::emit_field(backup_entry(i), rec, pstBuf);
+        bx::add_text(pstBuf, nullptr, rec->aszBackup[i]);
     blob_nest_end(pstBuf, list);
     return 0;
 }
 
+/* Hand-written: the backup servers are a list of bare texts that fill their whole arrays. */
 BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { SERVER_BSSADDR, SERVER_ABIADDR, SERVER_DEVTOKEN, SERVER_DEVID, SERVER_BACKUP, SERVER_MAX };
@@ -228,14 +195,8 @@ BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
     auto *rec = static_cast<CTCCServerInfoParam *>(pvRecord);
     blob_attr *tb[SERVER_MAX];
     bx::parse(policy, tb, pstMsg);
-    for (size_t i = 0; i < kServerTextCount; ++i) {
-        if (!bx::present(policy, tb, i))
-            continue;
-        const Field &f = kServerTexts[i].field;
-        store_server_text(__func__, f.key, reinterpret_cast<char *>(rec) + f.offset, tb[i]);
-        /* Bits are only ever set: the caller's mask is added to. */
-        rec->uiValidMask |= kServerTexts[i].bit;
-    }
+    /* Bits are only ever set: the caller's mask is added to. */
+    bx::read_fields(__func__, kServerTexts, kServerTextCount, tb, rec, kServerMask);
     if (!bx::present(policy, tb, SERVER_BACKUP))
         return 0;
     rec->uiValidMask |= CTCC_SERVER_BACKUP;
@@ -248,149 +209,33 @@ BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_CTCCElinkStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCElinkStatus);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
 
-BX_API int JTS_CTCCElinkInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kCTCCElinkStatus[0], "[status] is not valid.\n");
-}
+BX_FIELD_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
 
-BX_API int STJ_CMCCBasicInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCMCCBasicInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
 
-BX_API int JTS_CMCCBasicInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCMCCBasicInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
 
-BX_API int STJ_Telnet(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kTelnet);
-}
+BX_FIELD_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
 
-BX_API int JTS_Telnet(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kTelnet);
-}
+BX_FIELD_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
 
-BX_API int STJ_Samba(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kSamba);
-}
+BX_FIELD_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
 
-BX_API int JTS_Samba(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kSamba);
-}
+BX_FIELD_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
 
-BX_API int STJ_Ftp(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFtp);
-}
+BX_FIELD_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
 
-BX_API int JTS_Ftp(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFtp);
-}
+BX_FIELD_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
 
-BX_API int STJ_RouterName(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRouterName);
-}
+BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
-BX_API int JTS_RouterName(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kRouterName[0], "[routername] is not valid.\n");
-}
+BX_FIELD_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
 
-BX_API int STJ_KernelCount(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kKernelCount);
-}
+BX_SENT_ROW(STJ_CustomFactoryInfo, kCustomFactoryInfo, ::bx::kNoMask)
 
-BX_API int JTS_KernelCount(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kKernelCount[0], "[count] is not valid.\n");
-}
-
-BX_API int STJ_CTCCRouterPin(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCTCCRouterPin);
-}
-
-BX_API int JTS_CTCCRouterPin(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCTCCRouterPin);
-}
-
-BX_API int STJ_FactoryFlag(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFactoryFlag);
-}
-
-BX_API int JTS_FactoryFlag(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kFactoryFlag[0]);
-}
-
-BX_API int STJ_CMCCCfgFileSync(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCMCCCfgFileSync);
-}
-
-BX_API int JTS_CMCCCfgFileSync(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCMCCCfgFileSync);
-}
-
-BX_API int STJ_SyncTime(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kSyncTime);
-}
-
-BX_API int JTS_SyncTime(struct blob_attr *pstMsg, void *pvRecord)
-{
-    /* Quirk: a missing "time" is reported as "[status]". */
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kSyncTime[0], "[status] is not valid.\n");
-}
-
-BX_API int STJ_WanTcpUdpConNum_Get(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWanTcpUdpConNum);
-}
-
-BX_API int JTS_WanTcpUdpConNum_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { CONNUM_WANINDEX, CONNUM_NUMBER, CONNUM_MAX };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    const blobmsg_policy policy[CONNUM_MAX] = {
-        /* CONNUM_WANINDEX */ {kWanTcpUdpConNum[0].key, BLOBMSG_TYPE_INT32},
-        /* CONNUM_NUMBER */   {kWanTcpUdpConNum[1].key, BLOBMSG_TYPE_INT32},
-    };
-    blob_attr *tb[CONNUM_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* A missing WAN index is reported like a refusal, yet the count is still
-     * taken. */
-    if (bx::present(policy, tb, CONNUM_WANINDEX))
-        bx::store_field(__func__, kWanTcpUdpConNum[CONNUM_WANINDEX], tb[CONNUM_WANINDEX], pvRecord);
-    else
-        BX_TRACE("[wan index] is not valid.\n");
-    if (bx::present(policy, tb, CONNUM_NUMBER))
-        bx::store_field(__func__, kWanTcpUdpConNum[CONNUM_NUMBER], tb[CONNUM_NUMBER], pvRecord);
-    return 0;
-}
-
-BX_API int STJ_CustomFactoryInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCustomFactoryInfo);
-}
-
+/* Hand-written: only a password of exactly eight characters is taken. */
 BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { FACTORY_RANDPASSWORD, FACTORY_MAX };
@@ -417,44 +262,12 @@ BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_Agent_Uplink_Info_Get(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kAgentUplinkInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
 
-BX_API int JTS_Agent_Uplink_Info_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kAgentUplinkInfo);
-}
+BX_FIELD_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
 
-BX_API int STJ_Upgrade_report(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgradeReport);
-}
+BX_FIELD_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
 
-BX_API int JTS_Upgrade_report(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kUpgradeReport);
-}
-
-BX_API int STJ_File_Save(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFileSync);
-}
-
-BX_API int JTS_File_Save(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFileSync);
-}
-
-BX_API int STJ_Quickjoin(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kQuickjoin);
-}
-
-BX_API int JTS_Quickjoin(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kQuickjoin);
-}
+BX_FIELD_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
 
 } // extern "C"

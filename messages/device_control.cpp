@@ -5,7 +5,6 @@
  * Enumerations travel as words; a word the receiver does not know stores the
  * kind's fallback number and the conversion still succeeds. */
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -31,19 +30,19 @@ constexpr Field kUpgrade[] = {
 
 /* The password is traced in clear, like every other value. */
 constexpr Field kLoginPassword[] = {
-    BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"),
+    bx::required(BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"), nullptr),
 };
 
 /* The three switches share their record and their key; only the receivers'
  * trace texts differ. */
 constexpr Field kFireWall[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"), nullptr),
 };
 constexpr Field kLed[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"), nullptr),
 };
 constexpr Field kDualbandSync[] = {
-    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"),
+    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"), nullptr),
 };
 
 constexpr Field kUpgradeStatus[] = {
@@ -61,83 +60,30 @@ constexpr Field kLedColour[] = {
 
 extern "C" {
 
-BX_API int STJ_Reboot(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRebootSent);
-}
+BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kRebootSent, kRebootReceived)
 
-BX_API int JTS_Reboot(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRebootReceived);
-}
+BX_FIELD_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
 
-BX_API int STJ_Upgrade(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgrade);
-}
+BX_FIELD_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
 
-BX_API int JTS_Upgrade(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kUpgrade);
-}
+BX_FIELD_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
 
-BX_API int STJ_LoginPassWord(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLoginPassword);
-}
-
-BX_API int JTS_LoginPassWord(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kLoginPassword[0]);
-}
-
-BX_API int STJ_FireWall(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFireWall);
-}
-
-BX_API int JTS_FireWall(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kFireWall[0]);
-}
-
-BX_API int STJ_LedStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLed);
-}
-
-BX_API int JTS_Led(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kLed[0]);
-}
+BX_FIELD_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
 
 /* Sent only: nobody asks the device to be in an upgrade state. */
-BX_API int STJ_UpgradeStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kUpgradeStatus);
-}
+BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
-BX_API int STJ_LedColour(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kLedColour);
-}
+BX_SENT_ROW(STJ_LedColour, kLedColour, ::bx::kNoMask)
 
+/* Hand-written: it traces its own name before the fields. */
 BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     BX_TRACE("JTS_Led_Colour()\n");
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kLedColour);
+    return bx::jts_fields<kLedColour>(__func__, pstMsg, pvRecord);
 }
 
-BX_API int STJ_DualbandSyncStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kDualbandSync);
-}
-
-BX_API int JTS_DualbandSync(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::sys::jts_required(__func__, pstMsg, pvRecord, kDualbandSync[0]);
-}
+BX_FIELD_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
 
 } // extern "C"

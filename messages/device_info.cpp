@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "core/codec.h"
-#include "messages/system_fields.h"
 
 namespace {
 
@@ -62,12 +61,12 @@ enum {
 constexpr blobmsg_policy hw_policy_entry(size_t i)
 {
     if (i < kHeadCount)
-        return {kHwHead[i].key, bx::wire_type(kHwHead[i].how)};
+        return {kHwHead[i].key, bx::wire_type(kHwHead[i].wire)};
     switch (i) {
     case HW_REBOOTCOUNT: return {"rebootcount", BLOBMSG_TYPE_INT32};
     case HW_LANMAXRATE:  return {"lanmaxrate", BLOBMSG_TYPE_ARRAY};
     case HW_WANMAXRATE:  return {"wanmaxrate", BLOBMSG_TYPE_ARRAY};
-    default:             return {kHwTail[i - HW_TAIL].key, bx::wire_type(kHwTail[i - HW_TAIL].how)};
+    default:             return {kHwTail[i - HW_TAIL].key, bx::wire_type(kHwTail[i - HW_TAIL].wire)};
     }
 }
 
@@ -78,7 +77,7 @@ constexpr auto make_hw_policy(std::index_sequence<I...>)
 }
 
 /* Built from the field tables so that keys are written once. */
-constexpr std::array<blobmsg_policy, HW_MAX> g_stHwInfo_policy = make_hw_policy(std::make_index_sequence<HW_MAX>{});
+constexpr std::array<blobmsg_policy, HW_MAX> kHwInfoPolicy = make_hw_policy(std::make_index_sequence<HW_MAX>{});
 
 /* Receivers let the rate lists run past their arrays: the fourth LAN rate is
  * stored over uiWanPortsMax and the second WAN rate over the first four
@@ -246,6 +245,7 @@ int jts_open_ports(const char *func, blob_attr *msg, void *record)
 
 extern "C" {
 
+/* Hand-written: the port rate lists sit between the two groups of fields. */
 BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -257,6 +257,7 @@ BX_API int STJ_HwInfo(const void *pvRecord, struct blob_buf *pstBuf)
     return bx::stj_fields(rec, pstBuf, kHwTail);
 }
 
+/* Hand-written: the port rate lists sit between the two groups of fields and overrun their arrays. */
 BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -264,8 +265,8 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
     auto *rec = static_cast<HwInfoParam *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[HW_MAX];
-    blobmsg_parse(g_stHwInfo_policy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
-    bx::store_present(__func__, kHwHead, kHeadCount, tb, rec);
+    blobmsg_parse(kHwInfoPolicy.data(), HW_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
+    bx::read_fields(__func__, kHwHead, kHeadCount, tb, rec, bx::kNoMask);
     if (JTS_CheckBlobAttr("lanmaxrate", tb[HW_LANMAXRATE])) {
         /* Four slots from auiLanMaxRate: the fourth is uiWanPortsMax. */
         store_rates(tb[HW_LANMAXRATE], rec, offsetof(HwInfoParam, auiLanMaxRate), kLanRateSlots,
@@ -276,35 +277,17 @@ BX_API int JTS_HwInfo(struct blob_attr *pstMsg, void *pvRecord)
         store_rates(tb[HW_WANMAXRATE], rec, offsetof(HwInfoParam, auiWanMaxRate), kWanRateSlots,
                     [func](unsigned n, uint32_t rate) { BX_TRACE_AS(func, "wan port[%d]: %dMbps\n", n, rate); });
     }
-    bx::store_present(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec);
+    bx::read_fields(__func__, kHwTail, kTailCount, tb + HW_TAIL, rec, bx::kNoMask);
     return 0;
 }
 
-BX_API int STJ_FwInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFwSent);
-}
+BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFwSent, kFwReceived)
 
-BX_API int JTS_FwInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFwReceived);
-}
+BX_FIELD_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 
-BX_API int STJ_ManuInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kManuInfo);
-}
+BX_SENT_ROW(STJ_ManageInfo, kManageInfo, ::bx::kNoMask)
 
-BX_API int JTS_ManuInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kManuInfo);
-}
-
-BX_API int STJ_ManageInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kManageInfo);
-}
-
+/* Hand-written: "curip" is taken on the presence of "ip". */
 BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { MANAGE_IP, MANAGE_DOMAINNAME, MANAGE_CURIP, MANAGE_MAX };
@@ -328,71 +311,35 @@ BX_API int JTS_ManageInfo(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-BX_API int STJ_FuncSupport(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFuncSupport);
-}
+BX_FIELD_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
 
-BX_API int JTS_FuncSupport(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFuncSupport);
-}
+BX_FIELD_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
 
-BX_API int STJ_CpuRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kCpuRate);
-}
+BX_FIELD_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
 
-BX_API int JTS_CpuRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kCpuRate);
-}
+BX_FIELD_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
 
-BX_API int STJ_MemRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kMemRate);
-}
+BX_FIELD_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
 
-BX_API int JTS_MemRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kMemRate);
-}
-
-BX_API int STJ_FlashRate(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kFlashRate);
-}
-
-BX_API int JTS_FlashRate(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kFlashRate);
-}
-
-BX_API int STJ_RunTimeInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRunTimeInfo);
-}
-
-BX_API int JTS_RunTimeInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRunTimeInfo);
-}
-
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int STJ_TcpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return stj_open_ports(pvRecord, pstBuf);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int JTS_TcpOpenPort(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_open_ports(__func__, pstMsg, pvRecord);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int STJ_UdpOpenPort(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return stj_open_ports(pvRecord, pstBuf);
 }
 
+/* Hand-written: the open ports are a list of numbers bounded by the record's count. */
 BX_API int JTS_UdpOpenPort(struct blob_attr *pstMsg, void *pvRecord)
 {
     return jts_open_ports(__func__, pstMsg, pvRecord);

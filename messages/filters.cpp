@@ -26,7 +26,7 @@ enum {
     URL_IDX, URL_ENABLE, URL_URLS, URL_NAME, URL_MACS, URL_MODE, URL_WEEKDAY,
     URL_STARTTIME, URL_ENDTIME, URL_TIMERANGE, URL_COUNT, URL_LIST, URL_MAX
 };
-constexpr blobmsg_policy g_stFilterUrl_policy[URL_MAX] = {
+constexpr blobmsg_policy kFilterUrlPolicy[URL_MAX] = {
     /* URL_IDX       */ {"idx", BLOBMSG_TYPE_INT32},
     /* URL_ENABLE    */ {"enable", BLOBMSG_TYPE_STRING},
     /* URL_URLS      */ {"urls", BLOBMSG_TYPE_ARRAY},
@@ -47,7 +47,7 @@ enum {
     DNS_IDX, DNS_ENABLE, DNS_HOSTNAMES, DNS_NAME, DNS_MACS, DNS_ACTION, DNS_MODE, DNS_WEEKDAY,
     DNS_STARTTIME, DNS_ENDTIME, DNS_TIMERANGE, DNS_COUNT, DNS_LIST, DNS_MAX
 };
-constexpr blobmsg_policy g_stFilterDns_policy[DNS_MAX] = {
+constexpr blobmsg_policy kFilterDnsPolicy[DNS_MAX] = {
     /* DNS_IDX       */ {"idx", BLOBMSG_TYPE_INT32},
     /* DNS_ENABLE    */ {"enable", BLOBMSG_TYPE_STRING},
     /* DNS_HOSTNAMES */ {"hostnames", BLOBMSG_TYPE_ARRAY},
@@ -64,7 +64,7 @@ constexpr blobmsg_policy g_stFilterDns_policy[DNS_MAX] = {
 };
 
 enum { SWITCH_STATUS, SWITCH_MAX };
-constexpr blobmsg_policy g_stFilterSwitch_policy[SWITCH_MAX] = {
+constexpr blobmsg_policy kFilterSwitchPolicy[SWITCH_MAX] = {
     /* SWITCH_STATUS */ {"status", BLOBMSG_TYPE_STRING},
 };
 
@@ -84,22 +84,6 @@ struct Source {
     const char *msg_end;
     int rule;
 };
-
-const char *end_of(blob_attr *msg) { return static_cast<const char *>(blob_data(msg)) + blob_len(msg); }
-
-/* Quirk: list rules and periods are parsed from their value over the length
- * of their whole payload, name header included, so the parse looks as many
- * bytes past the element as its name header holds (in a well-formed list,
- * the next element's header, which never passes for a member). The span is
- * cut at the end of the message so that it never leaves it. */
-template <size_t N>
-void parse_element(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem, const char *msg_end)
-{
-    auto *data = static_cast<char *>(blobmsg_data(elem));
-    size_t span = blob_len(elem);
-    size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    blobmsg_parse(policy, static_cast<int>(N), tb, data, static_cast<unsigned>(std::min(span, room)));
-}
 
 void read_idx(const char *func, blob_attr *attr, uint32_t &idx)
 {
@@ -170,7 +154,7 @@ bool read_times(const Source &src, const blobmsg_policy (&policy)[N], size_t sta
     bool ok = true;
     bx::for_each_elem(array, [&](blob_attr *elem) {
         blob_attr *tb[N];
-        parse_element(policy, tb, elem, src.msg_end);
+        bx::parse_span(policy, tb, elem, src.msg_end);
         FilterTimeRange &pair = pairs[i];
         pair.uiStartTime = bx::get_u32(tb[start_slot]);
         trace_time(src, "Starttime", i, pair.uiStartTime);
@@ -190,9 +174,9 @@ bool read_times(const Source &src, const blobmsg_policy (&policy)[N], size_t sta
  * that an unknown mode refuses the whole list (returns false). */
 bool read_url_list_rule(const Source &src, blob_attr *elem, FilterUrlRule &rule)
 {
-    const auto &policy = g_stFilterUrl_policy;
+    const auto &policy = kFilterUrlPolicy;
     blob_attr *tb[URL_MAX];
-    parse_element(policy, tb, elem, src.msg_end);
+    bx::parse_span(policy, tb, elem, src.msg_end);
     if (bx::present(policy, tb, URL_IDX))
         read_idx(src.func, tb[URL_IDX], rule.uiIdx);
     if (bx::present(policy, tb, URL_ENABLE))
@@ -218,9 +202,9 @@ bool read_url_list_rule(const Source &src, blob_attr *elem, FilterUrlRule &rule)
  * word is stored as -1. */
 bool read_dns_list_rule(const Source &src, blob_attr *elem, FilterDnsRule &rule)
 {
-    const auto &policy = g_stFilterDns_policy;
+    const auto &policy = kFilterDnsPolicy;
     blob_attr *tb[DNS_MAX];
-    parse_element(policy, tb, elem, src.msg_end);
+    bx::parse_span(policy, tb, elem, src.msg_end);
     if (bx::present(policy, tb, DNS_IDX))
         read_idx(src.func, tb[DNS_IDX], rule.uiIdx);
     if (bx::present(policy, tb, DNS_ENABLE))
@@ -267,7 +251,7 @@ int read_list(const char *func, const blobmsg_policy (&policy)[N], size_t count_
     }
     if (!bx::present(policy, tb, list_slot))
         return 0;
-    const char *msg_end = end_of(msg);
+    const char *msg_end = bx::end_of(msg);
     int n = 0;
     bool ok = true;
     bx::for_each_elem(tb[list_slot], [&](blob_attr *elem) {
@@ -396,12 +380,27 @@ int write_reply(const void *record, blob_buf *buf)
     return 0;
 }
 
+/* The name is measured up to one byte past its array (the first byte of
+ * szMacs, still inside the record). The copy stops at 31 characters, so
+ * only a long name in a record the caller did not zero is refused. */
+bool read_dns_name(const char *func, blob_attr *attr, FilterDnsRule *rule)
+{
+    read_name(func, attr, rule->szName);
+    const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
+    if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
+        BX_TRACE_AS(func, "out nmd fsl\n");
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 extern "C" {
 
 /* ---- URL filter switch (132) ------------------------------------------------------ */
 
+/* Hand-written: the switch goes out under another key than it comes in. */
 /* Quirk: the switch goes out under "idx" but comes in under "status". */
 BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -411,14 +410,15 @@ BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: an unknown word is refused after it has been stored. */
 BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<FilterSwitch *>(pvRecord);
     blob_attr *tb[SWITCH_MAX];
-    bx::parse(g_stFilterSwitch_policy, tb, pstMsg);
-    if (!bx::present(g_stFilterSwitch_policy, tb, SWITCH_STATUS))
+    bx::parse(kFilterSwitchPolicy, tb, pstMsg);
+    if (!bx::present(kFilterSwitchPolicy, tb, SWITCH_STATUS))
         return -1;
     /* Quirk: an unknown word is refused after it has been stored. */
     rec->uiStatus = static_cast<uint32_t>(bx::get_word(EnumSwitch, tb[SWITCH_STATUS]));
@@ -428,20 +428,22 @@ BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- URL rules (135) and their list (134) ------------------------------------------ */
 
+/* Hand-written: a rule carries its time periods as a list. */
 BX_API int STJ_FilterUrl_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_rule<FilterUrlRule>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
 BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rule = static_cast<FilterUrlRule *>(pvRecord);
-    const auto &policy = g_stFilterUrl_policy;
+    const auto &policy = kFilterUrlPolicy;
     blob_attr *tb[URL_MAX];
     bx::parse(policy, tb, pstMsg);
-    const Source src{__func__, end_of(pstMsg), -1};
+    const Source src{__func__, bx::end_of(pstMsg), -1};
 
     if (bx::present(policy, tb, URL_IDX))
         read_idx(__func__, tb[URL_IDX], rule->uiIdx);
@@ -469,27 +471,31 @@ BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int STJ_FilterUrl_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_list<FilterUrlList>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int JTS_FilterUrl_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *list = static_cast<FilterUrlList *>(pvRecord);
-    return read_list(__func__, g_stFilterUrl_policy, URL_COUNT, URL_LIST, true, pstMsg, list->uiCount, list->astRule,
+    return read_list(__func__, kFilterUrlPolicy, URL_COUNT, URL_LIST, true, pstMsg, list->uiCount, list->astRule,
                      read_url_list_rule);
 }
 
 /* ---- DNS rules (138) and their list (137) ------------------------------------------- */
 
+/* Hand-written: a rule carries its time periods as a list. */
 BX_API int STJ_FilterDns_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_rule<FilterDnsRule>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
 /* Each range test runs after its value has been stored: a refused rule
  * keeps what was read up to and including the bad value. */
 BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
@@ -497,10 +503,10 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rule = static_cast<FilterDnsRule *>(pvRecord);
-    const auto &policy = g_stFilterDns_policy;
+    const auto &policy = kFilterDnsPolicy;
     blob_attr *tb[DNS_MAX];
     bx::parse(policy, tb, pstMsg);
-    const Source src{__func__, end_of(pstMsg), -1};
+    const Source src{__func__, bx::end_of(pstMsg), -1};
 
     if (bx::present(policy, tb, DNS_IDX)) {
         read_idx(__func__, tb[DNS_IDX], rule->uiIdx);
@@ -513,18 +519,8 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
         return -1;
     if (bx::present(policy, tb, DNS_HOSTNAMES))
         read_texts(src, tb[DNS_HOSTNAMES], rule->aszHostnames, "Host Name");
-    if (bx::present(policy, tb, DNS_NAME)) {
-        read_name(__func__, tb[DNS_NAME], rule->szName);
-        /* The name is measured up to one byte past its array (the first byte
-         * of szMacs, still inside the record). The copy stops at 31
-         * characters, so only a long name in a record the caller did not
-         * zero fails here. */
-        const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
-        if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
-            BX_TRACE("out nmd fsl\n");
-            return -1;
-        }
-    }
+    if (bx::present(policy, tb, DNS_NAME) && !read_dns_name(__func__, tb[DNS_NAME], rule))
+        return -1;
     /* Quirk: the one MAC text may fill all 32 bytes, leaving no terminator. */
     if (bx::present(policy, tb, DNS_MACS)) {
         bx::copy_text(rule->szMacs, sizeof rule->szMacs, tb[DNS_MACS]);
@@ -550,34 +546,40 @@ BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
     return read_times(src, policy, DNS_STARTTIME, DNS_ENDTIME, tb[DNS_TIMERANGE], rule->astTimeRange, true) ? 0 : -1;
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int STJ_FilterDns_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return write_list<FilterDnsList>(pvRecord, pstBuf);
 }
 
+/* Hand-written: a counted list of rules, each with its time periods. */
 BX_API int JTS_FilterDns_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *list = static_cast<FilterDnsList *>(pvRecord);
-    return read_list(__func__, g_stFilterDns_policy, DNS_COUNT, DNS_LIST, false, pstMsg, list->uiCount, list->astRule,
+    return read_list(__func__, kFilterDnsPolicy, DNS_COUNT, DNS_LIST, false, pstMsg, list->uiCount, list->astRule,
                      read_dns_list_rule);
 }
 
 /* ---- Replies with the index of a rule just set (136, 139) ------------------------------ */
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int STJ_FilterUrl_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int JTS_FilterUrl_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return read_reply(__func__, g_stFilterUrl_policy, URL_IDX, pstMsg, pvRecord);
+    return read_reply(__func__, kFilterUrlPolicy, URL_IDX, pstMsg, pvRecord);
 }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int STJ_FilterDns_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
 
+/* Hand-written: the reply carries the rule's index and its result word. */
 BX_API int JTS_FilterDns_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
 {
-    return read_reply(__func__, g_stFilterDns_policy, DNS_IDX, pstMsg, pvRecord);
+    return read_reply(__func__, kFilterDnsPolicy, DNS_IDX, pstMsg, pvRecord);
 }
 
 } // extern "C"

@@ -64,11 +64,9 @@ BX_FIELD_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
 BX_FIELD_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
 
 /* Only ever sent: the agent reports the event, nobody sends it to a node. */
-BX_API int STJ_WifiLocalMesh_Event(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kNodeEvent);
-}
+BX_SENT_ROW(STJ_WifiLocalMesh_Event, kNodeEvent, ::bx::kNoMask)
 
+/* Hand-written: the MACs go out as bare texts. */
 /* "count", then "maclist": the MACs as bare texts. */
 BX_API int STJ_WifiTopoMac(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -87,6 +85,7 @@ BX_API int STJ_WifiTopoMac(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the MACs come as a list of bare texts. */
 BX_API int JTS_WifiTopoMac(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

@@ -19,6 +19,11 @@ constexpr Field kRadio[] = {
     BX_WORD(WifiRadioRec, eRadio, EnumBand, "radio", "radio:%d"),
 };
 
+/* A channel scan names its radio or is refused. */
+constexpr Field kScanRadio[] = {
+    bx::required(kRadio[0], "[radio] is not valid."),
+};
+
 /* ---- 79: WPS push button ------------------------------------------------------- */
 
 constexpr Field kWpsPbc[] = {
@@ -29,7 +34,7 @@ constexpr Field kWpsPbc[] = {
 /* ---- 78: the networks a scan found ---------------------------------------------- */
 
 enum { NB_RADIO, NB_COUNT, NB_LIST, NB_MAX };
-const blobmsg_policy g_stWlanNeighbour_policy[NB_MAX] = {
+const blobmsg_policy kWlanNeighbourPolicy[NB_MAX] = {
     /* NB_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
     /* NB_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* NB_LIST */  {"neighbourlist", BLOBMSG_TYPE_ARRAY},
@@ -53,7 +58,7 @@ constexpr size_t kNeighbourSameKeys = std::size(kNeighbour) - 1;
 /* ---- 80, 81: channel scan and scores ------------------------------------------------- */
 
 enum { CS_RADIO, CS_COUNT, CS_LIST, CS_MAX };
-const blobmsg_policy g_stChannelScore_policy[CS_MAX] = {
+const blobmsg_policy kChannelScorePolicy[CS_MAX] = {
     /* CS_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
     /* CS_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* CS_LIST */  {"scorelist", BLOBMSG_TYPE_ARRAY},
@@ -96,18 +101,11 @@ extern "C" {
 
 /* ---- 77 ---- */
 
-BX_API int STJ_ScanWlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRadio);
-}
-
-BX_API int JTS_ScanWlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRadio);
-}
+BX_FIELD_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
+/* Hand-written: a list whose entries send "encryttype" but receive "encrypttype". */
 BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -126,9 +124,10 @@ BX_API int STJ_WlanNeighbour(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a list bounded by the message's count, after a required radio. */
 BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stWlanNeighbour_policy;
+    const auto &policy = kWlanNeighbourPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -144,44 +143,22 @@ BX_API int JTS_WlanNeighbour(struct blob_attr *pstMsg, void *pvRecord)
      * or the caller put it there, and by the record's capacity. */
     bx::wifi::fill_entries(func, tb[NB_LIST], BLOBMSG_TYPE_TABLE, at_most(rec->uiCount, BX_WLAN_NEIGHBOUR_MAX),
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kNeighbour, cur, &rec->astNeighbour[n]);
+                               bx::wifi::store_entry<kNeighbour>(func, cur, &rec->astNeighbour[n]);
                            });
     return 0;
 }
 
 /* ---- 79 ---- */
 
-BX_API int STJ_WpsPbc(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWpsPbc);
-}
-
-BX_API int JTS_WpsPbc(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kWpsPbc);
-}
+BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 /* ---- 80 ---- */
 
-BX_API int STJ_ChannelScan(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRadio);
-}
-
-BX_API int JTS_ChannelScan(struct blob_attr *pstMsg, void *pvRecord)
-{
-    /* Parsed with the score message's policy; only the radio is read. */
-    const auto &policy = g_stChannelScore_policy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WifiRadioRec *>(pvRecord);
-    blob_attr *tb[CS_MAX];
-    bx::parse(policy, tb, pstMsg);
-    return store_radio(__func__, policy, tb, rec->eRadio) ? 0 : -1;
-}
+BX_FIELD_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
 
 /* ---- 81 ---- */
 
+/* Hand-written: a list of scores after the radio and the count. */
 BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -195,9 +172,10 @@ BX_API int STJ_ChannelScore(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a list bounded by the message's count, after a required radio. */
 BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stChannelScore_policy;
+    const auto &policy = kChannelScorePolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -213,7 +191,7 @@ BX_API int JTS_ChannelScore(struct blob_attr *pstMsg, void *pvRecord)
      * the record's capacity so that a long list never writes past it. */
     bx::wifi::fill_entries(func, tb[CS_LIST], BLOBMSG_TYPE_TABLE, BX_CHANNEL_SCORE_MAX,
                            [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry(func, kScore, cur, &rec->astScore[n]);
+                               bx::wifi::store_entry<kScore>(func, cur, &rec->astScore[n]);
                            });
     return 0;
 }

@@ -77,15 +77,19 @@ void add_port_list(blob_buf *buf, const char *key, const uint32_t *slots, size_t
     blob_nest_end(buf, list);
 }
 
+/* The port index lists: each number is traced as it is stored. */
+constexpr bx::Field kLanIndex = BX_U32(PortNum, auiLanIndex, "lanindex", "lanindex:%d");
+constexpr bx::Field kWanIndex = BX_U32(PortNum, auiWanIndex, "wanindex", "wanindex:%d");
+
 /* Stores the list's numbers into the slots from the first, comparing with
  * the count only after each store. */
-void store_port_list(const char *func, const char *trace, blob_attr *list, uint32_t *slots, size_t capacity,
+void store_port_list(const char *func, const bx::Field &index, blob_attr *list, uint32_t *slots, size_t capacity,
                      uint32_t count)
 {
     size_t stored = 0;
     bx::for_each_elem(list, [&](blob_attr *elem) {
         slots[stored] = bx::get_u32(elem);
-        bx::trace_value(func, __LINE__, trace, nullptr, slots[stored]);
+        bx::trace_field(func, index, nullptr, 0, slots[stored]);
         ++stored;
         /* Store-then-test: a count of 0 still takes the first number. The
          * slots bound the walk too, whatever count the sender gave. */
@@ -99,6 +103,7 @@ extern "C" {
 
 /* ---- Port counts and numbers (45) --------------------------------------- */
 
+/* Hand-written: two port lists, each bounded by its own count. */
 BX_API int STJ_PortNum(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -111,6 +116,7 @@ BX_API int STJ_PortNum(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: two port lists, each bounded by its own count, stored before the count is tested. */
 BX_API int JTS_PortNum(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { PN_LAN, PN_LANINDEX, PN_WAN, PN_WANINDEX, PN_MAX };
@@ -137,10 +143,10 @@ BX_API int JTS_PortNum(struct blob_attr *pstMsg, void *pvRecord)
         BX_TRACE("wannum:%d\n", static_cast<int>(rec->uiWanNum));
     }
     if (bx::present(policy, tb, PN_LANINDEX))
-        store_port_list(__func__, "lanindex:%d", tb[PN_LANINDEX], rec->auiLanIndex, kLanSlots, rec->uiLanNum);
+        store_port_list(__func__, kLanIndex, tb[PN_LANINDEX], rec->auiLanIndex, kLanSlots, rec->uiLanNum);
     if (!bx::present(policy, tb, PN_WANINDEX))
         return 0;
-    store_port_list(__func__, "wanindex:%d", tb[PN_WANINDEX], rec->auiWanIndex, kWanSlots, rec->uiWanNum);
+    store_port_list(__func__, kWanIndex, tb[PN_WANINDEX], rec->auiWanIndex, kWanSlots, rec->uiWanNum);
     return 0;
 }
 
@@ -150,11 +156,9 @@ BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 /* ---- One port's traffic counters (47) ----------------------------------- */
 
-BX_API int STJ_PortTraffic(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPortTraffic);
-}
+BX_SENT_ROW(STJ_PortTraffic, kPortTraffic, ::bx::kNoMask)
 
+/* Hand-written: one stored counter is traced with another counter's label and value. */
 BX_API int JTS_PortTraffic(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

@@ -21,31 +21,13 @@ using bx::Field;
 
 /* One key of a rule as one message reads it. */
 struct RuleKey {
-    size_t slot;       /* policy slot */
-    bool text;         /* text copy, or 32-bit number */
-    bool whole;        /* text copy takes the whole array (no room for a terminator) */
-    uint16_t offset;
-    uint16_t size;
-    const char *trace; /* after storing, no line end */
+    size_t slot; /* policy slot */
+    Field field;
 };
 
-#define RULE_NUM(slot, member, trace) \
-    RuleKey{slot, false, false, static_cast<uint16_t>(offsetof(QosClassRule, member)), 4, trace}
-#define RULE_TEXT(slot, member, trace) \
-    RuleKey{slot, true, false, static_cast<uint16_t>(offsetof(QosClassRule, member)), BX_FIELD_SIZE(QosClassRule, member), trace}
-#define RULE_TEXT_WHOLE(slot, member, trace) \
-    RuleKey{slot, true, true, static_cast<uint16_t>(offsetof(QosClassRule, member)), BX_FIELD_SIZE(QosClassRule, member), trace}
-
-/* Traces a stored text. A text that fills its whole array has no
- * terminator of its own, so the trace prints at most the array. */
-void trace_text(const char *func, const char *fmt, const char *field, size_t size)
-{
-    char text[64];
-    size_t n = std::min(strnlen(field, size), sizeof text - 1);
-    std::memcpy(text, field, n);
-    text[n] = 0;
-    bx::trace_value(func, __LINE__, fmt, text, 0);
-}
+#define RULE_NUM(slot, member, trace) RuleKey{slot, BX_U32(QosClassRule, member, nullptr, trace)}
+#define RULE_TEXT(slot, member, trace) RuleKey{slot, BX_TEXT(QosClassRule, member, nullptr, trace)}
+#define RULE_TEXT_WHOLE(slot, member, trace) RuleKey{slot, bx::whole(BX_TEXT(QosClassRule, member, nullptr, trace))}
 
 /* Stores the present keys of `keys` into the rule, in table order, tracing
  * each absent key and each stored value. */
@@ -54,17 +36,8 @@ void store_keys(const char *func, const blobmsg_policy (&policy)[P], blob_attr *
                 const RuleKey (&keys)[K], QosClassRule *rule)
 {
     for (const RuleKey &k : keys) {
-        if (!bx::present(policy, tb, k.slot))
-            continue;
-        auto *field = reinterpret_cast<char *>(rule) + k.offset;
-        if (k.text) {
-            bx::copy_text(field, k.whole ? k.size : k.size - 1u, tb[k.slot]);
-            trace_text(func, k.trace, field, k.size);
-        } else {
-            uint32_t v = bx::get_u32(tb[k.slot]);
-            std::memcpy(field, &v, sizeof v);
-            bx::trace_value(func, __LINE__, k.trace, nullptr, v);
-        }
+        if (bx::present(policy, tb, k.slot))
+            bx::store_field(func, k.field, tb[k.slot], rule);
     }
 }
 
@@ -117,18 +90,14 @@ void emit_protocols_to_first_zero(blob_buf *buf, const QosClassRule *rule)
 
 /* ---- The three switches ------------------------------------------------------- */
 
-enum { SWITCH_ENABLE, SWITCH_MAX };
-constexpr blobmsg_policy g_stQosSwitch_policy[SWITCH_MAX] = {
-    /* SWITCH_ENABLE */ {"enable", BLOBMSG_TYPE_STRING},
+constexpr Field kQosSwitch[] = {
+    BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u"),
 };
 
-int stj_switch(const void *record, blob_buf *buf)
-{
-    if (record == nullptr || buf == nullptr)
-        return -1;
-    bx::add_word(buf, "enable", EnumSwitch, static_cast<const QosSwitch *>(record)->uiEnable);
-    return 0;
-}
+enum { SWITCH_ENABLE, SWITCH_MAX };
+constexpr blobmsg_policy kQosSwitchPolicy[SWITCH_MAX] = {
+    /* SWITCH_ENABLE */ {"enable", BLOBMSG_TYPE_STRING},
+};
 
 /* "enable" is required and must be "enable" or "disable". */
 int jts_switch(const char *func, blob_attr *msg, void *record)
@@ -136,8 +105,8 @@ int jts_switch(const char *func, blob_attr *msg, void *record)
     if (msg == nullptr || record == nullptr)
         return -1;
     blob_attr *tb[SWITCH_MAX];
-    bx::parse(g_stQosSwitch_policy, tb, msg);
-    if (!bx::present(g_stQosSwitch_policy, tb, SWITCH_ENABLE))
+    bx::parse(kQosSwitchPolicy, tb, msg);
+    if (!bx::present(kQosSwitchPolicy, tb, SWITCH_ENABLE))
         return -1;
     auto enable = static_cast<uint32_t>(bx::get_word(EnumSwitch, tb[SWITCH_ENABLE]));
     if (enable > 1)
@@ -149,30 +118,15 @@ int jts_switch(const char *func, blob_attr *msg, void *record)
 
 /* ---- A rule's index (delete, and get from JSON) -------------------------------- */
 
-enum { INDEX_INDEX, INDEX_MAX };
-constexpr blobmsg_policy g_stQosClassIndex_policy[INDEX_MAX] = {
-    /* INDEX_INDEX */ {"index", BLOBMSG_TYPE_INT32},
-};
-
 /* A missing "index" is no failure: the record stays as it is. */
-int jts_index(const char *func, blob_attr *msg, void *record)
-{
-    if (msg == nullptr || record == nullptr)
-        return -1;
-    blob_attr *tb[INDEX_MAX];
-    bx::parse(g_stQosClassIndex_policy, tb, msg);
-    if (!bx::present(g_stQosClassIndex_policy, tb, INDEX_INDEX))
-        return 0;
-    auto *rec = static_cast<QosClassIndex *>(record);
-    rec->uiIndex = bx::get_u32(tb[INDEX_INDEX]);
-    BX_TRACE_AS(func, "Index:%u\n", rec->uiIndex);
-    return 0;
-}
+constexpr Field kQosClassIndex[] = {
+    BX_U32(QosClassIndex, uiIndex, "index", "Index:%u"),
+};
 
 /* ---- Add ------------------------------------------------------------------------ */
 
 enum { ADD_PRIORITY, ADD_DSCP, ADD_VLAN8021P, ADD_NAME, ADD_PROTOCOL, ADD_SRCMAC, ADD_DSTMAC, ADD_MAX };
-constexpr blobmsg_policy g_stQosClassAdd_policy[ADD_MAX] = {
+constexpr blobmsg_policy kQosClassAddPolicy[ADD_MAX] = {
     /* ADD_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
     /* ADD_DSCP      */ {"dscp", BLOBMSG_TYPE_INT32},
     /* ADD_VLAN8021P */ {"vlan8021p", BLOBMSG_TYPE_INT32},
@@ -202,7 +156,7 @@ enum {
     SET_PRIORITY, SET_DSCP, SET_VLAN8021P, SET_NAME, SET_PROTOCOL, SET_SRCIP, SET_SRCMASK,
     SET_SRCPORT, SET_SRCMAC, SET_DSTIP, SET_DSTMASK, SET_DSTPORT, SET_DSTMAC, SET_MAX
 };
-constexpr blobmsg_policy g_stQosClassSet_policy[SET_MAX] = {
+constexpr blobmsg_policy kQosClassSetPolicy[SET_MAX] = {
     /* SET_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
     /* SET_DSCP      */ {"dscp", BLOBMSG_TYPE_INT32},
     /* SET_VLAN8021P */ {"vlan8021p", BLOBMSG_TYPE_INT32},
@@ -255,7 +209,7 @@ void read_protocol_words(const char *func, blob_attr *text, QosClassRule *rule)
 
 /* uiCount travels under "index". */
 enum { LIST_INDEX, LIST_LIST, LIST_MAX };
-constexpr blobmsg_policy g_stQosClassList_policy[LIST_MAX] = {
+constexpr blobmsg_policy kQosClassListPolicy[LIST_MAX] = {
     /* LIST_INDEX */ {"index", BLOBMSG_TYPE_INT32},
     /* LIST_LIST  */ {"list", BLOBMSG_TYPE_ARRAY},
 };
@@ -264,7 +218,7 @@ enum {
     RULE_INDEX, RULE_NAME, RULE_PRIORITY, RULE_DSCP, RULE_VLAN8021P, RULE_PROTOCOL, RULE_SRCIP,
     RULE_SRCMASK, RULE_SRCPORT, RULE_SRCMAC, RULE_DSTIP, RULE_DSTMASK, RULE_DSTPORT, RULE_DSTMAC, RULE_MAX
 };
-constexpr blobmsg_policy g_stQosClassList_Array_policy[RULE_MAX] = {
+constexpr blobmsg_policy kQosClassListArrayPolicy[RULE_MAX] = {
     /* RULE_INDEX     */ {"index", BLOBMSG_TYPE_INT32},
     /* RULE_NAME      */ {"name", BLOBMSG_TYPE_STRING},
     /* RULE_PRIORITY  */ {"priority", BLOBMSG_TYPE_INT32},
@@ -320,29 +274,16 @@ void read_list_protocols(const char *func, blob_attr *array, QosClassRule *rule)
     });
 }
 
-/* Quirk: a rule of the list is parsed from its value over the length of its
- * whole payload, name header included, so the parse looks as many bytes past
- * the element as its name header holds (in a well-formed list the next
- * element's header, which never passes for a member). The span is cut at
- * the end of the message so that it never leaves it. */
-void parse_rule(blob_attr *(&tb)[RULE_MAX], blob_attr *elem, const char *msg_end)
-{
-    auto *data = static_cast<char *>(blobmsg_data(elem));
-    size_t span = blob_len(elem);
-    size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    blobmsg_parse(g_stQosClassList_Array_policy, RULE_MAX, tb, data, static_cast<unsigned>(std::min(span, room)));
-}
-
 void read_list_rule(const char *func, blob_attr *elem, const char *msg_end, QosClassRule *rule)
 {
     blob_attr *tb[RULE_MAX];
-    parse_rule(tb, elem, msg_end);
+    bx::parse_span(kQosClassListArrayPolicy, tb, elem, msg_end);
     /* Quirk: the label is the one of the station list. */
     BX_TRACE_AS(func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
-    store_keys(func, g_stQosClassList_Array_policy, tb, kListHead, rule);
-    if (bx::present(g_stQosClassList_Array_policy, tb, RULE_PROTOCOL))
+    store_keys(func, kQosClassListArrayPolicy, tb, kListHead, rule);
+    if (bx::present(kQosClassListArrayPolicy, tb, RULE_PROTOCOL))
         read_list_protocols(func, tb[RULE_PROTOCOL], rule);
-    store_keys(func, g_stQosClassList_Array_policy, tb, kListTail, rule);
+    store_keys(func, kQosClassListArrayPolicy, tb, kListTail, rule);
 }
 
 } // namespace
@@ -351,15 +292,17 @@ extern "C" {
 
 /* ---- Switches (121, 122, 123) --------------------------------------------------------- */
 
-BX_API int STJ_QoS(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_QoS, kQosSwitch, ::bx::kNoMask)
+/* Hand-written (the three switches): refused unless the word is 0 or 1, and nothing is stored then. */
 BX_API int JTS_QoS(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
-BX_API int STJ_Dscp(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_Dscp, kQosSwitch, ::bx::kNoMask)
 BX_API int JTS_Dscp(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
-BX_API int STJ_8021p(const void *pvRecord, struct blob_buf *pstBuf) { return stj_switch(pvRecord, pstBuf); }
+BX_SENT_ROW(STJ_8021p, kQosSwitch, ::bx::kNoMask)
 BX_API int JTS_8021p(struct blob_attr *pstMsg, void *pvRecord) { return jts_switch(__func__, pstMsg, pvRecord); }
 
 /* ---- Add (124) --------------------------------------------------------------------------- */
 
+/* Hand-written: the protocols go out up to the first zero. */
 /* Only the MAC addresses go with a new rule; the addresses, masks and ports
  * follow with the set message. */
 BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pstBuf)
@@ -374,35 +317,28 @@ BX_API int STJ_Qos_Classification_Add(const void *pvRecord, struct blob_buf *pst
     return 0;
 }
 
+/* Hand-written: the protocols are stored up to the first zero. */
 BX_API int JTS_Qos_Classification_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rule = static_cast<QosClassRule *>(pvRecord);
     blob_attr *tb[ADD_MAX];
-    bx::parse(g_stQosClassAdd_policy, tb, pstMsg);
-    store_keys(__func__, g_stQosClassAdd_policy, tb, kAddKeys, rule);
+    bx::parse(kQosClassAddPolicy, tb, pstMsg);
+    store_keys(__func__, kQosClassAddPolicy, tb, kAddKeys, rule);
     read_protocols_to_first_zero(tb[ADD_PROTOCOL], rule);
     return 0;
 }
 
 /* ---- Delete (125) ---------------------------------------------------------------------------- */
 
-BX_API int STJ_Qos_Classification_Delete(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    blobmsg_add_u32(pstBuf, "index", static_cast<const QosClassIndex *>(pvRecord)->uiIndex);
-    return 0;
-}
+BX_SENT_ROW(STJ_Qos_Classification_Delete, kQosClassIndex, ::bx::kNoMask)
 
-BX_API int JTS_Qos_Classification_Delete(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return jts_index(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Qos_Classification_Delete, kQosClassIndex, ::bx::kNoMask)
 
 /* ---- List (126) --------------------------------------------------------------------------------- */
 
+/* Hand-written: a list of rules under a count named "index". */
 BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -424,6 +360,7 @@ BX_API int STJ_Qos_Classification_List(const void *pvRecord, struct blob_buf *ps
     return 0;
 }
 
+/* Hand-written: a list of rules under a count named "index", each parsed over its whole span. */
 BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -431,15 +368,15 @@ BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     auto *list = static_cast<QosClassRuleList *>(pvRecord);
     blob_attr *tb[LIST_MAX];
-    bx::parse(g_stQosClassList_policy, tb, pstMsg);
+    bx::parse(kQosClassListPolicy, tb, pstMsg);
     /* Without "index" the caller's uiCount bounds the walk. */
-    if (bx::present(g_stQosClassList_policy, tb, LIST_INDEX)) {
+    if (bx::present(kQosClassListPolicy, tb, LIST_INDEX)) {
         list->uiCount = bx::get_u32(tb[LIST_INDEX]);
         BX_TRACE("uiCount:%u\n", list->uiCount);
     }
-    if (!bx::present(g_stQosClassList_policy, tb, LIST_LIST))
+    if (!bx::present(kQosClassListPolicy, tb, LIST_LIST))
         return 0;
-    const char *msg_end = static_cast<const char *>(blob_data(pstMsg)) + blob_len(pstMsg);
+    const char *msg_end = bx::end_of(pstMsg);
     uint32_t stored = 0;
     bx::for_each_elem(tb[LIST_LIST], [&](blob_attr *elem) {
         BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_1\n");
@@ -459,6 +396,7 @@ BX_API int JTS_Qos_Classification_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------------ */
 
+/* Hand-written: every protocol slot goes out, named, inside an array. */
 /* The full rule, without its index. Quirk: the "protocol" array holds all
  * eight slots, zeros included, and its elements carry the name
  * "protocol". */
@@ -476,27 +414,26 @@ BX_API int STJ_Qos_Classification_Get(const void *pvRecord, struct blob_buf *pst
     return 0;
 }
 
-BX_API int JTS_Qos_Classification_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return jts_index(__func__, pstMsg, pvRecord);
-}
+BX_RECEIVED_ROW(JTS_Qos_Classification_Get, kQosClassIndex, ::bx::kNoMask)
 
+/* Hand-written: sent like the rule a get returns. */
 BX_API int STJ_Qos_Classification_Set(const void *pvRecord, struct blob_buf *pstBuf)
 {
     return STJ_Qos_Classification_Get(pvRecord, pstBuf);
 }
 
+/* Hand-written: the protocols come as words between two groups of fields. */
 BX_API int JTS_Qos_Classification_Set(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rule = static_cast<QosClassRule *>(pvRecord);
     blob_attr *tb[SET_MAX];
-    bx::parse(g_stQosClassSet_policy, tb, pstMsg);
-    store_keys(__func__, g_stQosClassSet_policy, tb, kSetHead, rule);
-    if (bx::present(g_stQosClassSet_policy, tb, SET_PROTOCOL))
+    bx::parse(kQosClassSetPolicy, tb, pstMsg);
+    store_keys(__func__, kQosClassSetPolicy, tb, kSetHead, rule);
+    if (bx::present(kQosClassSetPolicy, tb, SET_PROTOCOL))
         read_protocol_words(__func__, tb[SET_PROTOCOL], rule);
-    store_keys(__func__, g_stQosClassSet_policy, tb, kSetTail, rule);
+    store_keys(__func__, kQosClassSetPolicy, tb, kSetTail, rule);
     return 0;
 }
 

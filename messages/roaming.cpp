@@ -37,25 +37,25 @@ constexpr Field kL2Roaming[] = {
 
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
+/* Field i has bit i of uiRoamFlag. */
 constexpr Field kRoaming[] = {
-    BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"),
-    BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"),
-    BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"),
-    BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u"),
-    BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d"),
-    BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"),
-    BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"),
+    bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
+    bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
+    bx::flagged(BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"), 1u << 2),
+    bx::flagged(BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u"), 1u << 3),
+    bx::flagged(BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d"), 1u << 4),
+    bx::flagged(BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"), 1u << 5),
+    bx::flagged(BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"), 1u << 6),
 };
-constexpr uint32_t roam_bit(size_t field) { return 1u << field; }
-static_assert(roam_bit(0) == BX_ROAM_ENABLE && roam_bit(2) == BX_ROAM_REPORT_INTERVAL &&
-              roam_bit(std::size(kRoaming) - 1) == BX_ROAM_THRESHOLD_RSSI5G);
+static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
+              kRoaming[std::size(kRoaming) - 1].mask_bit == BX_ROAM_THRESHOLD_RSSI5G);
 
 /* ---- 115, 116: signal-strength query and answer ------------------------------ */
 
 /* The list elements are parsed with the message's own policy: their keys
  * sit in the same slot table as the message's. */
 enum { APQ_COUNT, APQ_MAC, APQ_APINFO, APQ_BSSID, APQ_CHANNEL, APQ_MAX };
-const blobmsg_policy g_stRoamingApQuery_policy[APQ_MAX] = {
+const blobmsg_policy kRoamingApQueryPolicy[APQ_MAX] = {
     /* APQ_COUNT */   {"count", BLOBMSG_TYPE_INT32},
     /* APQ_MAC */     {"mac", BLOBMSG_TYPE_STRING},
     /* APQ_APINFO */  {"apinfo", BLOBMSG_TYPE_ARRAY},
@@ -64,7 +64,7 @@ const blobmsg_policy g_stRoamingApQuery_policy[APQ_MAX] = {
 };
 
 enum { APR_COUNT, APR_APRSSI, APR_BSSID, APR_RSSI, APR_MAX };
-const blobmsg_policy g_stRoamingApRsp_policy[APR_MAX] = {
+const blobmsg_policy kRoamingApRspPolicy[APR_MAX] = {
     /* APR_COUNT */  {"count", BLOBMSG_TYPE_INT32},
     /* APR_APRSSI */ {"aprssi", BLOBMSG_TYPE_ARRAY},
     /* APR_BSSID */  {"bssid", BLOBMSG_TYPE_STRING},
@@ -133,7 +133,7 @@ constexpr Field kReportIn[] = {
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
 };
-constexpr blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
+constexpr blobmsg_policy kRoamingReportPolicy[RPT_MAX] = {
     /* RPT_MAC */         {"mac", BLOBMSG_TYPE_STRING},
     /* RPT_BSSID */       {"bssid", BLOBMSG_TYPE_STRING},
     /* RPT_CONNECTTIME */ {"connecttime", BLOBMSG_TYPE_INT32},
@@ -148,7 +148,7 @@ constexpr blobmsg_policy g_stRoamingReport_policy[RPT_MAX] = {
 constexpr bool table_follows_policy()
 {
     for (size_t i = 0; i < std::size(kReportIn); ++i) {
-        if (std::string_view(kReportIn[i].key) != g_stRoamingReport_policy[i].name)
+        if (std::string_view(kReportIn[i].key) != kRoamingReportPolicy[i].name)
             return false;
     }
     return std::size(kReportIn) == RPT_SUPPORT11K;
@@ -177,11 +177,12 @@ constexpr Field kStaRssiOut[] = {
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
 };
 
-enum { STR_MAC, STR_RSSI, STR_RADIO, STR_MAX };
-const blobmsg_policy g_stRoamingStaRssi_policy[STR_MAX] = {
-    /* STR_MAC */   {"mac", BLOBMSG_TYPE_STRING},
-    /* STR_RSSI */  {"rssi", BLOBMSG_TYPE_INT32},
-    /* STR_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
+/* Received in another order than sent: radio before rssi. The MAC takes
+ * all 18 bytes, terminator included: a longer text leaves none. */
+constexpr Field kStaRssiIn[] = {
+    bx::whole(BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s")),
+    BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
 };
 
 } // namespace
@@ -190,48 +191,17 @@ extern "C" {
 
 /* ---- 113 ---- */
 
-BX_API int STJ_L2_Roaming(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kL2Roaming);
-}
-
-BX_API int JTS_L2_Roaming(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kL2Roaming);
-}
+BX_FIELD_CONVERTERS(STJ_L2_Roaming, JTS_L2_Roaming, kL2Roaming)
 
 /* ---- 114 ---- */
 
-BX_API int STJ_Roaming(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const RoamingRec *>(pvRecord);
-    /* Only the settings the mask names go out; the mask itself never does. */
-    for (size_t i = 0; i < std::size(kRoaming); ++i) {
-        if ((rec->uiRoamFlag & roam_bit(i)) != 0)
-            bx::emit_field(kRoaming[i], rec, pstBuf);
-    }
-    return 0;
-}
-
-BX_API int JTS_Roaming(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingRec *>(pvRecord);
-    blob_attr *tb[std::size(kRoaming)];
-    bx::wifi::fields_of_msg(kRoaming, tb, pstMsg);
-    /* The mask only gains bits: an absent key leaves its bit as it was. */
-    for (size_t i = 0; i < std::size(kRoaming); ++i) {
-        if (bx::wifi::store_if_present(__func__, kRoaming, tb, i, rec))
-            rec->uiRoamFlag |= roam_bit(i);
-    }
-    return 0;
-}
+/* Only the settings the mask names go out; the mask itself never does, and
+ * only gains bits: an absent key leaves its bit as it was. */
+BX_MASKED_CONVERTERS(STJ_Roaming, JTS_Roaming, RoamingRec, uiRoamFlag, kRoaming, kRoaming)
 
 /* ---- 115 ---- */
 
+/* Hand-written: a list of access points after the count and the MAC. */
 BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -245,9 +215,10 @@ BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the list elements are parsed with the message's own policy. */
 BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stRoamingApQuery_policy;
+    const auto &policy = kRoamingApQueryPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -281,6 +252,7 @@ BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 116 ---- */
 
+/* Hand-written: a list of access points after the count. */
 BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -293,9 +265,10 @@ BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the list elements are parsed with the message's own policy. */
 BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stRoamingApRsp_policy;
+    const auto &policy = kRoamingApRspPolicy;
     const char *func = __func__;  /* the entries' traces are the converter's */
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
@@ -324,19 +297,14 @@ BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 117 ---- */
 
-BX_API int STJ_Roaming_BssTrans(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kBssTrans);
-}
+BX_SENT_ROW(STJ_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
 
-BX_API int JTS_Roaming_BssTrans(struct blob_attr *pstMsg, void *pvRecord)
-{
-    /* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kBssTrans);
-}
+/* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
+BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
 
 /* ---- 118 ---- */
 
+/* Hand-written: the 802.11k/v flags go out as words from 16-bit fields. */
 BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -348,9 +316,10 @@ BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the 802.11k/v flags come as words into 16-bit fields. */
 BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stRoamingReport_policy;
+    const auto &policy = kRoamingReportPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<RoamingReportRec *>(pvRecord);
@@ -373,43 +342,10 @@ BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- 119 (no record-to-tree direction) ---- */
 
-BX_API int JTS_Roaming_StopDetect(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kStopDetect);
-}
+BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 /* ---- 120 ---- */
 
-BX_API int STJ_Roaming_StaRssi(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kStaRssiOut);
-}
-
-BX_API int JTS_Roaming_StaRssi(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = g_stRoamingStaRssi_policy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingStaRssiRec *>(pvRecord);
-    blob_attr *tb[STR_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (bx::present(policy, tb, STR_MAC)) {
-        /* The MAC takes all 18 bytes, terminator included: a longer text
-         * leaves no terminator in the field (stopping at a shorter text's
-         * end instead of reading past it). */
-        bx::copy_text(rec->szMac, sizeof rec->szMac, tb[STR_MAC]);
-        BX_TRACE("mac:%.18s\n", rec->szMac);
-    }
-    /* Stored in another order than the policy's: radio before rssi. */
-    if (bx::present(policy, tb, STR_RADIO)) {
-        rec->eRadio = static_cast<uint32_t>(bx::get_word(EnumBand, tb[STR_RADIO]));
-        BX_TRACE("radio:%d\n", static_cast<int>(rec->eRadio));
-    }
-    if (bx::present(policy, tb, STR_RSSI)) {
-        rec->iRssi = bx::get_s32(tb[STR_RSSI]);
-        BX_TRACE("rssi:%d\n", rec->iRssi);
-    }
-    return 0;
-}
+BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssiOut, kStaRssiIn)
 
 } // extern "C"

@@ -126,13 +126,13 @@ constexpr Field kStaName[] = {
     BX_TEXT(StaName, szName, "name", "name:%s"),
 };
 
-enum { MODEL_MAC, MODEL_BRAND, MODEL_MODEL, MODEL_MAX };
-constexpr Field kStaModel[MODEL_MAX] = {
+/* The texts go out only when uiFlag marks them valid; storing a text marks
+ * it valid, the other bits stay as the caller set them. */
+constexpr Field kStaModel[] = {
     BX_TEXT(StaModel, szMac, "mac", "mac:%s"),
-    BX_TEXT(StaModel, szBrand, "brand", "brand:%s"),
-    BX_TEXT(StaModel, szModel, "model", "model:%s"),
+    bx::flagged(BX_TEXT(StaModel, szBrand, "brand", "brand:%s"), STA_MODEL_BRAND_VALID),
+    bx::flagged(BX_TEXT(StaModel, szModel, "model", "model:%s"), STA_MODEL_MODEL_VALID),
 };
-constexpr auto kStaModelPolicy = bx::policy_of(kStaModel);
 
 } // namespace
 
@@ -140,6 +140,7 @@ extern "C" {
 
 /* ---- The station list (88) ---------------------------------------------------- */
 
+/* Hand-written: the entries live in the caller's array, counted by the record. */
 BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -159,6 +160,7 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the entries fill the caller's array, whose length the record gives. */
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
@@ -204,6 +206,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 
+/* Hand-written: one station entry, sent like those of the list. */
 BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -212,6 +215,7 @@ BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: one station entry, read like those of the list. */
 BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -240,36 +244,6 @@ BX_FIELD_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
 
 /* ---- Brand and model (94) ------------------------------------------------------- */
 
-/* The texts go out only when uiFlag marks them valid. */
-BX_API int STJ_StaModel(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const StaModel *>(pvRecord);
-    bx::emit_field(kStaModel[MODEL_MAC], rec, pstBuf);
-    if (rec->uiFlag & STA_MODEL_BRAND_VALID)
-        bx::emit_field(kStaModel[MODEL_BRAND], rec, pstBuf);
-    if (rec->uiFlag & STA_MODEL_MODEL_VALID)
-        bx::emit_field(kStaModel[MODEL_MODEL], rec, pstBuf);
-    return 0;
-}
-
-/* Storing a text marks it valid; the other bits stay as the caller set them. */
-BX_API int JTS_StaModel(struct blob_attr *pstMsg, void *pvRecord)
-{
-    static constexpr uint32_t valid_bit[MODEL_MAX] = {0, STA_MODEL_BRAND_VALID, STA_MODEL_MODEL_VALID};
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<StaModel *>(pvRecord);
-    blob_attr *tb[MODEL_MAX];
-    bx::parse(kStaModelPolicy.entries, tb, pstMsg);
-    for (size_t slot = 0; slot < MODEL_MAX; ++slot) {
-        if (!bx::present(kStaModelPolicy.entries, tb, slot))
-            continue;
-        bx::store_field(__func__, kStaModel[slot], tb[slot], rec);
-        rec->uiFlag |= valid_bit[slot];
-    }
-    return 0;
-}
+BX_MASKED_CONVERTERS(STJ_StaModel, JTS_StaModel, StaModel, uiFlag, kStaModel, kStaModel)
 
 } // extern "C"

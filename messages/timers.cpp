@@ -23,7 +23,7 @@ constexpr bool slots_match(const blobmsg_policy (&policy)[P], const Field (&fiel
     if (F > P)
         return false;
     for (size_t i = 0; i < F; ++i) {
-        if (policy[i].type != bx::wire_type(fields[i].how))
+        if (policy[i].type != bx::wire_type(fields[i].wire))
             return false;
         const char *a = policy[i].name;
         const char *b = fields[i].key;
@@ -73,7 +73,7 @@ enum {
     TIMER_TASKID, TIMER_STATUS, TIMER_ACTION, TIMER_TYPE, TIMER_STARTHOUR, TIMER_STARTMINUTE,
     TIMER_ENDHOUR, TIMER_ENDMINUTE, TIMER_WEEK, TIMER_COUNT, TIMER_LIST, TIMER_MAX
 };
-constexpr blobmsg_policy g_stWifiTimer_policy[TIMER_MAX] = {
+constexpr blobmsg_policy kWifiTimerPolicy[TIMER_MAX] = {
     /* TIMER_TASKID      */ {"taskid", BLOBMSG_TYPE_INT32},
     /* TIMER_STATUS      */ {"status", BLOBMSG_TYPE_STRING},
     /* TIMER_ACTION      */ {"action", BLOBMSG_TYPE_STRING},
@@ -100,7 +100,7 @@ constexpr Field kTimerTask[] = {
     BX_U32(WifiTimerTask, uiEndMinute, "endminute", nullptr),
     BX_U32(WifiTimerTask, uiWeek, "week", nullptr),
 };
-static_assert(slots_match(g_stWifiTimer_policy, kTimerTask));
+static_assert(slots_match(kWifiTimerPolicy, kTimerTask));
 
 /* What a task sent to be set says when a key is missing; "status" and
  * "type" may be left out. */
@@ -142,7 +142,7 @@ constexpr Field kRateLimit[] = {
 static_assert(slots_match(g_stRateLimitList_Array_policy, kRateLimit));
 
 enum { RATES_COUNT, RATES_LIST, RATES_MAX };
-constexpr blobmsg_policy g_stRateLimitList_policy[RATES_MAX] = {
+constexpr blobmsg_policy kRateLimitListPolicy[RATES_MAX] = {
     /* RATES_COUNT */ {"count", BLOBMSG_TYPE_INT32},
     /* RATES_LIST  */ {"ratelimitlist", BLOBMSG_TYPE_ARRAY},
 };
@@ -173,7 +173,7 @@ enum {
     PERIOD_TASKTYPE, PERIOD_TASKNAME, PERIOD_MAC, PERIOD_TXRATE_RT, PERIOD_RXRATE_RT,
     PERIOD_MAXRXRATE, PERIOD_MAXTXRATE, PERIOD_AVARXRATE, PERIOD_AVATXRATE, PERIOD_MAX
 };
-constexpr blobmsg_policy g_stPeriodRateReport_policy[PERIOD_MAX] = {
+constexpr blobmsg_policy kPeriodRateReportPolicy[PERIOD_MAX] = {
     /* PERIOD_TASKTYPE  */ {"tasktype", BLOBMSG_TYPE_STRING},
     /* PERIOD_TASKNAME  */ {"taskname", BLOBMSG_TYPE_STRING},
     /* PERIOD_MAC       */ {"mac", BLOBMSG_TYPE_STRING},
@@ -197,13 +197,13 @@ constexpr Field kPeriodRateReport[] = {
     BX_U32(PeriodRateReport, uiAvaRxRate, "avarxrate", "period avarxrate:%u"),
     BX_U32(PeriodRateReport, uiAvaTxRate, "avatxrate", "period avatxrate:%u"),
 };
-static_assert(slots_match(g_stPeriodRateReport_policy, kPeriodRateReport));
+static_assert(slots_match(kPeriodRateReportPolicy, kPeriodRateReport));
 
 /* ---- IPTV (112) --------------------------------------------------------------------- */
 
 /* One policy for the message and its VLAN elements. */
 enum { IPTV_VLANID, IPTV_ETHPORTS, IPTV_PORTS2P4G, IPTV_PORTS5G, IPTV_STATUS, IPTV_VLANLIST, IPTV_MAX };
-constexpr blobmsg_policy g_stIptv_policy[IPTV_MAX] = {
+constexpr blobmsg_policy kIptvPolicy[IPTV_MAX] = {
     /* IPTV_VLANID    */ {"vlanid", BLOBMSG_TYPE_INT32},
     /* IPTV_ETHPORTS  */ {"ethports", BLOBMSG_TYPE_INT32},
     /* IPTV_PORTS2P4G */ {"ports2p4g", BLOBMSG_TYPE_INT32},
@@ -218,7 +218,7 @@ constexpr Field kIptvVlan[] = {
     BX_U32(IptvVlan, uiPorts2p4g, "ports2p4g", "2P4GPorts:%u"),
     BX_U32(IptvVlan, uiPorts5g, "ports5g", "5GPorts:%u"),
 };
-static_assert(slots_match(g_stIptv_policy, kIptvVlan));
+static_assert(slots_match(kIptvPolicy, kIptvVlan));
 
 constexpr Field kIptvStatus = BX_WORD(IptvConfig, uiStatus, EnumSwitch, "status", "status:%d");
 
@@ -228,23 +228,13 @@ extern "C" {
 
 /* ---- Reboot timer (84) ------------------------------------------------------------------ */
 
-BX_API int STJ_RebootTimer(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kRebootTimer);
-}
-
-BX_API int JTS_RebootTimer(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kRebootTimer);
-}
+BX_FIELD_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
 
 /* ---- Wi-Fi timer tasks (85, 86, 87) ------------------------------------------------------ */
 
-BX_API int STJ_WifiTimer_Set(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kTimerTask);
-}
+BX_SENT_ROW(STJ_WifiTimer_Set, kTimerTask, ::bx::kNoMask)
 
+/* Hand-written: every key is required, each refused with a text of its own. */
 /* A task to be set needs every key but "status" and "type". The keys are
  * taken in record order: a missing one ends the conversion, and the keys
  * before it stay stored. */
@@ -253,10 +243,10 @@ BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     blob_attr *tb[TIMER_MAX];
-    bx::parse(g_stWifiTimer_policy, tb, pstMsg);
+    bx::parse(kWifiTimerPolicy, tb, pstMsg);
     for (size_t i = 0; i < std::size(kTimerTask); ++i) {
         if (kTimerTaskMissing[i] == nullptr) {
-            if (!bx::present(g_stWifiTimer_policy, tb, i))
+            if (!bx::present(kWifiTimerPolicy, tb, i))
                 continue;
         } else if (tb[i] == nullptr) {
             BX_TRACE("%s\n", kTimerTaskMissing[i]);
@@ -267,6 +257,7 @@ BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of timer tasks. */
 BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -282,6 +273,7 @@ BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a counted list of timer tasks, held to the record's entries. */
 /* "count" does not bound the list: every element fills the next task, up
  * to the tasks the record holds. */
 BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord)
@@ -291,37 +283,30 @@ BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     auto *list = static_cast<WifiTimerList *>(pvRecord);
     blob_attr *tb[TIMER_MAX];
-    bx::parse(g_stWifiTimer_policy, tb, pstMsg);
-    if (bx::present(g_stWifiTimer_policy, tb, TIMER_COUNT)) {
+    bx::parse(kWifiTimerPolicy, tb, pstMsg);
+    if (bx::present(kWifiTimerPolicy, tb, TIMER_COUNT)) {
         list->uiCount = bx::get_u32(tb[TIMER_COUNT]);
         BX_TRACE("count: %u\n", list->uiCount);
     }
-    if (!bx::present(g_stWifiTimer_policy, tb, TIMER_LIST))
+    if (!bx::present(kWifiTimerPolicy, tb, TIMER_LIST))
         return 0;
     size_t stored = 0;
     bx::for_each_elem(tb[TIMER_LIST], [&](blob_attr *elem) {
         if (stored >= WIFI_TIMER_TASK_MAX)
             return false;
         blob_attr *etb[TIMER_MAX];
-        bx::parse_elem(g_stWifiTimer_policy, etb, elem);
-        store_present(func, g_stWifiTimer_policy, etb, kTimerTask, &list->astTask[stored++]);
+        bx::parse_elem(kWifiTimerPolicy, etb, elem);
+        store_present(func, kWifiTimerPolicy, etb, kTimerTask, &list->astTask[stored++]);
         return true;
     });
     return 0;
 }
 
-BX_API int STJ_WifiTimer_Idx(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kTimerIdx);
-}
-
-BX_API int JTS_WifiTimer_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kTimerIdx);
-}
+BX_FIELD_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
 
 /* ---- Rate limits (108, 109) -------------------------------------------------------------------- */
 
+/* Hand-written: the members go out by the entry's validity flags, the switch as 0 or 1. */
 /* The switch and the two rates go out only when their flag bit says they
  * were given. */
 BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf)
@@ -340,6 +325,7 @@ BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the validity flags are set by which limits came. */
 BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -351,6 +337,7 @@ BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
+/* Hand-written: a counted list of rate limits, each with all its members. */
 /* Every entry of the list carries all five members, whatever its flags. */
 BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -367,6 +354,7 @@ BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: a counted list of rate limits, held to the record's entries. */
 /* "count" is stored but does not bound the walk; the record's 32 entries
  * do. */
 BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord)
@@ -376,12 +364,12 @@ BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     auto *list = static_cast<RateLimitList *>(pvRecord);
     blob_attr *tb[RATES_MAX];
-    bx::parse(g_stRateLimitList_policy, tb, pstMsg);
-    if (bx::present(g_stRateLimitList_policy, tb, RATES_COUNT)) {
+    bx::parse(kRateLimitListPolicy, tb, pstMsg);
+    if (bx::present(kRateLimitListPolicy, tb, RATES_COUNT)) {
         list->uiCount = bx::get_u32(tb[RATES_COUNT]);
         BX_TRACE("input uiCount: %d\n", static_cast<int>(list->uiCount));
     }
-    if (!bx::present(g_stRateLimitList_policy, tb, RATES_LIST))
+    if (!bx::present(kRateLimitListPolicy, tb, RATES_LIST))
         return 0;
     size_t stored = 0;
     bx::for_each_elem(tb[RATES_LIST], [&](blob_attr *elem) {
@@ -401,30 +389,20 @@ BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Periodic rate sampling (110, 111) ---------------------------------------------------------- */
 
-BX_API int STJ_PeriodRate_Set(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPeriodRateTask);
-}
+BX_FIELD_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
 
-BX_API int JTS_PeriodRate_Set(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kPeriodRateTask);
-}
+BX_SENT_ROW(STJ_PeriodRate_Get, kPeriodRateReport, ::bx::kNoMask)
 
-BX_API int STJ_PeriodRate_Get(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kPeriodRateReport);
-}
-
+/* Hand-written: each real-time rate is traced with the other one's value. */
 BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *report = static_cast<PeriodRateReport *>(pvRecord);
     blob_attr *tb[PERIOD_MAX];
-    bx::parse(g_stPeriodRateReport_policy, tb, pstMsg);
+    bx::parse(kPeriodRateReportPolicy, tb, pstMsg);
     for (size_t i = 0; i < PERIOD_MAX; ++i) {
-        if (!bx::present(g_stPeriodRateReport_policy, tb, i))
+        if (!bx::present(kPeriodRateReportPolicy, tb, i))
             continue;
         bx::store_field(__func__, kPeriodRateReport[i], tb[i], report);
         /* Quirk: each real-time rate is traced with the other one's value. */
@@ -438,6 +416,7 @@ BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- IPTV (112) ------------------------------------------------------------------------------------- */
 
+/* Hand-written: only the VLAN slots with an id go out. */
 /* A VLAN slot whose id is 0 is unused and not sent. */
 BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf)
 {
@@ -454,6 +433,7 @@ BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the VLAN list fills two slots and stops at a third. */
 BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)
@@ -461,8 +441,8 @@ BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord)
     const char *func = __func__;
     auto *iptv = static_cast<IptvConfig *>(pvRecord);
     blob_attr *tb[IPTV_MAX];
-    bx::parse(g_stIptv_policy, tb, pstMsg);
-    if (bx::present(g_stIptv_policy, tb, IPTV_STATUS))
+    bx::parse(kIptvPolicy, tb, pstMsg);
+    if (bx::present(kIptvPolicy, tb, IPTV_STATUS))
         bx::store_field(func, kIptvStatus, tb[IPTV_STATUS], iptv);
     if (tb[IPTV_VLANLIST] == nullptr) {
         BX_TRACE("No Vlan Task\n");
@@ -476,8 +456,8 @@ BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord)
             return false;
         }
         blob_attr *etb[IPTV_MAX];
-        bx::parse_elem(g_stIptv_policy, etb, elem);
-        store_present(func, g_stIptv_policy, etb, kIptvVlan, &iptv->astVlan[stored++]);
+        bx::parse_elem(kIptvPolicy, etb, elem);
+        store_present(func, kIptvPolicy, etb, kIptvVlan, &iptv->astVlan[stored++]);
         return true;
     });
     return 0;

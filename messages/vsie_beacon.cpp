@@ -40,7 +40,7 @@ enum {
     BTX_MAX
 };
 
-constexpr blobmsg_policy g_stVsieBeacontx_policy[BTX_MAX] = {
+constexpr blobmsg_policy kVsieBeacontxPolicy[BTX_MAX] = {
     /* BTX_IDX */         {"idx", BLOBMSG_TYPE_INT32},
     /* BTX_SERVICENAME */ {"servicename", BLOBMSG_TYPE_STRING},
     /* BTX_SSIDIDX */     {"ssididx", BLOBMSG_TYPE_INT32},
@@ -65,7 +65,7 @@ constexpr bx::Field kEntryFields[] = {
 constexpr bool entry_fields_follow_policy()
 {
     for (size_t i = 0; i < std::size(kEntryFields); ++i) {
-        if (std::string_view(kEntryFields[i].key) != g_stVsieBeacontx_policy[i].name)
+        if (std::string_view(kEntryFields[i].key) != kVsieBeacontxPolicy[i].name)
             return false;
     }
     return true;
@@ -95,6 +95,32 @@ void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
     bx::vsie::store_numbers(entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
 }
 
+/* The scalar members of list entry n, each traced with n. */
+void read_list_scalars(const char *func, blob_attr *const (&el)[BTX_MAX], VsieBeaconTxEntry &entry, uint32_t n)
+{
+    const auto &policy = kVsieBeacontxPolicy;
+    if (bx::present(policy, el, BTX_IDX)) {
+        entry.uiIdx = bx::get_u32(el[BTX_IDX]);
+        BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
+    }
+    if (bx::present(policy, el, BTX_SERVICENAME)) {
+        bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
+        BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
+    }
+    if (bx::present(policy, el, BTX_SSIDIDX)) {
+        entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);
+        BX_TRACE_AS(func, "Ssididx%u:%u\n", n, entry.uiSsidIdx);
+    }
+    if (bx::present(policy, el, BTX_DURATION)) {
+        entry.uiDuration = bx::get_u32(el[BTX_DURATION]);
+        BX_TRACE_AS(func, "Duration%u:%u\n", n, entry.uiDuration);
+    }
+    if (bx::present(policy, el, BTX_LEN)) {
+        entry.uiLen = bx::get_u32(el[BTX_LEN]);
+        BX_TRACE_AS(func, "Len%u:%u\n", n, entry.uiLen);
+    }
+}
+
 } // namespace
 
 extern "C" {
@@ -105,6 +131,7 @@ BX_FIELD_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
 
 /* ---- Type 141 ---- */
 
+/* Hand-written: the element bytes go out as a list of uiLen numbers. */
 BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -114,9 +141,10 @@ BX_API int STJ_Vsie_Beacontx_Add(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the element bytes are a list bounded by the "len" just read. */
 BX_API int JTS_Vsie_Beacontx_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieBeacontx_policy;
+    const auto &policy = kVsieBeacontxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieBeaconTxEntry *>(pvRecord);
@@ -152,6 +180,7 @@ BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf)
 
 /* ---- Type 143 ---- */
 
+/* Hand-written: a list of entries, each with its element bytes. */
 BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -168,9 +197,10 @@ BX_API int STJ_Vsie_Beacontx_List(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: each element is parsed over its whole span, and the outer message decides whether its bytes are read. */
 BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieBeacontx_policy;
+    const auto &policy = kVsieBeacontxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieBeaconTxList *>(pvRecord);
@@ -195,27 +225,8 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[BTX_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-        if (bx::present(policy, el, BTX_IDX)) {
-            entry.uiIdx = bx::get_u32(el[BTX_IDX]);
-            BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-        }
-        if (bx::present(policy, el, BTX_SERVICENAME)) {
-            bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
-            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
-        }
-        if (bx::present(policy, el, BTX_SSIDIDX)) {
-            entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);
-            BX_TRACE_AS(func, "Ssididx%u:%u\n", n, entry.uiSsidIdx);
-        }
-        if (bx::present(policy, el, BTX_DURATION)) {
-            entry.uiDuration = bx::get_u32(el[BTX_DURATION]);
-            BX_TRACE_AS(func, "Duration%u:%u\n", n, entry.uiDuration);
-        }
-        if (bx::present(policy, el, BTX_LEN)) {
-            entry.uiLen = bx::get_u32(el[BTX_LEN]);
-            BX_TRACE_AS(func, "Len%u:%u\n", n, entry.uiLen);
-        }
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        read_list_scalars(func, el, entry, n);
         /* Quirk: the test is of the whole message's "iedata", not the
          * element's. Without one the walk ends here with this entry's
          * scalars stored and n not advanced; senders that want the list

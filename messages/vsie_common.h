@@ -10,23 +10,6 @@
 
 namespace bx::vsie {
 
-/* Parses one element of a "list" or "record" array the way these daemons
- * always have: from the element's value over the element's whole payload
- * length, name header included, so the span reaches that many bytes past
- * the element into its next sibling. Those bytes can at most hold the
- * start of the sibling, which the parse then sees and ignores. The span is
- * cut at the end of the array, so the parse never leaves the message. */
-template <size_t N>
-inline void parse_member(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem,
-                         blob_attr *array)
-{
-    const auto *value = static_cast<const char *>(blobmsg_data(elem));
-    const auto *end = static_cast<const char *>(blobmsg_data(array)) + blobmsg_data_len(array);
-    size_t span = blob_len(elem);
-    size_t room = static_cast<size_t>(end - value);
-    blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), static_cast<unsigned>(span < room ? span : room));
-}
-
 /* The low byte of a number element: element arrays carry one byte each. */
 inline uint8_t low_byte(const blob_attr *elem) { return static_cast<uint8_t>(get_u32(elem)); }
 

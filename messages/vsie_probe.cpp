@@ -9,6 +9,10 @@
 
 namespace {
 
+/* The probe lists (147, 152) take three entries, whatever the record holds:
+ * the fourth element ends the walk with "NULL == cur". */
+constexpr uint32_t kProbeListEntries = 3;
+
 using bx::vsie::add_bytes;
 using bx::at_most;
 using bx::vsie::low_byte;
@@ -28,7 +32,7 @@ enum {
     PRX_MAX
 };
 
-constexpr blobmsg_policy g_stVsieProberx_policy[PRX_MAX] = {
+constexpr blobmsg_policy kVsieProberxPolicy[PRX_MAX] = {
     /* PRX_IDX */         {"idx", BLOBMSG_TYPE_INT32},
     /* PRX_SERVICENAME */ {"servicename", BLOBMSG_TYPE_STRING},
     /* PRX_BAND */        {"band", BLOBMSG_TYPE_STRING},
@@ -49,7 +53,7 @@ enum {
     PRESP_MAX
 };
 
-constexpr blobmsg_policy g_stVsieProberesp_policy[PRESP_MAX] = {
+constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
     /* PRESP_IDX */    {"idx", BLOBMSG_TYPE_INT32},
     /* PRESP_BAND */   {"band", BLOBMSG_TYPE_STRING},
     /* PRESP_MAC */    {"mac", BLOBMSG_TYPE_STRING},
@@ -87,6 +91,7 @@ extern "C" {
 
 /* ---- Type 145 ---- */
 
+/* Hand-written: the OUI goes out as a list of bytes. */
 BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -99,9 +104,10 @@ BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the OUI comes as a list of bytes. */
 BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
@@ -128,13 +134,11 @@ BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 146 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
-BX_API int JTS_Vsie_Proberx_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, bx::vsie::kIndexFields);
-}
+BX_RECEIVED_ROW(JTS_Vsie_Proberx_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 147 ---- */
 
+/* Hand-written: a list of entries, each with its OUI and records. */
 BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -162,9 +166,109 @@ BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+} // extern "C"
+
+namespace {
+
+/* One record of an entry's "record" list. Quirk: the record's "band" only
+ * says that there is one; the number stored is the entry's word (the word
+ * for no text when the entry has none). The record's OUI bytes are left
+ * alone. */
+void read_probe_record(const char *func, blob_attr *item, const char *msg_end, blob_attr *entry_band,
+                       VsieProbeRxRecord &record)
+{
+    const auto &policy = kVsieProberxPolicy;
+    BX_TRACE_AS(func, "blobmsg_for_each_attr333\n\n");
+    blob_attr *rt[PRX_MAX];
+    bx::parse_span(policy, rt, item, msg_end);
+    BX_TRACE_AS(func, "blobmsg_parse111\n\n");
+    if (bx::present(policy, rt, PRX_MAC)) {
+        bx::copy_text(record.szMac, sizeof record.szMac - 1, rt[PRX_MAC]);
+        BX_TRACE_AS(func, "Mac:%s\n", bx::shown(record.szMac).text);
+    }
+    if (bx::present(policy, rt, PRX_BAND)) {
+        record.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, entry_band));
+        BX_TRACE_AS(func, "Band:%u\n", record.uiBand);
+    }
+    BX_TRACE_AS(func, "blobmsg_parse222\n\n");
+    BX_TRACE_AS(func, "blobmsg_for_each_attr444\n\n");
+    record.uiVsieLen = static_cast<uint32_t>(bx::vsie::store_numbers(
+        record.aucVsie, sizeof record.aucVsie, rt[PRX_VSIE], [func](size_t k, uint8_t byte) {
+            BX_TRACE_AS(func, "uiVsiedata:%d\n", static_cast<int>(k));
+            BX_TRACE_AS(func, "VSIE:%d\n", byte);
+        }));
+}
+
+/* The scalar members and the OUI bytes of entry n. Quirk: one counter
+ * (`shared`) indexes both the OUI bytes and the records, and is not reset
+ * between entries, so an entry's OUI bytes start at the previous entry's
+ * record count (and are dropped from 3 on). */
+void read_probe_head(const char *func, blob_attr *const (&el)[PRX_MAX], VsieProbeRxEntry &entry, uint32_t n, uint32_t &shared)
+{
+    const auto &policy = kVsieProberxPolicy;
+    if (bx::present(policy, el, PRX_IDX)) {
+        entry.uiIdx = bx::get_u32(el[PRX_IDX]);
+        BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
+    }
+    if (bx::present(policy, el, PRX_SERVICENAME)) {
+        bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[PRX_SERVICENAME]);
+        BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
+    }
+    if (bx::present(policy, el, PRX_BAND)) {
+        entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
+        BX_TRACE_AS(func, "Band%u:%u\n", n, entry.uiBand);
+    }
+    BX_TRACE_AS(func, "blobmsg_parse4\n\n");
+    if (!bx::present(policy, el, PRX_OUI)) {
+        BX_TRACE_AS(func, "No OUI\n");
+        return;
+    }
+    BX_TRACE_AS(func, "blobmsg_for_each_attr2\n\n");
+    if (shared < sizeof entry.aucOui) {
+        shared += static_cast<uint32_t>(bx::vsie::store_numbers(
+            entry.aucOui + shared, sizeof entry.aucOui - shared, el[PRX_OUI],
+            [func, n](size_t, uint8_t byte) { BX_TRACE_AS(func, "Iedata%u:%d\n", n, byte); }));
+    }
+}
+
+/* Entry n of the list, its records bounded by the entry's array. */
+void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, VsieProbeRxEntry &entry, uint32_t n,
+                      uint32_t &shared)
+{
+    const auto &policy = kVsieProberxPolicy;
+    BX_TRACE_AS(func, "blobmsg_for_each_attr1\n\n");
+    blob_attr *el[PRX_MAX];
+    bx::parse_span(policy, el, cur, msg_end);
+    BX_TRACE_AS(func, "blobmsg_parse3\n\n");
+    read_probe_head(func, el, entry, n, shared);
+    if (!bx::present(policy, el, PRX_RECORD)) {
+        BX_TRACE_AS(func, "JTS_CheckBlobAttr break\n");
+        entry.uiRecordCount = 0;
+        shared = 0;
+        return;
+    }
+    BX_TRACE_AS(func, "JTS_CheckBlobAttr\n");
+    shared = 0;
+    bx::for_each_elem(el[PRX_RECORD], [&](blob_attr *item) {
+        /* Senders send at most eight records; more would be written past
+         * the entry. */
+        if (shared >= VSIE_PROBERX_RECORD_MAX)
+            return false;
+        read_probe_record(func, item, msg_end, el[PRX_BAND], entry.astRecord[shared++]);
+        return true;
+    });
+    BX_TRACE_AS(func, "JTS_CheckBlobAttr end\n\n");
+    entry.uiRecordCount = shared;
+}
+
+} // namespace
+
+extern "C" {
+
+/* Hand-written: one counter indexes both the OUI bytes and the records. */
 BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxList *>(pvRecord);
@@ -178,9 +282,6 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     }
     BX_TRACE("blobmsg_parse2\n\n");
     uint32_t n = 0;
-    /* Quirk: one counter indexes both the OUI bytes and the records, and
-     * is not reset between entries, so an entry's OUI bytes start at the
-     * previous entry's record count (and are dropped from 3 on). */
     uint32_t shared = 0;
     /* Quirk: each record's "vsie" walk reuses this walk's remaining length,
      * so after such an entry that length has wrapped below zero and only
@@ -188,82 +289,11 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
      * are still the list's own up to the list's end; past the end it would
      * read outside the list, so the walk keeps to the list's real bounds. */
     bx::for_each_elem(tb[PRX_LIST], [&](blob_attr *cur) {
-        if (n > 2) {
+        if (n >= kProbeListEntries) {
             BX_TRACE_AS(func, "NULL == cur\n\n");
             return false;
         }
-        BX_TRACE_AS(func, "blobmsg_for_each_attr1\n\n");
-        VsieProbeRxEntry &entry = rec->astEntry[n];
-        blob_attr *el[PRX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRX_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-        BX_TRACE_AS(func, "blobmsg_parse3\n\n");
-        if (bx::present(policy, el, PRX_IDX)) {
-            entry.uiIdx = bx::get_u32(el[PRX_IDX]);
-            BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-        }
-        if (bx::present(policy, el, PRX_SERVICENAME)) {
-            bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[PRX_SERVICENAME]);
-            BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
-        }
-        if (bx::present(policy, el, PRX_BAND)) {
-            entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
-            BX_TRACE_AS(func, "Band%u:%u\n", n, entry.uiBand);
-        }
-        BX_TRACE_AS(func, "blobmsg_parse4\n\n");
-        if (!bx::present(policy, el, PRX_OUI)) {
-            BX_TRACE_AS(func, "No OUI\n");
-        } else {
-            BX_TRACE_AS(func, "blobmsg_for_each_attr2\n\n");
-            if (shared < sizeof entry.aucOui) {
-                shared += static_cast<uint32_t>(bx::vsie::store_numbers(
-                    entry.aucOui + shared, sizeof entry.aucOui - shared, el[PRX_OUI], [func, n](size_t, uint8_t byte) {
-                        BX_TRACE_AS(func, "Iedata%u:%d\n", n, byte);
-                    }));
-            }
-        }
-        if (!bx::present(policy, el, PRX_RECORD)) {
-            BX_TRACE_AS(func, "JTS_CheckBlobAttr break\n");
-            entry.uiRecordCount = 0;
-            shared = 0;
-            ++n;
-            return true;
-        }
-        BX_TRACE_AS(func, "JTS_CheckBlobAttr\n");
-        shared = 0;
-        bx::for_each_elem(el[PRX_RECORD], [&](blob_attr *item) {
-            /* Senders send at most eight records; more would be written
-             * past the entry. */
-            if (shared >= VSIE_PROBERX_RECORD_MAX)
-                return false;
-            BX_TRACE_AS(func, "blobmsg_for_each_attr333\n\n");
-            VsieProbeRxRecord &record = entry.astRecord[shared];
-            blob_attr *rt[PRX_MAX];
-            bx::vsie::parse_member(policy, rt, item, el[PRX_RECORD]);
-            BX_TRACE_AS(func, "blobmsg_parse111\n\n");
-            if (bx::present(policy, rt, PRX_MAC)) {
-                bx::copy_text(record.szMac, sizeof record.szMac - 1, rt[PRX_MAC]);
-                BX_TRACE_AS(func, "Mac:%s\n", bx::shown(record.szMac).text);
-            }
-            if (bx::present(policy, rt, PRX_BAND)) {
-                /* Quirk: the record's "band" only says that there is one;
-                 * the number stored is the entry's word (the word for no
-                 * text when the entry has none). */
-                record.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
-                BX_TRACE_AS(func, "Band:%u\n", record.uiBand);
-            }
-            BX_TRACE_AS(func, "blobmsg_parse222\n\n");
-            BX_TRACE_AS(func, "blobmsg_for_each_attr444\n\n");
-            /* The record's OUI bytes are left alone. */
-            record.uiVsieLen = static_cast<uint32_t>(bx::vsie::store_numbers(
-                record.aucVsie, sizeof record.aucVsie, rt[PRX_VSIE], [func](size_t k, uint8_t byte) {
-                    BX_TRACE_AS(func, "uiVsiedata:%d\n", static_cast<int>(k));
-                    BX_TRACE_AS(func, "VSIE:%d\n", byte);
-                }));
-            ++shared;
-            return true;
-        });
-        BX_TRACE_AS(func, "JTS_CheckBlobAttr end\n\n");
-        entry.uiRecordCount = shared;
+        read_probe_entry(func, cur, bx::end_of(pstMsg), rec->astEntry[n], n, shared);
         ++n;
         return true;
     });
@@ -274,6 +304,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 148 ---- */
 
+/* Hand-written: the service name is sent from the very start of the record. */
 BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -284,9 +315,10 @@ BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the service name lands after an entry's index. */
 BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
@@ -301,6 +333,7 @@ BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 149 ---- */
 
+/* Hand-written: one record inside a list, its OUI before its payload. */
 BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -322,9 +355,10 @@ BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *ps
     return 0;
 }
 
+/* Hand-written: one record read from a list, its band from the entry. */
 BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberx_policy;
+    const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRxRecord *>(pvRecord);
@@ -347,7 +381,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
      * Senders send exactly one. */
     bx::for_each_elem(tb[PRX_RECORD], [&](blob_attr *cur) {
         blob_attr *el[PRX_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRX_RECORD]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         if (bx::present(policy, el, PRX_MAC)) {
             /* The whole array: a 17-character MAC and its terminator. */
             bx::copy_text(rec->szMac, sizeof rec->szMac, el[PRX_MAC]);
@@ -375,6 +409,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 150 ---- */
 
+/* Hand-written: the element bytes go out as a list. */
 BX_API int STJ_Vsie_Proberesp_Add(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -384,9 +419,10 @@ BX_API int STJ_Vsie_Proberesp_Add(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
+/* Hand-written: the element bytes come as a list. */
 BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberesp_policy;
+    const auto &policy = kVsieProberespPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRespEntry *>(pvRecord);
@@ -412,13 +448,11 @@ BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 151 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
-BX_API int JTS_Vsie_Proberesp_Idx(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, bx::vsie::kIndexFields);
-}
+BX_RECEIVED_ROW(JTS_Vsie_Proberesp_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 152 ---- */
 
+/* Hand-written: a list of entries, each with its element bytes. */
 BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -435,9 +469,10 @@ BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf
     return 0;
 }
 
+/* Hand-written: a list of at most three entries, each parsed over its whole span. */
 BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
 {
-    const auto &policy = g_stVsieProberesp_policy;
+    const auto &policy = kVsieProberespPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<VsieProbeRespList *>(pvRecord);
@@ -450,13 +485,13 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     }
     uint32_t n = 0;
     bx::for_each_elem(tb[PRESP_LIST], [&](blob_attr *cur) {
-        if (n > 2) {
+        if (n >= kProbeListEntries) {
             BX_TRACE_AS(func, "NULL == cur\n\n");
             return false;
         }
         VsieProbeRespEntry &entry = rec->astEntry[n];
         blob_attr *el[PRESP_MAX];
-        bx::vsie::parse_member(policy, el, cur, tb[PRESP_LIST]);  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
         if (bx::present(policy, el, PRESP_IDX)) {
             entry.uiIdx = bx::get_u32(el[PRESP_IDX]);
             BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);

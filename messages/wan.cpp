@@ -35,7 +35,10 @@ constexpr bx::Field kWanStatus[] = {
 
 /* ---- IPv6 switch (23) and status report (24) ------------------------------ */
 
-constexpr bx::Field kIpv6Switch = BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d");
+/* The switch is the whole message: without it there is nothing to do. */
+constexpr bx::Field kIpv6Switch[] = {
+    bx::required(BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d"), "ipv6Switch is not valid"),
+};
 
 constexpr bx::Field kIpv6Info[] = {
     BX_WORD(Ipv6Info, uiEnable, EnumSwitch, "IPv6enable", "IPv6 Status: %d"),
@@ -62,47 +65,29 @@ constexpr bx::Field kDhcp[] = {
 
 /* ---- Configurations with validity bits (26, 27) ------------------------------ */
 
-/* A configuration field with its validity bit: storing the field sets `bit`
- * in uiCapaFlag, and the field is sent while uiCapaFlag has any bit of
- * `sent_if`. */
-struct Flagged {
-    bx::Field field;
-    uint32_t bit;
-    uint32_t sent_if;
-};
-
-/* Any validity bit at all among the low 16. */
-constexpr uint32_t kAnyLowBit = 0xFFFF;
-
-template <size_t N>
-void emit_flagged(const Flagged (&fields)[N], const void *record, uint32_t capa, blob_buf *buf)
-{
-    for (const Flagged &f : fields) {
-        if ((capa & f.sent_if) != 0)
-            bx::emit_field(f.field, record, buf);
-    }
-}
-
-/* Static address: policy order and sending order are the same. */
-constexpr Flagged kStatic[] = {
-    {BX_TEXT(WanStaticConfig, szIp, "ip", "IP:%s"), WAN_CAPA_IP, WAN_CAPA_IP},
-    {BX_TEXT(WanStaticConfig, szSubMask, "submask", "SubMask:%s"), WAN_CAPA_SUBMASK, WAN_CAPA_SUBMASK},
-    {BX_TEXT(WanStaticConfig, szGwIp, "gwip", "GwIP:%s"), WAN_CAPA_GW_IP, WAN_CAPA_GW_IP},
-    {BX_U32(WanStaticConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU, WAN_CAPA_MTU},
-    {BX_TEXT(WanStaticConfig, szDnsMaster, "dnsmaster", "DnsMaster:%s"), WAN_CAPA_DNS_MASTER, WAN_CAPA_DNS_MASTER},
+/* Static address: storing a field sets its validity bit in uiCapaFlag; it is
+ * sent while uiCapaFlag has that bit. Policy order and sending order are the
+ * same. */
+constexpr bx::Field kStatic[] = {
+    bx::flagged(BX_TEXT(WanStaticConfig, szIp, "ip", "IP:%s"), WAN_CAPA_IP),
+    bx::flagged(BX_TEXT(WanStaticConfig, szSubMask, "submask", "SubMask:%s"), WAN_CAPA_SUBMASK),
+    bx::flagged(BX_TEXT(WanStaticConfig, szGwIp, "gwip", "GwIP:%s"), WAN_CAPA_GW_IP),
+    bx::flagged(BX_U32(WanStaticConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU),
+    bx::flagged(BX_TEXT(WanStaticConfig, szDnsMaster, "dnsmaster", "DnsMaster:%s"), WAN_CAPA_DNS_MASTER),
     /* Quirk: sent with any low validity bit, not only its own (maybe as ""). */
-    {BX_TEXT(WanStaticConfig, szDnsSlave, "dnsslave", "DnsSlave:%s"), WAN_CAPA_DNS_SLAVE, kAnyLowBit},
+    bx::flagged(BX_TEXT(WanStaticConfig, szDnsSlave, "dnsslave", "DnsSlave:%s"), WAN_CAPA_DNS_SLAVE, bx::kAnyLowBit),
+    /* Looked for like every key, never read: a sender cannot set the word. */
+    bx::listed_only(BX_U32(WanStaticConfig, uiCapaFlag, "capaflag", nullptr)),
 };
-constexpr size_t kStaticCount = sizeof kStatic / sizeof kStatic[0];
 
 /* PPPoE, in sending order (the policy below has "mtu" third). */
-constexpr Flagged kPppoeSent[] = {
-    {BX_TEXT(WanPppoeConfig, szUser, "user", nullptr), WAN_CAPA_PPPOE_USER, WAN_CAPA_PPPOE_USER},
-    {BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr), WAN_CAPA_PPPOE_PWD, WAN_CAPA_PPPOE_PWD},
-    {BX_TEXT(WanPppoeConfig, szServer, "server", nullptr), WAN_CAPA_PPPOE_SERVER, WAN_CAPA_PPPOE_SERVER},
-    {BX_TEXT(WanPppoeConfig, szService, "service", nullptr), WAN_CAPA_PPPOE_SERVICE, WAN_CAPA_PPPOE_SERVICE},
+constexpr bx::Field kPppoeSent[] = {
+    bx::flagged(BX_TEXT(WanPppoeConfig, szUser, "user", nullptr), WAN_CAPA_PPPOE_USER),
+    bx::flagged(BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr), WAN_CAPA_PPPOE_PWD),
+    bx::flagged(BX_TEXT(WanPppoeConfig, szServer, "server", nullptr), WAN_CAPA_PPPOE_SERVER),
+    bx::flagged(BX_TEXT(WanPppoeConfig, szService, "service", nullptr), WAN_CAPA_PPPOE_SERVICE),
     /* Quirk: sent with any low validity bit, not only its own. */
-    {BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr), WAN_CAPA_MTU, kAnyLowBit},
+    bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr), WAN_CAPA_MTU, bx::kAnyLowBit),
 };
 
 enum { PPPOE_USER, PPPOE_PWD, PPPOE_MTU, PPPOE_SERVER, PPPOE_SERVICE, PPPOE_CAPAFLAG, PPPOE_MAX };
@@ -130,101 +115,19 @@ void take_account(char (&field)[sizeof(WanPppoeConfig::szUser)], blob_attr *attr
 
 extern "C" {
 
-BX_API int STJ_WanStatus(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kWanStatus);
-}
+BX_FIELD_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
 
-BX_API int JTS_WanStatus(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kWanStatus);
-}
+BX_FIELD_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
 
-BX_API int STJ_IPv6Enable(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, &kIpv6Switch, 1);
-}
+BX_FIELD_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
 
-BX_API int JTS_IPv6Enable(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { IPV6_STATUS, IPV6_MAX };
-    static const blobmsg_policy policy[IPV6_MAX] = {
-        /* IPV6_STATUS */ {"IPv6status", BLOBMSG_TYPE_STRING},
-    };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[IPV6_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* The switch is the whole message: without it there is nothing to do. */
-    if (!bx::present(policy, tb, IPV6_STATUS)) {
-        BX_TRACE("ipv6Switch is not valid\n");
-        return -1;
-    }
-    bx::store_field(__func__, kIpv6Switch, tb[IPV6_STATUS], pvRecord);
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
 
-BX_API int STJ_IPv6Info(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kIpv6Info);
-}
+BX_MASKED_CONVERTERS(STJ_Static, JTS_Static, WanStaticConfig, uiCapaFlag, kStatic, kStatic)
 
-BX_API int JTS_IPv6Info(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kIpv6Info);
-}
+BX_SENT_ROW(STJ_Pppoe, kPppoeSent, static_cast<int>(offsetof(WanPppoeConfig, uiCapaFlag)))
 
-BX_API int STJ_Dhcp(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return bx::stj_fields(pvRecord, pstBuf, kDhcp);
-}
-
-BX_API int JTS_Dhcp(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return bx::jts_fields(__func__, pstMsg, pvRecord, kDhcp);
-}
-
-BX_API int STJ_Static(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const WanStaticConfig *>(pvRecord);
-    emit_flagged(kStatic, rec, rec->uiCapaFlag, pstBuf);
-    return 0;
-}
-
-BX_API int JTS_Static(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WanStaticConfig *>(pvRecord);
-    /* The fields in table order, then "capaflag". */
-    blobmsg_policy policy[kStaticCount + 1];
-    for (size_t i = 0; i < kStaticCount; ++i)
-        policy[i] = blobmsg_policy{kStatic[i].field.key, bx::wire_type(kStatic[i].field.how)};
-    policy[kStaticCount] = blobmsg_policy{"capaflag", BLOBMSG_TYPE_INT32};
-    blob_attr *tb[kStaticCount + 1];
-    bx::parse(policy, tb, pstMsg);
-    for (size_t i = 0; i < kStaticCount; ++i) {
-        if (!JTS_CheckBlobAttr(policy[i].name, tb[i]))
-            continue;
-        bx::store_field(__func__, kStatic[i].field, tb[i], rec);
-        rec->uiCapaFlag |= kStatic[i].bit;
-    }
-    /* Looked for like every key, never read. */
-    (void)JTS_CheckBlobAttr(policy[kStaticCount].name, tb[kStaticCount]);
-    return 0;
-}
-
-BX_API int STJ_Pppoe(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const WanPppoeConfig *>(pvRecord);
-    emit_flagged(kPppoeSent, rec, rec->uiCapaFlag, pstBuf);
-    return 0;
-}
-
+/* Hand-written: the server's trace line shows the password. */
 BX_API int JTS_Pppoe(struct blob_attr *pstMsg, void *pvRecord)
 {
     if (pstMsg == nullptr || pvRecord == nullptr)

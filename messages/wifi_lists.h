@@ -17,23 +17,11 @@ namespace bx::wifi {
 
 /* Parses the members of a message (fields_of_msg) or of a list element
  * (fields_of_elem) against the keys of a field table, one slot per field. */
-template <size_t N>
-inline void parse_fields(const Field (&fields)[N], blob_attr *(&tb)[N], void *data, size_t len)
+template <const auto &Table>
+inline void fields_of_msg(blob_attr *(&tb)[Described<Table>::count], blob_attr *msg)
 {
-    blobmsg_policy policy[N] = {};
-    for (size_t i = 0; i < N; ++i)
-        policy[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].how)};
-    blobmsg_parse(policy, static_cast<int>(N), tb, data, static_cast<unsigned>(len));
-}
-template <size_t N>
-inline void fields_of_msg(const Field (&fields)[N], blob_attr *(&tb)[N], blob_attr *msg)
-{
-    parse_fields(fields, tb, blob_data(msg), blob_len(msg));
-}
-template <size_t N>
-inline void fields_of_elem(const Field (&fields)[N], blob_attr *(&tb)[N], blob_attr *elem)
-{
-    parse_fields(fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
+    blobmsg_parse(Described<Table>::policy.entries, static_cast<int>(Described<Table>::count), tb, blob_data(msg),
+                  blob_len(msg));
 }
 
 /* Stores field `slot` when its attribute is there; an absent one is traced
@@ -49,13 +37,10 @@ inline bool store_if_present(const char *func, const Field (&fields)[N], blob_at
 }
 
 /* One list element into one entry, every key optional. */
-template <size_t N>
-inline void store_entry(const char *func, const Field (&fields)[N], blob_attr *elem, void *entry)
+template <const auto &Table>
+inline void store_entry(const char *func, blob_attr *elem, void *entry)
 {
-    blob_attr *tb[N];
-    fields_of_elem(fields, tb, elem);
-    for (size_t i = 0; i < N; ++i)
-        store_if_present(func, fields, tb, i, entry);
+    read_area<Table>(func, blobmsg_data(elem), blobmsg_data_len(elem), entry);
 }
 
 /* Hands the elements of a received list to fill(elem, n) for entries

@@ -314,7 +314,7 @@ TEST(RadioApFromTree, TracesNameWhatIsStoredAndRefused)
         {MSG_AP_BASIC, R"({"radio": "5G", "apindex": 0, "key": "pw", "standard": "11n"})", 0,
          {"JTS_ApBasic: radio:1\n", "JTS_ApBasic: apindex:0\n", absent + "status\n", absent + "ssid\n",
           absent + "initalssid\n", absent + "bssid\n", absent + "auth\n", absent + "encrypt\n", "JTS_ApBasic: key:pw\n",
-          absent + "hide\n"}},
+          absent + "hide\n", absent + "ValidTime\n", absent + "RestTime\n", absent + "capaflag\n"}},
         {MSG_RADIO_BASIC,
          R"({"radio": "5G", "standard": "11b/11x", "load": 1, "noiselevel": 2, "realbandwidth": "20M",
              "realchannel": 3, "apcount": 4, "bandwidth": "auto", "txpower": "100%", "status": "disable", "channel": 1})",
@@ -323,7 +323,7 @@ TEST(RadioApFromTree, TracesNameWhatIsStoredAndRefused)
           "JTS_RadioBasic: channel:1\n", "JTS_RadioBasic: bandwidth:0\n",
           "PARATRANS_String_To_Int: [standard] is not valid.\n", "JTS_RadioBasic: standard:0\n",
           "JTS_RadioBasic: realbandwidth:1\n", "JTS_RadioBasic: realchannel:3\n", "JTS_RadioBasic: apcount:4\n",
-          "JTS_RadioBasic: load:1\n", "JTS_RadioBasic: noiselevel:2\n"}},
+          "JTS_RadioBasic: load:1\n", "JTS_RadioBasic: noiselevel:2\n", absent + "capaflag\n"}},
         {MSG_RADIO_BASIC, R"({"channel": 6})", -1, {absent + "radio\n", "JTS_RadioBasic: [radio] is not valid.\n"}},
     };
     for (const TraceCase &c : cases) {

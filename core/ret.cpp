@@ -1,0 +1,18 @@
+/* The generic result reply (type 0): one unsigned result code. */
+#include "blobxlate.h"
+#include "core/codec.h"
+
+namespace {
+
+constexpr bx::Field kRet[] = {
+    /* Without its one member the reply says nothing: refused. */
+    bx::required(BX_U32(RetParam, espResult, "espResult", "esp ret:%d"), nullptr),
+};
+
+} // namespace
+
+extern "C" {
+
+BX_FIELD_CONVERTERS(STJ_Ret, JTS_Ret, kRet)
+
+} // extern "C"

@@ -1,0 +1,116 @@
+// Rules shared by every list and every policy: how a list is walked, how far
+// an element's parse reaches, and which keys a policy tests.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support.h"
+
+namespace {
+
+using bxtest::Buf;
+using bxtest::Msg;
+using bxtest::TraceCapture;
+
+// ---- Walking a list -----------------------------------------------------------
+
+// An unnamed INT32 element whose value has `len` bytes (at most 8).
+void add_number(blob_buf *b, uint32_t value, unsigned len)
+{
+    uint8_t be[8] = {uint8_t(value >> 24), uint8_t(value >> 16), uint8_t(value >> 8), uint8_t(value)};
+    blobmsg_add_field(b, BLOBMSG_TYPE_INT32, nullptr, be, len);
+}
+
+TEST(ListWalk, MalformedValueReadsAsNothingAndTheWalkGoesOn)
+{
+    struct Case {
+        unsigned middle_len;  // bytes of the middle element's value
+        std::vector<uint32_t> stored;
+    };
+    for (const Case &c : {Case{4, {1, 2, 3}}, Case{2, {1, 3, 0}}, Case{8, {1, 3, 0}}}) {
+        SCOPED_TRACE(c.middle_len);
+        Buf b;
+        blobmsg_add_u32(b.get(), "lan", 3);
+        void *list = blobmsg_open_array(b.get(), "lanindex");
+        add_number(b.get(), 1, 4);
+        add_number(b.get(), 2, c.middle_len);
+        add_number(b.get(), 3, 4);
+        blob_nest_end(b.get(), list);
+        PortNum rec{};
+        ASSERT_EQ(JSON_TRANS_STRUCT(MSG_PORT_NUM, b.head(), &rec), 0);
+        EXPECT_EQ(std::vector<uint32_t>(rec.auiLanIndex, rec.auiLanIndex + 3), c.stored);
+    }
+}
+
+TEST(ListWalk, EndsAtAnElementLongerThanWhatRemains)
+{
+    Buf b;
+    blobmsg_add_u32(b.get(), "lan", 3);
+    void *list = blobmsg_open_array(b.get(), "lanindex");
+    add_number(b.get(), 1, 4);
+    add_number(b.get(), 2, 4);
+    blob_nest_end(b.get(), list);
+    // The array's payload loses the second element's last 4 bytes: its
+    // header now claims more than remains.
+    auto *arr = static_cast<blob_attr *>(blob_next(static_cast<blob_attr *>(blob_data(b.head()))));
+    blob_set_raw_len(arr, static_cast<unsigned>(blob_raw_len(arr) - 4));
+    PortNum rec{};
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_PORT_NUM, b.head(), &rec), 0);
+    EXPECT_EQ(rec.auiLanIndex[0], 1u);
+    EXPECT_EQ(rec.auiLanIndex[1], 0u);
+}
+
+// ---- How far an element's parse reaches ------------------------------------------
+
+// An element's parse spans its whole payload, name header included: past a
+// named last element it reaches the member that follows the list.
+TEST(ElementSpan, LastElementSeesTheMemberAfterTheList)
+{
+    Buf b;
+    blobmsg_add_u32(b.get(), "count", 1);
+    void *list = blobmsg_open_array(b.get(), "list");
+    void *entry = blobmsg_open_table(b.get(), "an-element-name-long-enough-to-reach");
+    blobmsg_add_u32(b.get(), "idx", 4);
+    blob_nest_end(b.get(), entry);
+    blob_nest_end(b.get(), list);
+    blobmsg_add_u32(b.get(), "ssididx", 7);
+    VsieBeaconTxList rec{};
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_LIST, b.head(), &rec), 0);
+    EXPECT_EQ(rec.astEntry[0].uiIdx, 4u);
+    EXPECT_EQ(rec.astEntry[0].uiSsidIdx, 7u);
+}
+
+// ---- Keys a policy lists but no converter reads ------------------------------------
+
+TEST(ListedKeys, TestedForPresenceAndNeverStored)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    struct Case {
+        int type;
+        std::vector<std::string> absent;  // keys reported absent from a minimal message
+    };
+    for (const Case &c : {Case{MSG_RADIO_BASIC, {"capaflag"}}, Case{MSG_AP_BASIC, {"ValidTime", "RestTime", "capaflag"}},
+                          Case{MSG_AP_ADVANCED, {"capaflag"}}, Case{MSG_AP_RATE_LIMIT, {"capaflag"}}}) {
+        SCOPED_TRACE(c.type);
+        ApBasicRec rec{};  // the largest record of these
+        TraceCapture cap;
+        ASSERT_EQ(JSON_TRANS_STRUCT(c.type, Msg(R"({"radio": "5G", "apindex": 1})"), &rec), 0);
+        const std::vector<std::string> lines = cap.take();
+        for (const std::string &key : c.absent) {
+            const std::string line = "JTS_CheckBlobAttr: Illegal parameter: " + key + "\n";
+            EXPECT_EQ(std::count(lines.begin(), lines.end(), line), 1) << key;
+        }
+    }
+    ApBasicRec ap{};
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_AP_BASIC,
+                                Msg(R"({"radio": "5G", "apindex": 1, "ValidTime": 5, "RestTime": 6, "capaflag": 255})"),
+                                &ap),
+              0);
+    EXPECT_EQ(ap.uiValidTime, 0u);
+    EXPECT_EQ(ap.uiRestTime, 0u);
+    EXPECT_EQ(ap.capaflag, 0u);
+}
+
+} // namespace
