@@ -32,6 +32,7 @@ extern "C" {
 
 BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *pstBuf)
 {
+    BX_TRACE_CALL();
     if (pstBuf == nullptr || pvRecord == nullptr)
         return -1;
     const MessageTransEntry *row = find_row(g_astStructToJson_Func, g_iStructToJson_FuncNum, iType);
@@ -47,6 +48,7 @@ BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *p
 
 BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord)
 {
+    BX_TRACE_CALL();
     if (pvRecord == nullptr || pstMsg == nullptr)
         return -1;
     /* Rendering the message costs a walk and an allocation: only while the
@@ -69,6 +71,7 @@ BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord
 
 BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr)
 {
+    BX_TRACE_CALL();
     if (pstAttr != nullptr)
         return 1;
     BX_TRACE("Illegal parameter: %s\n", pcKey != nullptr ? pcKey : "");
@@ -79,6 +82,7 @@ BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr)
 
 BX_API int STJ_Ret(const void *pvRecord, struct blob_buf *pstBuf)
 {
+    BX_TRACE_CALL();
     if (pvRecord == nullptr || pstBuf == nullptr)
         return -1;
     const auto *rec = static_cast<const RetParam *>(pvRecord);
@@ -88,6 +92,7 @@ BX_API int STJ_Ret(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_API int JTS_Ret(struct blob_attr *pstMsg, void *pvRecord)
 {
+    BX_TRACE_CALL();
     enum { RET_RESULT, RET_MAX };
     static const blobmsg_policy policy[RET_MAX] = {
         /* RET_RESULT */ {"espResult", BLOBMSG_TYPE_INT32},

@@ -17,9 +17,26 @@ BlobxlateTraceSink g_sink = nullptr;
 void *g_sink_context = nullptr;
 const char *g_switch = BLOBXLATE_SWITCH_FILE;
 
+bool switch_exists() { return access(g_switch, F_OK) == 0; }
+
 } // namespace
 
-bool trace_enabled() { return access(g_switch, F_OK) == 0; }
+#ifdef BLOBXLATE_TRACE_CALL
+
+bool trace_enabled()
+{
+    if (t_call.depth == 0)
+        return switch_exists();
+    if (t_call.answer == Switch::Unknown)
+        t_call.answer = switch_exists() ? Switch::On : Switch::Off;
+    return t_call.answer == Switch::On;
+}
+
+#else
+
+bool trace_enabled() { return switch_exists(); }
+
+#endif
 
 void trace(const char *func, int line, const char *fmt, ...)
 {
