@@ -66,14 +66,18 @@ TEST_F(SinkTest, TakesEachLineAsPrefixAndTextWhileTheSwitchExists)
     EXPECT_THAT(g_heard.prefixes, ElementsAre(MatchesRegex(R"(\[JTS_CheckBlobAttr\.[0-9]+\]: )")));
     EXPECT_THAT(g_heard.texts, ElementsAre("Illegal parameter: k\n"));
     EXPECT_EQ(cap.take_raw(), "");  // the console is left alone
+    const std::string key(2000, 'k');  // longer than any line buffer: still one whole line
+    JTS_CheckBlobAttr(key.c_str(), nullptr);
+    ASSERT_EQ(g_heard.texts.size(), 2u);
+    EXPECT_EQ(g_heard.texts[1], "Illegal parameter: " + key + "\n");
     cap.set_enabled(false);
     JTS_CheckBlobAttr("absent", nullptr);
-    EXPECT_EQ(g_heard.texts.size(), 1u);
+    EXPECT_EQ(g_heard.texts.size(), 2u);
     BLOBXLATE_SetTraceSink(nullptr, nullptr);  // back to the console
     cap.set_enabled(true);
     JTS_CheckBlobAttr("console", nullptr);
     EXPECT_THAT(cap.take_texts(), ElementsAre("Illegal parameter: console\n"));
-    EXPECT_EQ(g_heard.texts.size(), 1u);
+    EXPECT_EQ(g_heard.texts.size(), 2u);
 }
 
 // A conversion of four lines whose first line removes the switch: the per-
