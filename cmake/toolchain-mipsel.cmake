@@ -17,7 +17,10 @@ set(CMAKE_PREFIX_PATH /usr/lib/mipsel-linux-gnu/cmake)
 set(ENV{PKG_CONFIG_LIBDIR} /usr/lib/mipsel-linux-gnu/pkgconfig:/usr/share/pkgconfig)
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-mipsel;-L;/usr/mipsel-linux-gnu)
 # qemu-user 7.2 crashes in mipsel programs that start threads through the
-# dynamic loader: link the programs statically (the library itself is still
-# built shared, for its footprint).
+# dynamic loader: link the programs statically. A build of the library alone
+# (its footprint) passes -DBLOBXLATE_STATIC_DEPS=OFF to link json-c as the
+# router does, shared.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
-set(BLOBXLATE_STATIC_DEPS ON)
+if(NOT DEFINED BLOBXLATE_STATIC_DEPS)
+  set(BLOBXLATE_STATIC_DEPS ON)
+endif()
