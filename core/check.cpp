@@ -6,9 +6,10 @@
 
 extern "C" BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr)
 {
-    BX_TRACE_CALL();
+    /* Called for every field: the scope is opened only when a line follows. */
     if (pstAttr != nullptr)
         return 1;
+    BX_TRACE_CALL();
     BX_TRACE("Illegal parameter: %s\n", pcKey != nullptr ? pcKey : "");
     return 0;
 }

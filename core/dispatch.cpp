@@ -12,6 +12,7 @@ extern "C" {
 
 BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *pstBuf)
 {
+    BX_TRACE_CALL();
     if (pstBuf == nullptr || pvRecord == nullptr)
         return -1;
     const MessageTransEntry *row = BLOBXLATE_FindRow(BLOBXLATE_TO_JSON, iType);
@@ -27,6 +28,7 @@ BX_API int STRUCT_TRANS_JSON(int iType, const void *pvRecord, struct blob_buf *p
 
 BX_API int JSON_TRANS_STRUCT(int iType, struct blob_attr *pstMsg, void *pvRecord)
 {
+    BX_TRACE_CALL();
     if (pvRecord == nullptr || pstMsg == nullptr)
         return -1;
     /* Rendering the message costs a walk and an allocation: only while the

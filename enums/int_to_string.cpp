@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "blobxlate.h"
+#include "core/trace.h"
 #include "enums/words.h"
 
 namespace {
@@ -69,6 +70,7 @@ const char *standards(int value)
 
 extern "C" BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue)
 {
+    BX_TRACE_CALL();
     /* An unknown kind still yields something printable: the number itself. */
     const bx::WordList *k = bx::find_word_list(iKind);
     if (k == nullptr)

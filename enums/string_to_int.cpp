@@ -61,6 +61,7 @@ bool parse_standards(char *text, int *bits)
 
 extern "C" BX_API int PARATRANS_String_To_Int(int iKind, char *pcText)
 {
+    BX_TRACE_CALL();
     const bx::WordList *k = bx::find_word_list(iKind);
     if (k == nullptr)
         return -1;

@@ -314,11 +314,12 @@ BX_API int JTS_CheckBlobAttr(const char *pcKey, struct blob_attr *pstAttr);
 
 /* Where trace lines go. By default each line is written to the console
  * device; a daemon that keeps its own log (syslog, a ring buffer) installs a
- * sink instead and receives every line as one call: pcPrefix is
- * "[function.line]: " and pcText the line itself, with its line end. The
- * switch file still decides whether lines are made at all. A null sink
- * restores the console. Set it once at start-up, before any conversion
- * runs: the library reads it without a lock. */
+ * sink instead and receives every line whole as one call, on the thread
+ * that converts: pcPrefix is "[function.line]: " and pcText the line itself,
+ * with its line end; both are valid only during the call, and pvContext is
+ * passed through. The switch file still decides whether lines are made at
+ * all. A null sink restores the console. Set it once at start-up, before any
+ * conversion runs: the library reads it without a lock. */
 typedef void (*BlobxlateTraceSink)(void *pvContext, const char *pcPrefix, const char *pcText);
 BX_API void BLOBXLATE_SetTraceSink(BlobxlateTraceSink pfnSink, void *pvContext);
 

@@ -1,8 +1,9 @@
 // The records are shared with C daemons by memory layout: their sizes and
 // field offsets are part of the interface, and a change to any of them must
-// be deliberate. These numbers are the layout on the 64-bit hosts and
-// big-endian target the suite runs on (records hold only fixed-size fields,
-// except the station list's pointer).
+// be deliberate. These numbers hold on every ABI the suite runs on: the
+// 64-bit hosts, s390x (big-endian, LP64) and mipsel (o32, ILP32), where
+// 64-bit members are 8-aligned alike. Records hold only fixed-size fields,
+// except the station list's pointer, the one place where the ABIs differ.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -43,10 +44,17 @@ void check(const char *record, size_t actual, size_t expected, std::initializer_
     } while (0)
 #define F(field, n) Pin{#field, offsetof(R, field), n}
 
+/* The station list's record per pointer width: size, offset of the pointer. */
+struct PointerLayout {
+    size_t sta_list_size, sta_list_pointer;
+};
+constexpr PointerLayout kLp64{16, 8};  // 64-bit hosts, s390x
+constexpr PointerLayout kIlp32{8, 4};  // mipsel o32
+constexpr PointerLayout kPointers = sizeof(void *) == 8 ? kLp64 : kIlp32;
+
 TEST(Layout, RecordSizesAndOffsetsArePinned)
 {
-    if (sizeof(void *) != 8)
-        GTEST_SKIP() << "pinned for 64-bit targets";
+    ASSERT_TRUE(sizeof(void *) == 8 || sizeof(void *) == 4) << "no layout pinned for this pointer width";
     LAYOUT(RetParam, 4, F(espResult, 0));
     LAYOUT(HwInfoParam, 352, F(szVendor, 0), F(szModel, 16), F(szVersion, 48), F(szDescriptionUrl, 80),
            F(szCpuModel, 144), F(uiFlashSize, 176), F(uiRamSize, 180), F(uiLanPortsMax, 184), F(auiLanMaxRate, 188),
@@ -146,7 +154,7 @@ TEST(Layout, RecordSizesAndOffsetsArePinned)
            F(bFromWifi6, 464), F(eMacStatus, 468), F(uiRxBytes, 472), F(uiTxBytes, 480), F(uiRxPackets, 488),
            F(uiTxPackets, 496), F(uiTxRetryPackets, 504), F(uiRxRetryPackets, 512), F(uiTxFailedPackets, 520),
            F(uiRxFailedPackets, 528), F(uiTxDiscard, 536));
-    LAYOUT(StaListInfo, 16, F(uiStaNumofEsps, 0), F(pstListInfo, 8));
+    LAYOUT(StaListInfo, kPointers.sta_list_size, F(uiStaNumofEsps, 0), F(pstListInfo, kPointers.sta_list_pointer));
     LAYOUT(StaMac, 32, F(szMac, 0));
     LAYOUT(StaTraffic, 56, F(szMac, 0), F(uiTxBytes, 32), F(uiRxBytes, 36), F(uiTxPackets, 40), F(uiRxPackets, 44),
            F(uiTxErrors, 48), F(uiRxErrors, 52));
