@@ -6,12 +6,8 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 #include <stdexcept>
-
-extern "C" {
-#include <libubox/blobmsg_json.h>
-}
 
 namespace bxtest {
 
@@ -133,12 +129,8 @@ void describe(std::string &out, blob_attr *attr, bool named)
 
 Msg::Msg(const char *text)
 {
-    if (text[0] == '{') {
-        if (!blobmsg_add_json_from_string(buf_.get(), text))
-            throw std::runtime_error(std::string("test message is not a JSON object: ") + text);
-    } else if (*add_members(buf_.get(), text, true) != '\0') {
+    if (*add_members(buf_.get(), text, true) != '\0')
         bad_notation(text);
-    }
 }
 
 std::string typed(blob_attr *table)

@@ -2,7 +2,6 @@
 #ifndef BLOBXLATE_TESTS_SUPPORT_H
 #define BLOBXLATE_TESTS_SUPPORT_H
 
-#include <cstring>
 #include <string>
 
 #include "blobxlate.h"
@@ -31,10 +30,8 @@ private:
 // pins the whole wire form.
 std::string typed(blob_attr *table);
 
-// A received message, written either as JSON text (starting with '{';
-// integers that fit 32 bits travel as INT32, larger ones as INT64) or in the
-// notation of typed(), which also says each member's blobmsg type. Texts in
-// that notation run to the next double quote.
+// A received message, written in the notation of typed(), which says each
+// member's blobmsg type. Texts run to the next double quote.
 class Msg {
 public:
     explicit Msg(const char *text);
@@ -68,38 +65,9 @@ struct Case {
 };
 void expect_case(const Case &c);
 
-// A record inside a larger filled area: whatever a converter writes outside
-// the record shows as a changed guard byte.
-template <typename Rec>
-struct Guarded {
-    unsigned char before[64];
-    Rec rec;
-    unsigned char after[64];
-    explicit Guarded(unsigned char rec_fill = 0)
-    {
-        std::memset(before, 0x5A, sizeof before);
-        std::memset(after, 0x5A, sizeof after);
-        std::memset(&rec, rec_fill, sizeof rec);
-    }
-    bool intact() const
-    {
-        for (size_t i = 0; i < sizeof before; ++i)
-            if (before[i] != 0x5A || after[i] != 0x5A)
-                return false;
-        return true;
-    }
-};
-
 // The row of `type` in a dispatch table, or null.
 const MessageTransEntry *find_row(const MessageTransEntry *table, int count, int type);
 
 } // namespace bxtest
-
-// Trace assertions hold only where the trace can be captured.
-#define BX_EXPECT_TRACE(received, text)                  \
-    do {                                                 \
-        if (::bxtest::trace_paths_private())             \
-            EXPECT_EQ((received).trace, std::string(text)); \
-    } while (0)
 
 #endif

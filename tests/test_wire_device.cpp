@@ -258,7 +258,9 @@ const Case kPorts[] = {
 };
 
 // Refusals: what a message without a required key, or with a value out of
-// range, answers and traces; fields stored before stay stored.
+// range, answers and traces; fields stored before stay stored. The switch
+// messages (firewall, LED, dual-band sync) share one rule, shown on
+// MSG_FIRE_WALL.
 const Case kRefusals[] = {
     {MSG_RET, "",
      "Illegal parameter: espResult\n",
@@ -267,12 +269,6 @@ const Case kRefusals[] = {
      "Illegal parameter: password\n",
      R"(password=s"")", -1},
     {MSG_FIRE_WALL, "",
-     "Illegal parameter: status\n",
-     R"(status=s"disable")", -1},
-    {MSG_LED_STATUS, "",
-     "Illegal parameter: status\n",
-     R"(status=s"disable")", -1},
-    {MSG_DUALBAND_SYNC_STATUS, "",
      "Illegal parameter: status\n",
      R"(status=s"disable")", -1},
     {MSG_CTCC_ELINK_STATUS, R"(name=s"x")",
