@@ -67,6 +67,10 @@ const Case kMesh[] = {
     {MSG_WIFI_TOPO_MAC, R"(maclist=[s"a" i32:1 s"b"])",
      "mac:a\nmac:b\ncount:2\n",
      R"(count=i32:2 maclist=[s"a" s"b"])"},
+    // A text longer than its slot keeps the slot's last byte for the terminator.
+    {MSG_WIFI_TOPO_MAC, R"(maclist=[s"0123456789abcdef0123456789abcdefXYZ"])",
+     "mac:0123456789abcdef0123456789abcde\ncount:1\n",
+     R"(count=i32:1 maclist=[s"0123456789abcdef0123456789abcde"])"},
     {MSG_WIFI_TOPO_AP_MAP, R"(mac=s"m" bssid2g=s"b2" bssid5g=s"b5")",
      "mac:m\nbssid2g:b2\nbssid5g:b5\n"},
     {MSG_WIFI_TOPO_CHANGE, R"(mac=s"m" action=s"modify")",
