@@ -3,6 +3,8 @@
 // gives, and the record is sent back (see bxtest::Case).
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support.h"
 
 using bxtest::Case;
@@ -257,4 +259,23 @@ TEST(Wire, Filters) { for (const Case &c : kFilters) bxtest::expect_case(c); }
 TEST(Wire, Vsie) { for (const Case &c : kVsie) bxtest::expect_case(c); }
 TEST(Refusals, Services) { for (const Case &c : kRefusals) bxtest::expect_case(c); }
 
+
+// The set message's "protocol" text is walked as if it held attributes: each
+// word lands in slot 0 (the last one wins) and the trace prints slot 1.
+TEST(Quirks, QosSetProtocolTextIsWalkedAsAttributes)
+{
+    bxtest::Buf inner, outer;
+    for (const char *word : {"tcp", "udp", "icmp"})
+        blobmsg_add_string(inner.get(), nullptr, word);
+    blobmsg_add_field(outer.get(), BLOBMSG_TYPE_STRING, "protocol", blob_data(inner.head()), blob_len(inner.head()));
+    QosClassRule rule{};
+    rule.auiProtocol[1] = 9;
+    bxtest::TraceCapture cap;
+    EXPECT_EQ(JSON_TRANS_STRUCT(MSG_QOS_CLASSIFICATION_SET, outer.head(), &rule), 0);
+    EXPECT_EQ(rule.auiProtocol[0], 3u);
+    if (bxtest::trace_paths_private()) {
+        std::vector<std::string> texts = cap.take_texts();
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), "protocol:9\n"), 3);
+    }
+}
 } // namespace

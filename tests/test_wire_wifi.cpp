@@ -214,12 +214,10 @@ const Case kRoaming[] = {
     {MSG_ROAMING_BSS_TRANS, R"(sta=s"a0:b1:c2:d3:e4:f5" channel=i32:11)",
      "sta:a0:b1:c2:d3:\nIllegal parameter: bssid\nchannel:11\n",
      R"(sta=s"a0:b1:c2:d3:" bssid=s"" channel=i32:11)"},
-    {MSG_ROAMING_REPORT, R"(mac=s"aa:bb:cc:dd:ee:ff" radio=s"5G" rssi=i32:-60 support11k=s"true")",
-     "mac:aa:bb:cc:dd:ee:ff\nIllegal parameter: bssid\nIllegal parameter: connecttime\nrssi:-60\nradio:1\n"
-     "Illegal parameter: channel\nIllegal parameter: rxRate\nIllegal parameter: txRate\nsupport11k:1\n"
-     "Illegal parameter: support11v\n",
-     R"(mac=s"aa:bb:cc:dd:ee:ff" connecttime=i32:0 rssi=i32:-60 radio=s"5G" channel=i32:0 bssid=s"" rxRate=i32:0 )"
-     R"(txRate=i32:0 support11k=s"true" support11v=s"false")"},
+    {MSG_ROAMING_REPORT, R"(mac=s"aa:bb:cc:dd:ee:ff" connecttime=i32:30 rssi=i32:-60 radio=s"5G" channel=i32:36 )"
+     R"(bssid=s"11:22:33:44:55:66" rxRate=i32:100 txRate=i32:200 support11k=s"true" support11v=s"true")",
+     "mac:aa:bb:cc:dd:ee:ff\nbssid:11:22:33:44:55:66\nconnecttime:30\nrssi:-60\nradio:1\nchannel:36\nrxRate:100\n"
+     "txRate:200\nsupport11k:1\nsupport11v:1\n"},
     {MSG_ROAMING_STOPDETECT, R"(mac=s"a0:b1:c2:d3:e4:f5:99" stopdetecttime=i32:7)",
      "mac:a0:b1:c2:d3:e4:f5\nstopdetecttime:7\n",
      ""},
