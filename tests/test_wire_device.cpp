@@ -34,6 +34,10 @@ const Case kDeviceInfo[] = {
      "Mac:00:11:22:33:44:55\nSN:SN1\nproduct name:P\n"},
     {MSG_MANAGE_INFO, R"(ip=s"1.1.1.1" domainname=s"d" curip=s"2.2.2.2")",
      "IP:1.1.1.1\nDomain Name:d\nCur IP:2.2.2.2\n"},
+    {MSG_FUNC_SUPPORT, R"(wifi=s"disable" dualband=s"enable" usb=s"enable" vpn=s"enable" ipv6=s"disable" )"
+     R"(privmesh=s"disable" portblind=s"enable" easymesh=s"disable")",
+     "SupportWifi:0\nSupportDualBand:1\nSupportUsb:1\nSupportVpn:1\nSupportIPv6:0\nSupportPrivMesh:0\n"
+     "SupportPortBlind:1\nSupportEasyMesh:0\n"},
     {MSG_FUNC_SUPPORT, R"(wifi=s"enable" dualband=s"disable" usb=s"on" vpn=s"disable" ipv6=s"enable" )"
      R"(privmesh=s"enable" portblind=s"disable" easymesh=s"enable")",
      "SupportWifi:1\nSupportDualBand:0\nSupportUsb:-1\nSupportVpn:0\nSupportIPv6:1\nSupportPrivMesh:1\n"

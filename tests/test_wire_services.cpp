@@ -142,6 +142,8 @@ const Case kVsie[] = {
     {MSG_VSIE_BEACONTX_SET, R"(enable=s"on" idx=i32:4)",
      "Idx:4\nEnable:-1\n",
      R"(idx=i32:4 enable=s"")"},
+    {MSG_VSIE_PROBERX_ADD, R"(servicename=s"svc" band=s"5G" oui=[i32:0 i32:80 i32:242])",
+     "Servicename:svc\nBand:1\nOUI[0]:0\nOUI[1]:80\nOUI[2]:242\n"},
     {MSG_VSIE_PROBERX_ADD, R"(idx=i32:1 servicename=s"svc" band=s"6G" oui=[i32:0 i32:80 i32:242 i32:1])",
      "Servicename:svc\nBand:2\nOUI[0]:0\nOUI[1]:80\nOUI[2]:242\n",
      R"(servicename=s"svc" band=s"" oui=[i32:0 i32:80 i32:242])"},
