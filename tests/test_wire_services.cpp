@@ -280,4 +280,15 @@ TEST(Quirks, QosSetProtocolTextIsWalkedAsAttributes)
         EXPECT_EQ(std::count(texts.begin(), texts.end(), "protocol:9\n"), 3);
     }
 }
+
+// A rate limit sends the switch and each rate only when its flag says it was
+// given (receiving sets the rates' flags, never the switch's); any number
+// other than 0 is "enable".
+TEST(Quirks, RateLimitSendsWhatItsFlagsSay)
+{
+    RateLimitEntry entry{2, "m", "i", 7, 9, RATE_LIMIT_VALID_ENABLE | RATE_LIMIT_VALID_TX};
+    EXPECT_EQ(bxtest::stj_typed(MSG_RATELIMIT, &entry), R"(ratelimitenable=s"enable" mac=s"m" ip=s"i" txratelimit=i32:9)");
+    entry = {0, "m", "i", 7, 9, RATE_LIMIT_VALID_ENABLE | RATE_LIMIT_VALID_RX};
+    EXPECT_EQ(bxtest::stj_typed(MSG_RATELIMIT, &entry), R"(ratelimitenable=s"disable" mac=s"m" ip=s"i" rxratelimit=i32:7)");
+}
 } // namespace

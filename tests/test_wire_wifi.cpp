@@ -129,6 +129,9 @@ const Case kNeighbour[] = {
 
 // Station list and details.
 const Case kStations[] = {
+    {MSG_STA_LIST, "count=i32:2",
+     "uiStaNumofEsps: 2\nIllegal parameter: stalist\n",
+     "count=i32:0 stalist=[]"},
     {MSG_STA_LIST, R"(count=i32:3 stalist=[{mac=s"m1"} {mac=s"m2" port=i32:7} {mac=s"m3"}])",
      "uiStaNumofEsps: 3\n-t- blobmsg_parse: -blobmsg_for_each_attr_1\nblobmsg parse failed\n",
      "count=i32:0 stalist=[]"},
