@@ -96,6 +96,8 @@ const Case kCarrier[] = {
     {MSG_CTCC_SERVER_INFO, R"(abiaddr=s"abi.example" devid=s"D1" backup=[s"b0" s"b1"])",
      "Illegal parameter: bssaddr\nabiaddr:abi.example\nIllegal parameter: devtoken\ndevid:D1\nbackup:b0\n"
      "backup:b1\n"},
+    {MSG_CTCC_SERVER_INFO, R"(bssaddr=s"bss" devtoken=s"tk")",
+     "bssaddr:bss\nIllegal parameter: abiaddr\ndevtoken:tk\nIllegal parameter: devid\nIllegal parameter: backup\n"},
     {MSG_CTCC_ELINK_STATUS, R"(status=s"enable")",
      "status:1\n"},
     {MSG_CMCC_BASIC_INFO, R"(devicetype=s"t" producttoken=s"pt" devicevendor=s"dv" devicemodel=s"dm" )"
