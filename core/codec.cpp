@@ -46,7 +46,8 @@ void copy_text(char *dst, size_t bound, blob_attr *attr)
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number)
 {
 #ifndef BLOBXLATE_TRACE_OFF
-    if (f.trace == nullptr)
+    /* In the per-call mode a call whose switch is off builds no line. */
+    if (f.trace == nullptr || !trace_may_print())
         return;
     /* Table texts leave the line end to us: one print, one line. A text
      * value is printed with its length, so an array without a terminator of

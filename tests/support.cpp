@@ -1,40 +1,74 @@
 #include "support.h"
 
+#include "records.h"
+
 #include <gtest/gtest.h>
 
 #include <cinttypes>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 #include <stdexcept>
-#include <sys/wait.h>
-#include <unistd.h>
-
-extern "C" {
-#include <libubox/blobmsg_json.h>
-}
 
 namespace bxtest {
 
 Buf::Buf() { blob_buf_init(&buf_, 0); }
 Buf::~Buf() { blob_buf_free(&buf_); }
-
-std::string Buf::json()
-{
-    char *text = blobmsg_format_json(buf_.head, true);
-    std::string out = text != nullptr ? text : "<null>";
-    std::free(text);
-    return out;
-}
-
 std::string Buf::typed() { return bxtest::typed(buf_.head); }
 
-Msg::Msg(const char *json_text)
-{
-    if (!blobmsg_add_json_from_string(buf_.get(), json_text))
-        throw std::runtime_error(std::string("test message is not a JSON object: ") + json_text);
-}
-
 namespace {
+
+[[noreturn]] void bad_notation(const char *at) { throw std::runtime_error(std::string("bad message text at: ") + at); }
+
+// Adds the members written at p (up to `end`, a closing bracket or the
+// terminator) to the open table or array; named members in tables.
+const char *add_members(blob_buf *buf, const char *p, bool named)
+{
+    for (;;) {
+        while (*p == ' ')
+            ++p;
+        if (*p == '\0' || *p == ']' || *p == '}')
+            return p;
+        std::string name;
+        if (named) {
+            const char *eq = std::strchr(p, '=');
+            if (eq == nullptr)
+                bad_notation(p);
+            name.assign(p, eq);
+            p = eq + 1;
+        }
+        const char *key = named ? name.c_str() : nullptr;
+        char *end = nullptr;
+        if (*p == '[' || *p == '{') {
+            bool table = *p == '{';
+            void *cookie = table ? blobmsg_open_table(buf, key) : blobmsg_open_array(buf, key);
+            p = add_members(buf, p + 1, table);
+            if (*p != (table ? '}' : ']'))
+                bad_notation(p);
+            ++p;
+            blob_nest_end(buf, cookie);
+        } else if (p[0] == 's' && p[1] == '"') {
+            const char *close = std::strchr(p + 2, '"');
+            if (close == nullptr)
+                bad_notation(p);
+            blobmsg_add_string(buf, key, std::string(p + 2, close).c_str());
+            p = close + 1;
+        } else if (std::strncmp(p, "i64:", 4) == 0) {
+            blobmsg_add_u64(buf, key, static_cast<uint64_t>(std::strtoll(p + 4, &end, 10)));
+            p = end;
+        } else if (std::strncmp(p, "i32:", 4) == 0) {
+            blobmsg_add_u32(buf, key, static_cast<uint32_t>(std::strtoll(p + 4, &end, 10)));
+            p = end;
+        } else if (std::strncmp(p, "i16:", 4) == 0) {
+            blobmsg_add_u16(buf, key, static_cast<uint16_t>(std::strtol(p + 4, &end, 10)));
+            p = end;
+        } else if (std::strncmp(p, "i8:", 3) == 0) {
+            blobmsg_add_u8(buf, key, static_cast<uint8_t>(std::strtol(p + 3, &end, 10)));
+            p = end;
+        } else {
+            bad_notation(p);
+        }
+    }
+}
 
 void describe(std::string &out, blob_attr *attr, bool named);
 
@@ -63,52 +97,50 @@ void describe(std::string &out, blob_attr *attr, bool named)
         out += "s\"";
         out += blobmsg_get_string(attr);
         out += '"';
-        break;
+        return;
     case BLOBMSG_TYPE_INT32:
         std::snprintf(num, sizeof num, "i32:%" PRId32, static_cast<int32_t>(blobmsg_get_u32(attr)));
-        out += num;
         break;
     case BLOBMSG_TYPE_INT64:
         std::snprintf(num, sizeof num, "i64:%" PRId64, static_cast<int64_t>(blobmsg_get_u64(attr)));
-        out += num;
         break;
     case BLOBMSG_TYPE_INT16:
         std::snprintf(num, sizeof num, "i16:%d", static_cast<int16_t>(blobmsg_get_u16(attr)));
-        out += num;
         break;
     case BLOBMSG_TYPE_INT8:
         std::snprintf(num, sizeof num, "i8:%d", blobmsg_get_u8(attr));
-        out += num;
         break;
     case BLOBMSG_TYPE_ARRAY:
-        out += '[';
-        describe_list(out, attr, false);
-        out += ']';
-        break;
-    case BLOBMSG_TYPE_TABLE:
-        out += '{';
-        describe_list(out, attr, true);
-        out += '}';
-        break;
+    case BLOBMSG_TYPE_TABLE: {
+        bool table = blobmsg_type(attr) == BLOBMSG_TYPE_TABLE;
+        out += table ? '{' : '[';
+        describe_list(out, attr, table);
+        out += table ? '}' : ']';
+        return;
+    }
     default:
         std::snprintf(num, sizeof num, "type%d", blobmsg_type(attr));
-        out += num;
         break;
     }
+    out += num;
 }
 
 } // namespace
+
+Msg::Msg(const char *text)
+{
+    if (*add_members(buf_.get(), text, true) != '\0')
+        bad_notation(text);
+}
 
 std::string typed(blob_attr *table)
 {
     std::string out;
     blob_attr *cur;
     size_t rem = blob_len(table);
-    bool first = true;
     __blob_for_each_attr(cur, blob_data(table), rem) {
-        if (!first)
+        if (!out.empty())
             out += ' ';
-        first = false;
         describe(out, cur, true);
     }
     return out;
@@ -123,68 +155,40 @@ std::string stj_typed(int type, const void *record, int *ret)
     return buf.typed();
 }
 
-void expect_converter_rows(const ConverterRow *rows, size_t count, void *record)
+Received receive(int type, const char *msg_text, void *record)
 {
-    auto find = [](const MessageTransEntry *table, int n, int type) -> const MessageTransEntry * {
-        for (int i = 0; i < n; ++i)
-            if (table[i].id == type)
-                return &table[i];
-        return nullptr;
-    };
-    Msg msg("{}");
-    Buf buf;
-    for (size_t i = 0; i < count; ++i) {
-        const ConverterRow &row = rows[i];
-        SCOPED_TRACE(row.type);
-        const MessageTransEntry *stj = find(g_astStructToJson_Func, g_iStructToJson_FuncNum, row.type);
-        const MessageTransEntry *jts = find(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, row.type);
-        ASSERT_TRUE(stj != nullptr && jts != nullptr);
-        EXPECT_STREQ(stj->name, row.stj_name);
-        EXPECT_EQ(stj->converter.toJson, row.stj);
-        EXPECT_STREQ(jts->name, row.jts_name);
-        EXPECT_EQ(jts->converter.toStruct, row.jts);
-        EXPECT_EQ(row.stj(nullptr, buf.get()), -1);
-        EXPECT_EQ(row.stj(record, nullptr), -1);
-        EXPECT_EQ(row.jts(nullptr, record), -1);
-        EXPECT_EQ(row.jts(msg, nullptr), -1);
+    Msg msg(msg_text);
+    TraceCapture cap;
+    Received r;
+    r.ret = JSON_TRANS_STRUCT(type, msg, record);
+    for (const std::string &line : cap.take()) {
+        if (line.rfind("JSON_TRANS_STRUCT: ", 0) != 0)
+            r.trace += line.substr(line.find(": ") + 2);
     }
-    EXPECT_EQ(buf.typed(), "");
+    return r;
 }
 
-bool run_tool(int type, const std::string &json_text, ToolResult &result)
+void expect_case(const Case &c)
 {
-    std::string tool = BLOBXLATE_TOOL;
-    if (tool.empty())
-        return false;
-    char path[] = "/tmp/blobxlate-msg-XXXXXX";
-    int fd = mkstemp(path);
-    if (fd < 0)
-        return false;
-    FILE *f = fdopen(fd, "w");
-    std::fputs(json_text.c_str(), f);
-    std::fclose(f);
-    std::string cmd = tool + " " + std::to_string(type) + " " + path + " 2>&1";
-    FILE *p = popen(cmd.c_str(), "r");
-    result.out.clear();
-    if (p != nullptr) {
-        char chunk[4096];
-        size_t n;
-        while ((n = std::fread(chunk, 1, sizeof chunk, p)) > 0)
-            result.out.append(chunk, n);
-        int status = pclose(p);
-        result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    SCOPED_TRACE(std::to_string(c.type) + ": " + c.in);
+    Record rec(c.type);
+    ASSERT_TRUE(rec.valid());
+    Received r = receive(c.type, c.in, rec.get());
+    EXPECT_EQ(r.ret, c.ret);
+    if (trace_paths_private()) {
+        EXPECT_EQ(r.trace, c.trace);
     }
-    unlink(path);
-    return true;
+    int ret = -2;
+    EXPECT_EQ(stj_typed(c.type, rec.get(), &ret), c.out != nullptr ? c.out : c.in);
+    EXPECT_EQ(ret, 0);
 }
 
-std::string stj_json(int type, const void *record, int *ret)
+const MessageTransEntry *find_row(const MessageTransEntry *table, int count, int type)
 {
-    Buf buf;
-    int r = STRUCT_TRANS_JSON(type, record, buf.get());
-    if (ret != nullptr)
-        *ret = r;
-    return buf.json();
+    for (int i = 0; i < count; ++i)
+        if (table[i].id == type)
+            return &table[i];
+    return nullptr;
 }
 
 } // namespace bxtest

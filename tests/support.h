@@ -3,7 +3,6 @@
 #define BLOBXLATE_TESTS_SUPPORT_H
 
 #include <string>
-#include <vector>
 
 #include "blobxlate.h"
 #include "trace_capture.h"
@@ -19,25 +18,10 @@ public:
     Buf &operator=(const Buf &) = delete;
     blob_buf *get() { return &buf_; }
     blob_attr *head() { return buf_.head; }
-    // Compact JSON of the members added so far.
-    std::string json();
-    // Members with their blobmsg types, see typed().
-    std::string typed();
+    std::string typed();  // see bxtest::typed()
 
 private:
     blob_buf buf_{};
-};
-
-// A received message built from JSON text (the top level must be an object).
-// Integers that fit 32 bits travel as INT32, larger ones as INT64.
-class Msg {
-public:
-    explicit Msg(const char *json_text);
-    blob_attr *get() { return buf_.head(); }
-    operator blob_attr *() { return buf_.head(); }
-
-private:
-    Buf buf_;
 };
 
 // The members of a table payload with their blobmsg types, in order, e.g.
@@ -46,37 +30,43 @@ private:
 // pins the whole wire form.
 std::string typed(blob_attr *table);
 
+// A received message, written in the notation of typed(), which says each
+// member's blobmsg type. Texts run to the next double quote.
+class Msg {
+public:
+    explicit Msg(const char *text);
+    blob_attr *get() { return buf_.head(); }
+    operator blob_attr *() { return buf_.head(); }
+
+private:
+    Buf buf_;
+};
+
 // Runs STRUCT_TRANS_JSON into a fresh buffer; returns typed() of the result
 // and stores the return code in *ret when given.
 std::string stj_typed(int type, const void *record, int *ret = nullptr);
-// The same, as compact JSON.
-std::string stj_json(int type, const void *record, int *ret = nullptr);
 
-// One message type's converters as the dispatch tables must hold them.
-struct ConverterRow {
+// What one JSON_TRANS_STRUCT call did: its result and the texts of the
+// converter's own trace lines, run together (the dispatcher's lines left out).
+struct Received {
+    int ret = -2;
+    std::string trace;
+};
+Received receive(int type, const char *msg, void *record);
+
+// One message through both converters: received into a zeroed record of
+// its type (exactly its size), then that record sent back.
+struct Case {
     int type;
-    const char *stj_name, *jts_name;
-    StructToJsonFunc stj;
-    JsonToStructFunc jts;
+    const char *in;             // the message received
+    const char *trace;          // the converter's trace texts, run together
+    const char *out = nullptr;  // the message the record gives back; null: `in` again
+    int ret = 0;                // what receiving answers
 };
+void expect_case(const Case &c);
 
-// Checks that each type's rows carry its name texts and converters, and that
-// each converter refuses null arguments (given a record large enough for it)
-// without adding to a buffer.
-void expect_converter_rows(const ConverterRow *rows, size_t count, void *record);
-template <size_t N>
-void expect_converter_rows(const ConverterRow (&rows)[N], void *record)
-{
-    expect_converter_rows(rows, N, record);
-}
-
-// Runs the blobxlate program on a message (JSON text) of the given type.
-// Returns false when the program is not built (the test then skips).
-struct ToolResult {
-    int exit_code = -1;
-    std::string out;  // standard output
-};
-bool run_tool(int type, const std::string &json_text, ToolResult &result);
+// The row of `type` in a dispatch table, or null.
+const MessageTransEntry *find_row(const MessageTransEntry *table, int count, int type);
 
 } // namespace bxtest
 

@@ -24,14 +24,6 @@ constexpr size_t kGuard = 64;
 constexpr uint8_t kGuardByte = 0xE7;
 constexpr size_t kMaxVariants = 24;
 
-bool has_jts_row(int type)
-{
-    for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i)
-        if (g_astJsonToStruct_Func[i].id == type)
-            return true;
-    return false;
-}
-
 // The payload of a well-formed message of the type.
 std::vector<uint8_t> sample_payload(int type)
 {
@@ -88,7 +80,7 @@ TEST(Malformed, EveryTypeRefusesOrSurvivesBrokenMessages)
 {
     int types = 0;
     for (int type = 0; type <= 172; ++type) {
-        if (!has_jts_row(type) || bxtest::record_size(type) == 0)
+        if (!bxtest::find_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, type) || bxtest::record_size(type) == 0)
             continue;
         ++types;
         SCOPED_TRACE(type);
@@ -129,7 +121,7 @@ TEST(Malformed, DeepNestingIsWalkedWithoutHarm)
     // Every type's message with one more member: a table holding a table
     // ... 2000 deep. Converters read at most their own levels.
     for (int type = 0; type <= 172; ++type) {
-        if (!has_jts_row(type) || bxtest::record_size(type) == 0)
+        if (!bxtest::find_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, type) || bxtest::record_size(type) == 0)
             continue;
         std::vector<uint8_t> good = sample_payload(type);
         bxtest::Buf buf;
