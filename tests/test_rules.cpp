@@ -96,7 +96,7 @@ TEST(ListedKeys, TestedForPresenceAndNeverStored)
         SCOPED_TRACE(c.type);
         ApBasicRec rec{};  // the largest record of these
         TraceCapture cap;
-        ASSERT_EQ(JSON_TRANS_STRUCT(c.type, Msg(R"({"radio": "5G", "apindex": 1})"), &rec), 0);
+        ASSERT_EQ(JSON_TRANS_STRUCT(c.type, Msg(R"(radio=s"5G" apindex=i32:1)"), &rec), 0);
         const std::vector<std::string> lines = cap.take();
         for (const std::string &key : c.absent) {
             const std::string line = "JTS_CheckBlobAttr: Illegal parameter: " + key + "\n";
@@ -105,7 +105,7 @@ TEST(ListedKeys, TestedForPresenceAndNeverStored)
     }
     ApBasicRec ap{};
     ASSERT_EQ(JSON_TRANS_STRUCT(MSG_AP_BASIC,
-                                Msg(R"({"radio": "5G", "apindex": 1, "ValidTime": 5, "RestTime": 6, "capaflag": 255})"),
+                                Msg(R"(radio=s"5G" apindex=i32:1 ValidTime=i32:5 RestTime=i32:6 capaflag=i32:255)"),
                                 &ap),
               0);
     EXPECT_EQ(ap.uiValidTime, 0u);

@@ -77,10 +77,10 @@ TEST_F(SinkTest, SwitchRemovedDuringAConversionStopsAtTheNextLineOrCall)
     TraceCapture cap;
     g_heard.at_first_line = switch_off;
     RetParam rec{};
-    bxtest::Msg msg("{}");
+    bxtest::Msg msg("");
     EXPECT_EQ(JSON_TRANS_STRUCT(MSG_RET, msg, &rec), -1);
     EXPECT_EQ(g_heard.texts.size(), kPerCall ? 4u : 1u);
-    EXPECT_EQ(g_heard.texts.back(), kPerCall ? "Trans failed.\n" : "DEBUG: JsonStr = {}\n");
+    EXPECT_EQ(g_heard.texts.back(), kPerCall ? "Trans failed.\n" : "DEBUG: JsonStr = {\n\t\n}\n");
     EXPECT_EQ(JSON_TRANS_STRUCT(MSG_RET, msg, &rec), -1);
     EXPECT_EQ(g_heard.texts.size(), kPerCall ? 4u : 1u);
 }

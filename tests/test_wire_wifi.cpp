@@ -22,7 +22,7 @@ const Case kRadioAp[] = {
     {MSG_RADIO_BASIC, R"(radio=s"5G" standard=s"11b/11x" load=i32:1 noiselevel=i32:2 realbandwidth=s"20M" )"
      R"(realchannel=i32:3 apcount=i32:4 bandwidth=s"auto" txpower=s"100%" status=s"disable" channel=i32:1)",
      "radio:1\nstatus:0\ntxpower:0\nchannel:1\nbandwidth:0\n[standard] is not valid.\nstandard:0\n"
-     "realbandwidth:1\nrealchannel:3\napcount:4\nload:1\nnoiselevel:2\n",
+     "realbandwidth:1\nrealchannel:3\napcount:4\nload:1\nnoiselevel:2\nIllegal parameter: capaflag\n",  // listed, never stored
      R"(radio=s"5G" status=s"disable" txpower=s"100%" channel=i32:1 bandwidth=s"auto" standard=s"" )"
      R"(realbandwidth=s"20M" realchannel=i32:3 apcount=i32:4 load=i32:1 noiselevel=i32:2 capaflag=i32:12481)"},
     {MSG_AP_BASIC, R"(radio=s"5G" apindex=i32:1 status=s"enable" ssid=s"home" initalssid=s"factory" )"
@@ -33,9 +33,9 @@ const Case kRadioAp[] = {
      R"(radio=s"5G" apindex=i32:1 status=s"enable" ssid=s"home" auth=s"wpa2psk" encrypt=s"aes" hide=s"disable" )"
      R"(key=s"secret" bssid=s"aa:bb" initalssid=s"factory")"},
     {MSG_AP_ADVANCED, R"(radio=s"5G" apindex=i32:0 accessmax=i32:32 wmmenable=s"enable" regulatorydomain=s"US")",
-     "radio:1\napindex:0\naccessmax:32\nwmmenable:1\nregulatorydomain:US\n"},
+     "radio:1\napindex:0\naccessmax:32\nwmmenable:1\nregulatorydomain:US\nIllegal parameter: capaflag\n"},
     {MSG_AP_RATE_LIMIT, R"(radio=s"5G" apindex=i32:1 usbandwidth=i32:5 dsbandwidth=i32:7)",
-     "radio:1\napindex:1\nusbandwidth:5\ndsbandwidth:7\n"},
+     "radio:1\napindex:1\nusbandwidth:5\ndsbandwidth:7\nIllegal parameter: capaflag\n"},
     {MSG_AP_ACCESS_MODE, R"(radio=s"5G" apindex=i32:3 accessmode=i32:1)",
      "radio:1\napindex:3\naccessmode:1\n"},
     {MSG_AP_ACCESS_RULE, R"(radio=s"5G" apindex=i32:1 accessrule=s"isolate" count=i32:2 )"
