@@ -13,7 +13,9 @@
 // The tags: parse, parse_array, empty_parse, empty_parse_array (policies from
 // the input), check, check_array, name, data, value, walk (checks, accessors
 // and walks of every member), from_string, add_element (JSON text in), build
-// (blob_buf with nests open), json, json_indent, json_hook (JSON text out).
+// (blob_buf with nests open), json, json_indent, json_hook, json_value (JSON
+// text out), cast, copy (blob_memdup, blob_attr_equal, blobmsg_add_blob),
+// blob_parse (plain attributes against a table from the input).
 // BLOBXLATE_DIFF_SKIP=tag,tag leaves out lines of the named tags, to look for
 // further differences while one is known and being fixed. Seeds that reach
 // the usual corners are written by ubox_diff_seeds.py.
@@ -94,6 +96,13 @@ void note_bytes(std::string &out, const char *tag, const void *p, size_t len)
 		out += hex[b[i] & 15];
 	}
 	out += '\n';
+}
+
+void note_buffer(std::string &out, const char *tag, const blob_buf &b)
+{
+	note(out, "%s head at root %d", tag, b.head == b.buf);
+	if (b.head)
+		note_bytes(out, tag, b.head, blob_raw_len(b.head));
 }
 
 // The input, read the same way by both sides.
@@ -228,19 +237,27 @@ void visit(std::string &out, const Input &in, const blob_attr *base, blob_attr *
 	note(out, "check %ld id %u ext %d raw %zu pad %zu len %d named %d own %d", offset_of(base, pos),
 	     blob_id(pos), blob_is_extended(pos), blob_raw_len(pos), blob_pad_len(pos), valid,
 	     blobmsg_check_attr_len(pos, true, rem), blobmsg_check_attr(pos, false));
-	note(out, "check_array %ld any %d typed %d len %d", offset_of(base, pos),
+	note(out, "check_array %ld any %d typed %d len %d list %d %d", offset_of(base, pos),
 	     blobmsg_check_array(pos, BLOBMSG_TYPE_UNSPEC), blobmsg_check_array(pos, in.check_type),
-	     blobmsg_check_array_len(pos, in.check_type, rem));
+	     blobmsg_check_array_len(pos, in.check_type, rem), blobmsg_check_attr_list(pos, in.check_type),
+	     blobmsg_check_attr_list_len(pos, in.check_type, rem));
 	if (!valid)
 		return;
 	if (blob_is_extended(pos))
 		note_text(out, "name", blobmsg_name(pos));
 	note(out, "data %ld len %zu", offset_of(base, blobmsg_data(pos)), blobmsg_data_len(pos));
 	note_value(out, pos);
+	note(out, "cast %" PRIu64 " %" PRId64, blobmsg_cast_u64(pos), blobmsg_cast_s64(pos));
+	blob_attr *dup = blob_memdup(pos);
+	note(out, "copy equal %d %d", blob_attr_equal(pos, dup), blob_attr_equal(pos, base));
+	free(dup);
 	if (!is_container(pos) || depth >= kMaxDepth)
 		return;
-	if (blobmsg_data_len(pos) > 0)
+	if (blobmsg_data_len(pos) > 0) {
 		parse_area(out, "parse", in, base, blobmsg_data(pos), blobmsg_data_len(pos));
+		blob_attr *tb[kMaxPolicy];
+		note(out, "parse attr ret %d", blobmsg_parse_attr(in.policy, in.policy_len, tb, pos));
+	}
 	walk_members(out, in, base, pos, depth + 1);
 }
 
@@ -264,6 +281,33 @@ void check_message(std::string &out, const Input &in, const Message &m)
 	__blob_for_each_attr(pos, blob_data(m.root), rem)
 		count++;
 	note(out, "walk raw members %d rest %zu", count, rem);
+
+	// The members as plain attributes, ids below kMaxPolicy * 2.
+	blob_attr_info info[kMaxPolicy * 2] = {};
+	for (int i = 0; i < kMaxPolicy * 2; i++) {
+		const std::string &n = in.names[i % kMaxPolicy];
+		info[i].type = n.empty() ? BLOB_ATTR_LAST : static_cast<uint8_t>(n[0]) % (BLOB_ATTR_LAST + 1);
+		info[i].minlen = n.size() > 1 ? static_cast<uint8_t>(n[1]) % 24 : 0;
+		info[i].maxlen = n.size() > 2 ? static_cast<uint8_t>(n[2]) % 64 : 0;
+	}
+	blob_attr *data[kMaxPolicy * 2];
+	note(out, "blob_parse found %d", blob_parse(m.root, data, info, kMaxPolicy * 2));
+	for (int i = 0; i < kMaxPolicy * 2; i++)
+		note(out, "blob_parse slot %d -> %ld", i, offset_of(m.root, data[i]));
+	note(out, "blob_parse untrusted found %d",
+	     blob_parse_untrusted(m.root, blob_raw_len(m.root), data, info, kMaxPolicy * 2));
+	for (int i = 0; i < kMaxPolicy * 2; i++)
+		note(out, "blob_parse slot %d -> %ld", i, offset_of(m.root, data[i]));
+
+	// Valid named members copied into a message of their own.
+	blob_buf b{};
+	blob_buf_init(&b, 0);
+	blob_for_each_attr(pos, m.root, rem) {
+		if (blob_is_extended(pos) && blobmsg_check_attr_len(pos, false, rem))
+			note(out, "copy add %d", blobmsg_add_blob(&b, pos));
+	}
+	note_buffer(out, "copy", b);
+	blob_buf_free(&b);
 }
 
 // --- JSON text ------------------------------------------------------------------
@@ -304,16 +348,12 @@ void format_message(std::string &out, const Input &in, blob_attr *root)
 		if (!blob_is_extended(pos) || !blobmsg_check_attr_len(pos, false, rem))
 			continue;
 		format_one(out, "member", in, pos, false);
+		char *text = blobmsg_format_json_value(pos);
+		note_text(out, "json_value", text);
+		free(text);
 		if (is_container(pos))
 			format_one(out, "list", in, pos, true);
 	}
-}
-
-void note_buffer(std::string &out, const char *tag, const blob_buf &b)
-{
-	note(out, "%s head at root %d", tag, b.head == b.buf);
-	if (b.head)
-		note_bytes(out, tag, b.head, blob_raw_len(b.head));
 }
 
 void from_text(std::string &out, const Input &in)
@@ -367,7 +407,7 @@ struct Builder {
 	void step()
 	{
 		int ret = 0;
-		switch (in.ConsumeIntegralInRange(0, 13)) {
+		switch (in.ConsumeIntegralInRange(0, 14)) {
 		case 0:
 			nest(blobmsg_open_table(&b, next_name()));
 			return;
@@ -421,6 +461,27 @@ struct Builder {
 			std::string v = in.ConsumeRandomLengthString(64);
 			ret = blob_put(&b, id, v.data(), static_cast<unsigned int>(v.size())) ? 0 : -1;
 			break;
+		}
+		case 13: {
+			// A string written in place, perhaps made room for again.
+			const char *n = next_name();
+			std::string s = in.ConsumeRandomLengthString(200);
+			auto room = static_cast<unsigned int>(in.ConsumeIntegralInRange<size_t>(0, 64));
+			char *text = static_cast<char *>(blobmsg_alloc_string_buffer(&b, n, room));
+			note(out, "build string buffer %d", text != nullptr);
+			if (!text)
+				return;
+			snprintf(text, room + 1, "%s", s.c_str());
+			if (in.ConsumeBool()) {
+				room += static_cast<unsigned int>(s.size());
+				text = static_cast<char *>(blobmsg_realloc_string_buffer(&b, room));
+				note(out, "build string buffer again %d", text != nullptr);
+				if (!text)
+					return;
+				snprintf(text, room + 1, "%s%s", s.c_str(), s.c_str());
+			}
+			blobmsg_add_string_buffer(&b);
+			return;
 		}
 		default:
 			ret = blob_buf_init(&b, in.ConsumeIntegralInRange(0, 127));

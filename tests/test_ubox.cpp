@@ -450,6 +450,42 @@ TEST(UboxParse, ArrayByPosition)
 	}
 }
 
+// Names of 256 bytes or more match nothing; positions skip elements of another
+// type unchecked, CAST_INT64 takes none, and an empty area is no error.
+TEST(UboxParse, NameLengthAndPositionEdges)
+{
+	for (size_t n : {255, 256, 300}) {
+		SCOPED_TRACE(n);
+		std::string name(n, 'k');
+		Buf m;
+		blobmsg_add_u32(&m.b, name.c_str(), 7);
+		const struct blobmsg_policy pol[] = {{name.c_str(), BLOBMSG_TYPE_INT32}};
+		struct blob_attr *tb[1];
+		EXPECT_EQ(blobmsg_parse(pol, 1, tb, blob_data(m.b.head), blob_len(m.b.head)), 0);
+		EXPECT_EQ(tb[0] != nullptr, n < 256);
+	}
+	Buf m;
+	blobmsg_add_field(&m.b, BLOBMSG_TYPE_STRING, nullptr, "ab", 2);  // no NUL: invalid
+	blobmsg_add_u32(&m.b, nullptr, 9);
+	Bytes bytes = m.payload();
+	Exact e(bytes);
+	struct Case {
+		int type;
+		int rc;
+		bool filled;
+	} const cases[] = {{BLOBMSG_TYPE_INT32, 0, true}, {BLOBMSG_CAST_INT64, 0, false}, {BLOBMSG_TYPE_STRING, -1, false}};
+	for (const auto &c : cases) {
+		SCOPED_TRACE(c.type);
+		const struct blobmsg_policy pol[] = {{nullptr, static_cast<enum blobmsg_type>(c.type)}};
+		struct blob_attr *tb[1];
+		EXPECT_EQ(blobmsg_parse_array(pol, 1, tb, e.mem.get(), static_cast<unsigned int>(e.len)), c.rc);
+		EXPECT_EQ(tb[0] != nullptr, c.filled);
+		tb[0] = e.attr();
+		EXPECT_EQ(blobmsg_parse_array(pol, 1, tb, c.filled ? nullptr : e.mem.get(), 0), 0);
+		EXPECT_EQ(tb[0], nullptr);
+	}
+}
+
 // -------------------------------------------------------------- validation
 
 TEST(UboxCheck, MalformedAttributes)
@@ -489,6 +525,7 @@ TEST(UboxCheck, MalformedAttributes)
 		{"int32 of 5 bytes", {0x85, 0, 0, 0x0d, 0, 0, 0, 0, 0, 0, 0, 0, 1}, false, false, 0},
 		{"int64 of 4 bytes", {0x84, 0, 0, 0x0c, 0, 0, 0, 0, 0, 0, 0, 1}, false, false, 0},
 		{"double of 4 bytes", {0x88, 0, 0, 0x0c, 0, 0, 0, 0, 0, 0, 0, 1}, false, false, 0},
+		{"double of 12 bytes", {0x88, 0, 0, 0x14, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, false, true, 0},
 		{"null without value", {0x80, 0, 0, 0x08, 0, 0, 0, 0}, false, true, 0},
 		{"table contents are not looked into", {0x82, 0, 0, 0x0c, 0, 0, 0, 0, 0xff, 0xff, 0xff, 0xff}, false, true, 0},
 	};
@@ -543,6 +580,11 @@ TEST(UboxCheck, Arrays)
 			 blobmsg_close_table(b, c);
 		 }, BLOBMSG_TYPE_UNSPEC, 2},
 		{"not a container", [](struct blob_buf *b) { blobmsg_add_u32(b, "x", 1); }, BLOBMSG_TYPE_UNSPEC, -1},
+		{"element type beyond the last", [](struct blob_buf *b) {
+			 void *c = blobmsg_open_array(b, "x");
+			 blobmsg_add_u32(b, nullptr, 1);
+			 blobmsg_close_array(b, c);
+		 }, BLOBMSG_CAST_INT64, -1},
 	};
 	for (const auto &c : cases) {
 		SCOPED_TRACE(c.what);

@@ -218,7 +218,10 @@ int blobmsg_parse(const struct blobmsg_policy *policy, int policy_len,
 				continue;
 			if (!type_matches(policy[i].type, type))
 				continue;
-			if (strlen(policy[i].name) != namelen ||
+			// Names of 256 bytes or more never match: the platform keeps a
+			// policy name's length in 8 bits.
+			size_t want = strlen(policy[i].name);
+			if (want > UINT8_MAX || want != namelen ||
 			    memcmp(policy[i].name, hdr->name, namelen) != 0)
 				continue;
 			tb[i] = pos;  // and every other empty slot of that name and type
