@@ -48,7 +48,7 @@ __attribute__((format(printf, 3, 0))) void to_sink(const char *func, int line, c
 {
     char prefix[96];
     std::snprintf(prefix, sizeof prefix, "[%s.%d]: ", func, line);
-    char text[320]; /* with the prefix, keeps the frame under 512 bytes */
+    char text[256]; /* with the prefix, keeps the frame well under 512 bytes */
     va_list again;
     va_copy(again, ap);
     int n = std::vsnprintf(text, sizeof text, fmt, ap); // NOLINT(clang-analyzer-valist.Uninitialized): started by the caller
