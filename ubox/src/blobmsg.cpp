@@ -305,14 +305,14 @@ int blobmsg_vprintf(struct blob_buf *buf, const char *name, const char *format, 
 	va_list measure;
 	va_copy(measure, arg);
 	char c;
-	int len = vsnprintf(&c, sizeof(c), format, measure);
+	int len = vsnprintf(&c, sizeof(c), format, measure); // NOLINT(clang-analyzer-valist.Uninitialized): va_copy above
 	va_end(measure);
 	if (len < 0)
 		return -1;
 	char *text = static_cast<char *>(blobmsg_alloc_string_buffer(buf, name, static_cast<unsigned int>(len)));
 	if (!text)
 		return -1;
-	int ret = vsnprintf(text, static_cast<size_t>(len) + 1, format, arg);
+	int ret = vsnprintf(text, static_cast<size_t>(len) + 1, format, arg); // NOLINT(clang-analyzer-valist.Uninitialized): started by the caller
 	if (ret < 0)
 		return -1;
 	blobmsg_add_string_buffer(buf);
