@@ -215,6 +215,8 @@ namespace {
 /* One slot by its field's rules; a refusal ends the message. */
 Read read_field(const char *func, const Field &f, blob_attr *attr, void *record, uint32_t *mask)
 {
+    if (!f.tested)
+        return {false, 0};
     if (!JTS_CheckBlobAttr(f.key, attr)) {
         if (f.refusal != nullptr)
             BX_TRACE_AS(func, "%s\n", f.refusal);

@@ -214,6 +214,7 @@ struct Field {
     bool sent = true;                /* false: only ever received */
     bool whole = false;              /* a text copied with the array's whole size */
     /* Presence on the way in. */
+    bool tested = true;              /* false: parsed by the policy, never tested */
     bool stored = true;              /* false: the key is tested, never read */
     bool required = false;           /* a message without it is refused */
     int8_t refused_ret = -1;         /* result of a refused message */
@@ -307,6 +308,16 @@ constexpr Field whole(Field f)
  * sent. */
 constexpr Field listed_only(Field f)
 {
+    f.stored = false;
+    f.sent = false;
+    return f;
+}
+
+/* A key the message's policy parses but nothing tests, reads or sends: the
+ * policy keeps the slots the daemons have always parsed, in their order. */
+constexpr Field parsed_only(Field f)
+{
+    f.tested = false;
     f.stored = false;
     f.sent = false;
     return f;

@@ -28,9 +28,9 @@ constexpr uint32_t kHighest = 65535;
 /* The host both requests need. */
 constexpr const char *kNoHost = "[Host] is not valid.";
 
-/* Their "capaflag" is listed in the policies but never tested nor read:
- * parsing fills the other slots alike with or without it, so the tables
- * leave it out. */
+/* Their "capaflag" is parsed but never tested nor read: a sender cannot
+ * set the word directly. */
+#define CAPAFLAG(Rec) bx::parsed_only(BX_U32(Rec, uiCapaFlag, "capaflag", nullptr))
 
 constexpr bx::Field kPing[] = {
     required(BX_TEXT(PingRequest, szHost, "host", "Host:%s"), kNoHost),
@@ -43,6 +43,7 @@ constexpr bx::Field kPing[] = {
     flagged(ranged(BX_U32(PingRequest, uiBlockSize, "blocksize", "BlockSize:%d"), 1, kHighest,
                    "[PING_BLOCKSIZE] is not valid."),
             DIAG_CAPA_BLOCKSIZE, bx::kAnyLowBit),
+    CAPAFLAG(PingRequest),
     BX_TEXT(PingRequest, szPingTime, "pingtime", "PingTime:%s"),
     BX_U32(PingRequest, uiPingNum, "pingnum", "PingNum:%d"),
 };
@@ -68,11 +69,12 @@ constexpr bx::Field kPing[] = {
                    "[TRACEROUTE_MAXHOP] is not valid."),                                                   \
             DIAG_CAPA_MAXHOP)
 
-constexpr bx::Field kTraceRoute[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE};
+constexpr bx::Field kTraceRoute[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE, CAPAFLAG(TraceRouteRequest)};
 constexpr bx::Field kTraceRouteSent[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
 #undef TR_HOST
 #undef TR_RESULTTYPE
 #undef TR_NUMBERS
+#undef CAPAFLAG
 
 /* ---- Results and uplink modes (42 to 44) --------------------------------------- */
 
