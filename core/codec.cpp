@@ -125,6 +125,10 @@ int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
     return ret;
 }
 
+namespace {
+void emit_list(const Field &f, const void *record, blob_buf *buf);
+} // namespace
+
 void emit_field(const Field &f, const void *record, blob_buf *buf)
 {
     const auto *base = static_cast<const uint8_t *>(record) + f.offset;
@@ -147,6 +151,9 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
         std::memcpy(&u32, base, sizeof u32);
         add_word(buf, f.key, f.word_list, u32);
         break;
+    case Wire::List:
+        emit_list(f, record, buf);
+        break;
     }
 }
 
@@ -166,8 +173,13 @@ void emit_fields(const Field *fields, size_t count, const void *record, blob_buf
 {
     const uint32_t mask = mask_of(record, mask_at);
     for (size_t i = 0; i < count; ++i) {
-        if (fields[i].sent && (fields[i].sent_if == 0 || (mask & fields[i].sent_if) != 0))
-            emit_field(fields[i], record, buf);
+        const Field &f = fields[i];
+        if (!f.sent || (f.sent_if != 0 && (mask & f.sent_if) == 0))
+            continue;
+        if (f.quirk != nullptr && f.quirk->send != nullptr)
+            f.quirk->send(f, record, buf);
+        else
+            emit_field(f, record, buf);
     }
 }
 
@@ -206,70 +218,156 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
         std::memcpy(base, &u32, sizeof u32);
         u64 = u32;
         break;
+    case Wire::List:  /* read by read_list */
+        return;
     }
     trace_field(func, f, nullptr, 0, u64);
 }
 
 namespace {
 
-/* One slot by its field's rules; a refusal ends the message. */
-Read read_field(const char *func, const Field &f, blob_attr *attr, void *record, uint32_t *mask)
+uint32_t count_of(const void *record, const ListOf &l)
+{
+    uint32_t count = 0;
+    if (l.count_at >= 0)
+        std::memcpy(&count, static_cast<const uint8_t *>(record) + l.count_at, sizeof count);
+    return count;
+}
+
+/* One element into one entry: a table by the entry's table, a bare value
+ * as the entry's one field. */
+Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
+{
+    if (!l.tables) {
+        store_field(r.func, l.entry[0], elem, entry);
+        return {false, 0};
+    }
+    blob_attr *tb[kMaxEntryFields];
+    if (l.spans && r.msg_end != nullptr)
+        parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+    else
+        blobmsg_parse(l.policy, l.fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
+    return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry, l.fields);
+}
+
+void trace_with_count(const char *func, const char *text, uint32_t n)
+{
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+    trace(func, __LINE__, text, n);
+#pragma GCC diagnostic pop
+}
+
+/* The entries of a received list, in element order, never past the bound. */
+Read read_list(const Reading &r, const Field &f, blob_attr *attr)
+{
+    const ListOf &l = *f.list;
+    auto *first = static_cast<uint8_t *>(r.record) + f.offset;
+    const uint32_t limit = l.bound == Bound::Count ? at_most(count_of(r.record, l), l.capacity) : l.capacity;
+    const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
+    uint32_t filled = 0;
+    Read done{false, 0};
+    for_each_elem(attr, [&](blob_attr *elem) {
+        if (filled >= limit) {
+            if (l.past_bound != nullptr)
+                trace_with_count(r.func, l.past_bound, filled);
+            return l.surplus_skipped;
+        }
+        if (blobmsg_type(elem) != type) {
+            if (l.odd != nullptr)
+                trace_with_count(r.func, l.odd, filled);
+            return true;
+        }
+        done = read_entry(r, l, elem, first + filled * l.stride);
+        ++filled;
+        return !done.refused;
+    });
+    if (l.fills_count && l.count_at >= 0)
+        std::memcpy(static_cast<uint8_t *>(r.record) + l.count_at, &filled, sizeof filled);
+    trace_field(r.func, f, nullptr, 0, filled);
+    return done;
+}
+
+bool entry_empty(const Field &f, const uint8_t *entry)
+{
+    uint8_t first = 0;
+    if (f.wire == Wire::Text)
+        return entry[f.offset] == 0;
+    for (size_t i = 0; i < f.size; ++i)
+        first |= entry[f.offset + i];
+    return first == 0;
+}
+
+/* The entries of a record's list: as many as its count says (never more
+ * than the array holds), else the whole array, up to the first empty one
+ * where the list says so. */
+void emit_list(const Field &f, const void *record, blob_buf *buf)
+{
+    const ListOf &l = *f.list;
+    const auto *first = static_cast<const uint8_t *>(record) + f.offset;
+    const uint32_t n = l.count_at >= 0 ? at_most(count_of(record, l), l.capacity) : l.capacity;
+    void *array = blobmsg_open_array(buf, f.key);
+    for (uint32_t i = 0; i < n; ++i) {
+        const uint8_t *entry = first + i * l.stride;
+        if (l.to_first_empty && entry_empty(l.entry[0], entry))
+            break;
+        if (!l.tables) {
+            emit_field(l.entry[0], entry, buf);
+            continue;
+        }
+        void *table = blobmsg_open_table(buf, nullptr);
+        emit_fields(l.entry, l.fields, entry, buf, kNoMask);
+        blob_nest_end(buf, table);
+    }
+    blob_nest_end(buf, array);
+}
+
+} // namespace
+
+Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!f.tested)
         return {false, 0};
     if (!JTS_CheckBlobAttr(f.key, attr)) {
         if (f.refusal != nullptr)
-            BX_TRACE_AS(func, "%s\n", f.refusal);
+            BX_TRACE_AS(r.func, "%s\n", f.refusal);
         if (!f.required)
             return {false, 0};
         return {true, f.refused_ret};
     }
     if (!f.stored)
         return {false, 0};
+    if (f.wire == Wire::List)
+        return read_list(r, f, attr);
     /* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
      * zero wraps to the largest number and is refused. */
     if (f.out_of_range != nullptr && get_u32(attr) - f.lowest > f.highest - f.lowest) {
-        BX_TRACE_AS(func, "%s\n", f.out_of_range);
+        BX_TRACE_AS(r.func, "%s\n", f.out_of_range);
         return {true, -1};
     }
-    store_field(func, f, attr, record);
-    if (mask != nullptr)
-        *mask |= f.mask_bit;
+    store_field(r.func, f, attr, r.record);
+    if (r.mask != nullptr)
+        *r.mask |= f.mask_bit;
     return {false, 0};
 }
 
-} // namespace
+Read read_fields(const Reading &r, const Field *fields, size_t count)
+{
+    for (size_t i = 0; i < count; ++i) {
+        const Field &f = fields[i];
+        Read done = f.quirk != nullptr && f.quirk->read != nullptr ? f.quirk->read(r, f, r.tb[i])
+                                                                   : read_slot(r, f, r.tb[i]);
+        if (done.refused)
+            return done;
+    }
+    return {false, 0};
+}
 
 Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record, int mask_at)
 {
     uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    for (size_t i = 0; i < count; ++i) {
-        Read r = read_field(func, fields[i], tb[i], record, mask);
-        if (r.refused)
-            return r;
-    }
-    return {false, 0};
-}
-
-void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
-              const Field *fields, size_t nfields)
-{
-    /* A count above the array's size is the caller's error: send what the
-     * array holds and never read past it. */
-    if (count > capacity)
-        count = static_cast<uint32_t>(capacity);
-    void *array = blobmsg_open_array(buf, key);
-    for (uint32_t i = 0; i < count; ++i) {
-        void *table = blobmsg_open_table(buf, nullptr);
-        emit_fields(fields, nfields, static_cast<const uint8_t *>(first) + i * stride, buf, kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
-}
-
-void trace_list_full(const char *func, uint32_t filled)
-{
-    BX_TRACE_AS(func, "list full, %u entries kept\n", filled);
+    return read_fields(Reading{func, record, mask, nullptr, tb}, fields, count);
 }
 
 } // namespace bx

@@ -157,6 +157,7 @@ enum class Wire : uint8_t {
     S32,   /* int32_t, INT32 (emitted with blobmsg_add_u32 like any number) */
     U64,   /* uint64_t, INT64 */
     Word,  /* uint32_t enumeration number, STRING word of the field's word list */
+    List,  /* entries of an array in the record, ARRAY (see ListOf) */
 };
 
 /* How the one value of a table trace text is passed to the print: fixed
@@ -200,6 +201,9 @@ constexpr TraceShape trace_shape(const char *fmt)
  * whole array takes its terminator from a constant run of zeros this long. */
 constexpr size_t kMaxText = 1024;
 
+struct ListOf;
+struct Quirk;
+
 /* One member of a message: where it lives in the record, how it travels,
  * and every rule the message keeps for it. The rules default to "optional,
  * always sent, any value": a regular member is just its BX_* line. */
@@ -225,6 +229,8 @@ struct Field {
     uint32_t lowest = 0;
     uint32_t highest = 0;
     const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest */
+    const ListOf *list = nullptr;    /* a List's entries and how they are walked */
+    const Quirk *quirk = nullptr;    /* where the member departs from these columns */
 };
 
 #define BX_FIELD_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member))
@@ -328,6 +334,102 @@ constexpr Field parsed_only(Field f)
  * setting was asked about. */
 constexpr uint32_t kAnyLowBit = 0xFFFFu;
 
+/* ---- Lists held in a fixed array of the record ----------------------------- */
+
+/* How far a received list may fill the record's array. */
+enum class Bound : uint8_t {
+    Capacity,  /* the array's capacity */
+    Count,     /* also the count already stored in the record (the message's own) */
+};
+
+/* The entries of a List field: what an entry is, where the record counts
+ * them, and how the walk of a received list ends. Elements are walked by
+ * for_each_elem: a malformed one reads as nothing. */
+struct ListOf {
+    const Field *entry;            /* an entry's fields; a bare value has one, at offset 0, without key */
+    const blobmsg_policy *policy;  /* the entry table's policy (tables only) */
+    uint8_t fields;                /* rows in entry */
+    bool tables;                   /* elements are tables; else bare values of entry[0] */
+    uint16_t stride;               /* bytes between entries in the record */
+    uint16_t capacity;             /* entries the record's array holds */
+    int16_t count_at = -1;         /* byte offset of the record's u32 count of entries, -1: none */
+    Bound bound = Bound::Capacity;
+    bool fills_count = false;      /* the count becomes the number of entries filled */
+    bool spans = false;            /* table elements parsed over their whole span (see parse_span) */
+    bool to_first_empty = false;   /* sent up to the first empty entry (first field zero) */
+    bool surplus_skipped = false;  /* an element past the bound is skipped and the walk goes on */
+    const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
+    const char *odd = nullptr;         /* trace of an element of another type (skipped) */
+
+    /* The record counts its entries in the u32 at byte offset `at`: it bounds
+     * what is sent. */
+    constexpr ListOf counted_at(size_t at) const { ListOf l = *this; l.count_at = static_cast<int16_t>(at); return l; }
+    /* A received list fills no more entries than that count says. */
+    constexpr ListOf bounded_by_count() const { ListOf l = *this; l.bound = Bound::Count; return l; }
+    /* Once received, that count is the number of entries filled. */
+    constexpr ListOf filling_count() const { ListOf l = *this; l.fills_count = true; return l; }
+    constexpr ListOf by_span() const { ListOf l = *this; l.spans = true; return l; }
+    constexpr ListOf sent_to_first_empty() const { ListOf l = *this; l.to_first_empty = true; return l; }
+    constexpr ListOf past_bound_traced(const char *text, bool skipped) const
+    {
+        ListOf l = *this;
+        l.past_bound = text;
+        l.surplus_skipped = skipped;
+        return l;
+    }
+    constexpr ListOf odd_traced(const char *text) const { ListOf l = *this; l.odd = text; return l; }
+};
+
+/* The most rows an entry table may have: a received entry's slots live on
+ * the stack. */
+constexpr size_t kMaxEntryFields = 24;
+void entry_table_longer_than_kMaxEntryFields();  /* never defined: stops the compile */
+consteval uint8_t entry_fields(size_t count)
+{
+    if (count > kMaxEntryFields)
+        entry_table_longer_than_kMaxEntryFields();
+    return static_cast<uint8_t>(count);
+}
+
+#define BX_ENTRIES(Rec, member) \
+    static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member) / sizeof(static_cast<Rec *>(nullptr)->member[0]))
+#define BX_ENTRY_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member[0]))
+
+/* Rec::member as a list of tables, each entry read and sent by table Entry. */
+#define BX_TABLES(Rec, member, Entry)                                                                   \
+    ::bx::ListOf{Entry, ::bx::Described<Entry>::policy.entries, ::bx::entry_fields(::bx::Described<Entry>::count), \
+                 true, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+/* Rec::member as a list of bare values, each entry the one field of Entry. */
+#define BX_VALUES(Rec, member, Entry) \
+    ::bx::ListOf{Entry, nullptr, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+
+/* The entry of a list of bare texts of `size` bytes, or of numbers. */
+#define BX_TEXT_ENTRY(size, trace) \
+    ::bx::Field{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
+#define BX_U32_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
+
+/* Rec::member sent and received as the list `key`; `trace` (or nullptr)
+ * follows a received list with the number of entries filled. */
+#define BX_LIST(Rec, member, key, list, trace) \
+    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
+                                trace, ::bx::trace_shape(trace)}, list)
+
+constexpr Field with_list(Field f, const ListOf &list)
+{
+    f.list = &list;
+    return f;
+}
+
+/* The counted lists: "count" goes out as the record's uiCount and the
+ * entries follow, as many as it says; a received list fills from its
+ * first entry, uiCount becomes the number filled ("count:%u") and an
+ * element past the array ends the walk with a trace. */
+constexpr const char *kListFull = "list full, %u entries kept\n";
+#define BX_COUNTED_TABLES(Rec, member, Entry) \
+    BX_TABLES(Rec, member, Entry).counted_at(offsetof(Rec, uiCount)).filling_count().past_bound_traced(::bx::kListFull, false)
+#define BX_COUNT(Rec) BX_U32(Rec, uiCount, "count", nullptr)
+#define BX_COUNTED_LIST(Rec, member, key, list) BX_LIST(Rec, member, key, list, "count:%u")
+
 /* Traces field f's `trace` and a line end with one value. */
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number);
 
@@ -336,6 +438,7 @@ constexpr enum blobmsg_type wire_type(Wire wire)
 {
     return wire == Wire::U64 ? BLOBMSG_TYPE_INT64
          : (wire == Wire::U32 || wire == Wire::S32) ? BLOBMSG_TYPE_INT32
+         : wire == Wire::List ? BLOBMSG_TYPE_ARRAY
          : BLOBMSG_TYPE_STRING;
 }
 
@@ -377,8 +480,35 @@ struct Read {
     int ret;
 };
 
-/* Tests every slot in table order (JTS_CheckBlobAttr), stores and traces
- * each present one, sets its mask bit, and stops at the first refusal. */
+/* What reading a slot knows besides the slot itself. */
+struct Reading {
+    const char *func;      /* whose name the traces carry */
+    void *record;          /* the record (or list entry) being filled */
+    uint32_t *mask;        /* its validity mask, or nullptr */
+    const char *msg_end;   /* the end of the whole message: element spans stop there */
+    blob_attr *const *tb;  /* the slots of the area, in table order */
+};
+
+/* Where a member departs from the columns: a small function of its
+ * family's, in place of the columns' reading (read) or sending (send). */
+struct Quirk {
+    Read (*read)(const Reading &r, const Field &f, blob_attr *attr);
+    void (*send)(const Field &f, const void *record, blob_buf *buf);
+};
+
+constexpr Field with_quirk(Field f, const Quirk &quirk)
+{
+    f.quirk = &quirk;
+    return f;
+}
+
+/* One slot by its field's columns: tests it (JTS_CheckBlobAttr), stores and
+ * traces it, sets its mask bit; a refusal ends the message. */
+Read read_slot(const Reading &r, const Field &f, blob_attr *attr);
+
+/* Every slot in table order (a quirk's own reading where the row has one),
+ * stopping at the first refusal. */
+Read read_fields(const Reading &r, const Field *fields, size_t count);
 Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record,
                  int mask_at);
 
@@ -413,7 +543,8 @@ inline Read read_area(const char *func, void *data, size_t len, void *record, in
     using D = Described<Table>;
     blob_attr *tb[D::count];
     blobmsg_parse(D::policy.entries, static_cast<int>(D::count), tb, data, static_cast<unsigned>(len));
-    return read_fields(func, Table, D::count, tb, record, mask_at);
+    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
+    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, Table, D::count);
 }
 
 /* The JSON-to-struct converter of a table: -1 on a null argument, the
@@ -424,66 +555,6 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_a
     if (msg == nullptr || record == nullptr)
         return -1;
     return read_area<Table>(func, blob_data(msg), blob_len(msg), record, mask_at).ret;
-}
-
-/* ---- Lists of field-table records held in a fixed array ------------------- */
-
-/* Emits `count` entries (never more than the array holds) as a named array
- * of unnamed tables, each with the entry's fields in table order. */
-void stj_list(blob_buf *buf, const char *key, const void *first, size_t stride, uint32_t count, size_t capacity,
-              const Field *fields, size_t nfields);
-template <const auto &Table, typename Entry, size_t Cap>
-inline void stj_list(blob_buf *buf, const char *key, const Entry (&entries)[Cap], uint32_t count)
-{
-    stj_list(buf, key, entries, sizeof(Entry), count, Cap, Table, Described<Table>::count);
-}
-
-/* Traces a list that met its capacity. */
-void trace_list_full(const char *func, uint32_t filled);
-
-/* Fills consecutive entries from the tables of a list attribute (every key
- * optional, traced as in jts_fields) and returns how many it filled. Stops at
- * the array's capacity; elements that are not tables are skipped. */
-template <const auto &Table, typename Entry, size_t Cap>
-inline uint32_t jts_list(const char *func, blob_attr *list, Entry (&entries)[Cap])
-{
-    uint32_t filled = 0;
-    for_each_elem(list, [&](blob_attr *elem) {
-        if (filled >= Cap) {
-            trace_list_full(func, filled);
-            return false;
-        }
-        if (blobmsg_type(elem) != BLOBMSG_TYPE_TABLE)
-            return true;
-        read_area<Table>(func, blobmsg_data(elem), blobmsg_data_len(elem), &entries[filled]);
-        ++filled;
-        return true;
-    });
-    return filled;
-}
-
-/* A counted list: "count" then the entries under `key`. On the way in the
- * record's count becomes the number of entries filled, whatever "count"
- * said, so it can never exceed the array. */
-template <const auto &Table, typename Rec, typename Entry, size_t Cap>
-inline int stj_counted_list(const Rec *rec, blob_buf *buf, const char *key, const Entry (&list)[Cap])
-{
-    blobmsg_add_u32(buf, "count", rec->uiCount);
-    stj_list<Table>(buf, key, list, rec->uiCount);
-    return 0;
-}
-
-template <const auto &Table, typename Rec, typename Entry, size_t Cap>
-inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const char *key, Entry (&list)[Cap])
-{
-    const blobmsg_policy policy[1] = {{key, BLOBMSG_TYPE_ARRAY}};
-    blob_attr *tb[1];
-    parse(policy, tb, msg);
-    if (!present(policy, tb, 0))
-        return 0;
-    rec->uiCount = jts_list<Table>(func, tb[0], list);
-    BX_TRACE_AS(func, "count:%u\n", rec->uiCount);
-    return 0;
 }
 
 /* Defines a message's two converters: sent by one field table, received by
@@ -521,26 +592,6 @@ inline int jts_counted_list(const char *func, blob_attr *msg, Rec *rec, const ch
 /* A message whose record keeps the validity bits of its fields in `mask`. */
 #define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received) \
     BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, static_cast<int>(offsetof(Rec, mask)))
-
-/* Defines a counted list message's two converters: "count" and `key`
- * holding the tables of rec->member. */
-#define BX_LIST_CONVERTERS(stj_name, jts_name, Rec, member, key, fields)                  \
-    BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                   \
-    {                                                                                    \
-        BX_TRACE_CALL();                                                                 \
-        if (pvRecord == nullptr || pstBuf == nullptr)                                    \
-            return -1;                                                                   \
-        const auto *rec = static_cast<const Rec *>(pvRecord);                            \
-        return ::bx::stj_counted_list<fields>(rec, pstBuf, key, rec->member);            \
-    }                                                                                    \
-    BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                        \
-    {                                                                                    \
-        BX_TRACE_CALL();                                                                 \
-        if (pstMsg == nullptr || pvRecord == nullptr)                                    \
-            return -1;                                                                   \
-        auto *rec = static_cast<Rec *>(pvRecord);                                        \
-        return ::bx::jts_counted_list<fields>(__func__, pstMsg, rec, key, rec->member);  \
-    }
 
 } // namespace bx
 

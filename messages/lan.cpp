@@ -73,6 +73,14 @@ constexpr Field kLanStaticEntry[] = {
     BX_TEXT(LanStaticEntry, szHostName, "hostname", "hostname:%s"),
 };
 
+constexpr bx::ListOf kRepeaterList = BX_COUNTED_TABLES(RepeaterListParam, astList, kRepeaterAp);
+constexpr Field kRepeaterListSent[] = {BX_COUNT(RepeaterListParam), BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList)};
+constexpr Field kRepeaterListReceived[] = {kRepeaterListSent[1]};
+
+constexpr bx::ListOf kLanStaticList = BX_COUNTED_TABLES(LanStaticListParam, astList, kLanStaticEntry);
+constexpr Field kLanStaticListSent[] = {BX_COUNT(LanStaticListParam), BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList)};
+constexpr Field kLanStaticListReceived[] = {kLanStaticListSent[1]};
+
 } // namespace
 
 extern "C" {
@@ -88,7 +96,7 @@ BX_FIELD_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
 BX_FIELD_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
 BX_FIELD_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
 
-BX_LIST_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, RepeaterListParam, astList, "list", kRepeaterAp)
-BX_LIST_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, LanStaticListParam, astList, "list", kLanStaticEntry)
+BX_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, kRepeaterListSent, kRepeaterListReceived)
+BX_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, kLanStaticListSent, kLanStaticListReceived)
 
 } // extern "C"

@@ -2,7 +2,7 @@
  *
  * Every key is optional in both directions: an absent key is traced and its
  * field left as the caller set it. */
-#include <cstring>
+#include <cstddef>
 
 #include "core/codec.h"
 
@@ -47,10 +47,16 @@ constexpr Field kApMap[] = {
     BX_TEXT(TopoApMapParam, szBssid5g, "bssid5g", "bssid5g:%s"),
 };
 
-enum { MAC_LIST, MAC_MAX };
-constexpr blobmsg_policy kMacListPolicy[MAC_MAX] = {
-    /* MAC_LIST */ {"maclist", BLOBMSG_TYPE_ARRAY},
-};
+constexpr bx::ListOf kTopo = BX_COUNTED_TABLES(WifiTopoParam, astNode, kNode);
+constexpr Field kTopoSent[] = {BX_COUNT(WifiTopoParam), BX_COUNTED_LIST(WifiTopoParam, astNode, "topo", kTopo)};
+constexpr Field kTopoReceived[] = {kTopoSent[1]};
+
+/* The MACs of the nodes that answer, as bare texts: "count" then "maclist". */
+constexpr Field kNodeMac[] = {BX_TEXT_ENTRY(BX_ENTRY_SIZE(TopoApMacParam, aszMac), "mac:%s")};
+constexpr bx::ListOf kNodeMacs =
+    BX_VALUES(TopoApMacParam, aszMac, kNodeMac).counted_at(offsetof(TopoApMacParam, uiCount)).filling_count();
+constexpr Field kNodeMacsSent[] = {BX_COUNT(TopoApMacParam), BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs)};
+constexpr Field kNodeMacsReceived[] = {kNodeMacsSent[1]};
 
 } // namespace
 
@@ -59,57 +65,13 @@ extern "C" {
 BX_FIELD_CONVERTERS(STJ_WifiMesh, JTS_WifiMesh, kRole)
 BX_FIELD_CONVERTERS(STJ_WifiMeshRoaming, JTS_WifiMeshRoaming, kRoaming)
 BX_FIELD_CONVERTERS(STJ_WifiBackhaulbss, JTS_WifiBackhaulbss, kBackhaul)
-BX_LIST_CONVERTERS(STJ_WifiTopo, JTS_WifiTopo, WifiTopoParam, astNode, "topo", kNode)
+BX_CONVERTERS(STJ_WifiTopo, JTS_WifiTopo, kTopoSent, kTopoReceived)
 BX_FIELD_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
 BX_FIELD_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
 
 /* Only ever sent: the agent reports the event, nobody sends it to a node. */
 BX_SENT_ROW(STJ_WifiLocalMesh_Event, kNodeEvent, ::bx::kNoMask)
 
-/* Hand-written: the MACs go out as bare texts. */
-/* "count", then "maclist": the MACs as bare texts. */
-BX_API int STJ_WifiTopoMac(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const TopoApMacParam *>(pvRecord);
-    uint32_t count = rec->uiCount < WIFI_TOPO_MAX ? rec->uiCount : WIFI_TOPO_MAX;  // never past the array
-    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
-    void *list = blobmsg_open_array(pstBuf, "maclist");
-    for (uint32_t i = 0; i < count; ++i) {
-        char mac[sizeof rec->aszMac[0] + 1] = {};
-        std::memcpy(mac, rec->aszMac[i], sizeof rec->aszMac[i]);
-        blobmsg_add_string(pstBuf, nullptr, mac);
-    }
-    blob_nest_end(pstBuf, list);
-    return 0;
-}
-
-/* Hand-written: the MACs come as a list of bare texts. */
-BX_API int JTS_WifiTopoMac(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<TopoApMacParam *>(pvRecord);
-    blob_attr *tb[MAC_MAX];
-    bx::parse(kMacListPolicy, tb, pstMsg);
-    if (!bx::present(kMacListPolicy, tb, MAC_LIST))
-        return 0;
-    uint32_t filled = 0;
-    const char *func = __func__;  // inside the walk __func__ would name the lambda
-    bx::for_each_elem(tb[MAC_LIST], [&](blob_attr *mac) {
-        if (filled >= WIFI_TOPO_MAX)
-            return false;
-        if (blobmsg_type(mac) != BLOBMSG_TYPE_STRING)
-            return true;
-        bx::copy_text(rec->aszMac[filled], sizeof rec->aszMac[filled] - 1, mac);
-        BX_TRACE_AS(func, "mac:%.*s\n", static_cast<int>(sizeof rec->aszMac[filled]), rec->aszMac[filled]);
-        ++filled;
-        return true;
-    });
-    rec->uiCount = filled;
-    BX_TRACE("count:%u\n", rec->uiCount);
-    return 0;
-}
+BX_CONVERTERS(STJ_WifiTopoMac, JTS_WifiTopoMac, kNodeMacsSent, kNodeMacsReceived)
 
 } // extern "C"

@@ -180,6 +180,13 @@ constexpr bx::Field kApAccessIp[] = {
     BX_TEXT(ApAccessIpRec, szIp, "ip", "ip:%s"),
     BX_U32(ApAccessIpRec, uiPort, "port", "port:%u"),
 };
+constexpr bx::ListOf kApAccessIps = BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount));
+
+/* Sent: the rule words, then the addresses, as many as "count" says. */
+constexpr bx::Field kApAccessRuleSent[] = {
+    kApAccessRule[AR_RADIO], kApAccessRule[AR_APINDEX], kApAccessRule[AR_ACCESSRULE], kApAccessRule[AR_COUNT],
+    BX_LIST(ApAccessRuleRec, astIpList, "iplist", kApAccessIps, nullptr),
+};
 
 /* ---- Access point creation and deletion (75, 76) ---------------------------------------- */
 
@@ -227,15 +234,7 @@ BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord)
     return 0;
 }
 
-/* Hand-written: the list of addresses follows the rule words. */
-BX_API int STJ_ApAccessRule(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (bx::stj_fields(pvRecord, pstBuf, kApAccessRule) != 0)
-        return -1;
-    const auto *rec = static_cast<const ApAccessRuleRec *>(pvRecord);
-    bx::stj_list<kApAccessIp>(pstBuf, "iplist", rec->astIpList, rec->uiCount);
-    return 0;
-}
+BX_SENT_ROW(STJ_ApAccessRule, kApAccessRuleSent, ::bx::kNoMask)
 
 /* Hand-written: the list is read first, and an unknown rule word is kept as
  * kNoAccessRule. */

@@ -47,6 +47,14 @@ constexpr Field kInternetTime[] = {
     BX_U32(StaCtrlInternetTimeParam, uiWeekMask, "week", "week:%u"),
 };
 
+constexpr bx::ListOf kCtrlList = BX_COUNTED_TABLES(StaCtrlListParam, astList, kEntry);
+constexpr Field kCtrlListSent[] = {BX_COUNT(StaCtrlListParam), BX_COUNTED_LIST(StaCtrlListParam, astList, "list", kCtrlList)};
+constexpr Field kCtrlListReceived[] = {kCtrlListSent[1]};
+
+constexpr bx::ListOf kWifiList = BX_COUNTED_TABLES(StaCtrlWifiListParam, astList, kAllow);
+constexpr Field kWifiListSent[] = {BX_COUNT(StaCtrlWifiListParam), BX_COUNTED_LIST(StaCtrlWifiListParam, astList, "list", kWifiList)};
+constexpr Field kWifiListReceived[] = {kWifiListSent[1]};
+
 } // namespace
 
 extern "C" {
@@ -54,12 +62,12 @@ extern "C" {
 BX_FIELD_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
 BX_FIELD_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
 BX_FIELD_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
-BX_LIST_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, StaCtrlListParam, astList, "list", kEntry)
+BX_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, kCtrlListSent, kCtrlListReceived)
 /* Asks for the list of one mode: the mode record again. */
 BX_FIELD_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
 BX_FIELD_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
 BX_FIELD_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
-BX_LIST_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, StaCtrlWifiListParam, astList, "list", kAllow)
+BX_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, kWifiListSent, kWifiListReceived)
 BX_FIELD_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
 BX_FIELD_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
 
