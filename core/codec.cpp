@@ -323,6 +323,24 @@ void emit_list(const Field &f, const void *record, blob_buf *buf)
     blob_nest_end(buf, array);
 }
 
+/* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
+ * zero wraps to the largest number and is refused. */
+bool in_range(const Field &f, uint32_t value) { return value - f.lowest <= f.highest - f.lowest; }
+
+uint32_t stored_u32(const Field &f, const void *record)
+{
+    uint32_t value = 0;
+    std::memcpy(&value, static_cast<const uint8_t *>(record) + f.offset, sizeof value);
+    return value;
+}
+
+Read refuse(const Reading &r, const Field &f)
+{
+    if (f.out_of_range != nullptr)
+        BX_TRACE_AS(r.func, "%s\n", f.out_of_range);
+    return {true, -1};
+}
+
 } // namespace
 
 Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
@@ -340,15 +358,13 @@ Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
         return {false, 0};
     if (f.wire == Wire::List)
         return read_list(r, f, attr);
-    /* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
-     * zero wraps to the largest number and is refused. */
-    if (f.out_of_range != nullptr && get_u32(attr) - f.lowest > f.highest - f.lowest) {
-        BX_TRACE_AS(r.func, "%s\n", f.out_of_range);
-        return {true, -1};
-    }
+    if (f.check == Check::Before && !in_range(f, get_u32(attr)))
+        return refuse(r, f);
     store_field(r.func, f, attr, r.record);
     if (r.mask != nullptr)
         *r.mask |= f.mask_bit;
+    if (f.check == Check::After && !in_range(f, stored_u32(f, r.record)))
+        return refuse(r, f);
     return {false, 0};
 }
 

@@ -204,6 +204,13 @@ constexpr size_t kMaxText = 1024;
 struct ListOf;
 struct Quirk;
 
+/* When a ranged value is tested. */
+enum class Check : uint8_t {
+    None,
+    Before,  /* a value outside the range is refused and never stored */
+    After,   /* stored and traced first, then refused: the record keeps it */
+};
+
 /* One member of a message: where it lives in the record, how it travels,
  * and every rule the message keeps for it. The rules default to "optional,
  * always sent, any value": a regular member is just its BX_* line. */
@@ -225,10 +232,11 @@ struct Field {
     const char *refusal = nullptr;   /* trace line of a message without it, if any */
     uint32_t mask_bit = 0;           /* set in the record's mask once stored */
     uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
-    /* Range on the way in, tested before storing. */
+    /* Range on the way in, tested before storing or after it. */
+    Check check = Check::None;
     uint32_t lowest = 0;
     uint32_t highest = 0;
-    const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest */
+    const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest, if any */
     const ListOf *list = nullptr;    /* a List's entries and how they are walked */
     const Quirk *quirk = nullptr;    /* where the member departs from these columns */
 };
@@ -288,11 +296,25 @@ constexpr Field flagged(Field f, uint32_t bit) { return flagged(f, bit, bit); }
 /* A number refused (trace `refusal`, result -1) outside lowest..highest. */
 constexpr Field ranged(Field f, uint32_t lowest, uint32_t highest, const char *refusal)
 {
+    f.check = Check::Before;
     f.lowest = lowest;
     f.highest = highest;
     f.out_of_range = refusal;
     return f;
 }
+
+/* The same test made once the value is stored and traced (refusal may be
+ * nullptr: the store's own trace is the only line). */
+constexpr Field ranged_after(Field f, uint32_t lowest, uint32_t highest, const char *refusal)
+{
+    f = ranged(f, lowest, highest, refusal);
+    f.check = Check::After;
+    return f;
+}
+
+/* An enumeration word refused once stored when its list does not know it
+ * (stored as -1). */
+constexpr Field known_word(Field f) { return ranged_after(f, 0, 0x7FFFFFFFu, nullptr); }
 
 /* A key the message's policy lists and tests (its absence is traced) but
  * that no converter reads. */
