@@ -41,15 +41,12 @@ struct Line {
     Row<JsonToStructFunc> to_struct;
 };
 
-/* The larger record of a type whose two directions fill different ones. */
-template <typename A, typename B>
-using Larger = std::conditional_t<(sizeof(A) >= sizeof(B)), A, B>;
-using QosClassGetRecord = Larger<QosClassRule, QosClassIndex>;
-using VsieProbeRxFlushRecord = Larger<VsieProbeRxFlush, VsieProbeRxEntry>;
 
 #define BX_ROW(position, name, converter) row(position, name, converter)
 #define BX_NO_ROW NoRow{}
-#define BX_LINE(type, record, to_json, to_struct) Line{type, sizeof(record), to_json, to_struct},
+/* A caller's record must hold the larger of the two. */
+#define BX_LINE(type, sent, received, to_json, to_struct) \
+    Line{type, sizeof(sent) > sizeof(received) ? sizeof(sent) : sizeof(received), to_json, to_struct},
 constexpr Line kCatalogue[] = {BX_CATALOGUE(BX_LINE)};
 #undef BX_LINE
 #undef BX_NO_ROW
