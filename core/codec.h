@@ -222,23 +222,22 @@ struct Field {
     uint16_t size;
     const char *trace;  /* trace after storing (no line end), or nullptr */
     TraceShape shape;   /* how trace's value is passed */
-    bool sent = true;                /* false: only ever received */
-    bool whole = false;              /* a text copied with the array's whole size */
-    /* Presence on the way in. */
-    bool tested = true;              /* false: parsed by the policy, never tested */
-    bool stored = true;              /* false: the key is tested, never read */
-    bool required = false;           /* a message without it is refused */
+    /* The rules, packed: a router keeps these rows in flash. */
+    bool sent : 1 = true;            /* false: only ever received */
+    bool whole : 1 = false;          /* a text copied with the array's whole size */
+    bool tested : 1 = true;          /* false: parsed by the policy, never tested */
+    bool stored : 1 = true;          /* false: the key is tested, never read */
+    bool required : 1 = false;       /* a message without it is refused */
+    Check check = Check::None;       /* whether and when lowest..highest is tested */
     int8_t refused_ret = -1;         /* result of a refused message */
     const char *refusal = nullptr;   /* trace line of a message without it, if any */
-    uint32_t mask_bit = 0;           /* set in the record's mask once stored */
-    uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
-    /* Range on the way in, tested before storing or after it. */
-    Check check = Check::None;
-    uint32_t lowest = 0;
-    uint32_t highest = 0;
     const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest, if any */
     const ListOf *list = nullptr;    /* a List's entries and how they are walked */
     const Quirk *quirk = nullptr;    /* where the member departs from these columns */
+    uint32_t mask_bit = 0;           /* set in the record's mask once stored */
+    uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
+    uint32_t lowest = 0;
+    uint32_t highest = 0;
 };
 
 #define BX_FIELD_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member))
