@@ -252,11 +252,17 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
 
 void trace_with_count(const char *func, const char *text, uint32_t n)
 {
+#ifndef BLOBXLATE_TRACE_OFF
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
     trace(func, __LINE__, text, n);
 #pragma GCC diagnostic pop
+#else
+    (void)func;
+    (void)text;
+    (void)n;
+#endif
 }
 
 /* The entries of a received list, in element order, never past the bound. */
@@ -264,7 +270,8 @@ Read read_list(const Reading &r, const Field &f, blob_attr *attr)
 {
     const ListOf &l = *f.list;
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
-    const uint32_t limit = l.bound == Bound::Count ? at_most(count_of(r.record, l), l.capacity) : l.capacity;
+    const uint32_t count = l.bound == Bound::Capacity ? l.capacity : at_most(count_of(r.record, l), l.capacity);
+    const uint32_t limit = l.bound == Bound::Count ? count : l.capacity;
     const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
     uint32_t filled = 0;
     Read done{false, 0};
@@ -274,14 +281,14 @@ Read read_list(const Reading &r, const Field &f, blob_attr *attr)
                 trace_with_count(r.func, l.past_bound, filled);
             return l.surplus_skipped;
         }
-        if (blobmsg_type(elem) != type) {
+        if (blobmsg_type(elem) != type && !l.any_type) {
             if (l.odd != nullptr)
                 trace_with_count(r.func, l.odd, filled);
             return true;
         }
         done = read_entry(r, l, elem, first + filled * l.stride);
         ++filled;
-        return !done.refused;
+        return !done.refused && !(l.bound == Bound::CountAfter && filled >= count);
     });
     if (l.fills_count && l.count_at >= 0)
         std::memcpy(static_cast<uint8_t *>(r.record) + l.count_at, &filled, sizeof filled);
@@ -356,8 +363,12 @@ Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
     }
     if (!f.stored)
         return {false, 0};
-    if (f.wire == Wire::List)
-        return read_list(r, f, attr);
+    if (f.wire == Wire::List) {
+        const Read done = read_list(r, f, attr);
+        if (r.mask != nullptr)
+            *r.mask |= f.mask_bit;
+        return done;
+    }
     if (f.check == Check::Before && !in_range(f, get_u32(attr)))
         return refuse(r, f);
     store_field(r.func, f, attr, r.record);

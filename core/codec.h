@@ -359,8 +359,9 @@ constexpr uint32_t kAnyLowBit = 0xFFFFu;
 
 /* How far a received list may fill the record's array. */
 enum class Bound : uint8_t {
-    Capacity,  /* the array's capacity */
-    Count,     /* also the count already stored in the record (the message's own) */
+    Capacity,    /* the array's capacity */
+    Count,       /* also the count already stored in the record (the message's own) */
+    CountAfter,  /* the same count, tested only after each store: one entry at least */
 };
 
 /* The entries of a List field: what an entry is, where the record counts
@@ -379,6 +380,7 @@ struct ListOf {
     bool spans = false;            /* table elements parsed over their whole span (see parse_span) */
     bool to_first_empty = false;   /* sent up to the first empty entry (first field zero) */
     bool surplus_skipped = false;  /* an element past the bound is skipped and the walk goes on */
+    bool any_type = false;         /* bare values read as the entry's shape whatever their type */
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
 
@@ -388,6 +390,9 @@ struct ListOf {
     /* A received list fills no more entries than that count says. */
     constexpr ListOf bounded_by_count() const { ListOf l = *this; l.bound = Bound::Count; return l; }
     /* Once received, that count is the number of entries filled. */
+    /* ... or tests that count only once an entry is stored. */
+    constexpr ListOf bounded_by_count_after() const { ListOf l = *this; l.bound = Bound::CountAfter; return l; }
+    constexpr ListOf of_any_type() const { ListOf l = *this; l.any_type = true; return l; }
     constexpr ListOf filling_count() const { ListOf l = *this; l.fills_count = true; return l; }
     constexpr ListOf by_span() const { ListOf l = *this; l.spans = true; return l; }
     constexpr ListOf sent_to_first_empty() const { ListOf l = *this; l.to_first_empty = true; return l; }
