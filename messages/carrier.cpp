@@ -95,10 +95,6 @@ constexpr Field kWanTcpUdpConNum[] = {
     BX_U32(WanTcpUdpConNumParam, uiNumber, "number", "ConNum:%d"),
 };
 
-constexpr Field kCustomFactoryInfo[] = {
-    BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", nullptr),
-};
-
 constexpr Field kAgentUplinkInfo[] = {
     BX_WORD(AgentUplinkInfoParam, eType, EnumUplinkMedium, "type", "type:%u"),
     BX_TEXT(AgentUplinkInfoParam, szSsid, "ssid", "ssid: %s"),
@@ -125,31 +121,69 @@ constexpr Field kQuickjoin[] = {
 /* ---- CTCC platform servers (type 154) --------------------------------------- */
 
 /* Each member travels only while its bit of uiValidMask is set; storing
- * one sets its bit. Quirk: the copy takes the whole array, so a
- * 65-character text is stored without a terminator. */
+ * one sets its bit (bits are only ever set: the caller's mask is added
+ * to). Quirk: the copy takes the whole array, so a 65-character text is
+ * stored without a terminator. */
 #define SERVER_TEXT(member, key, bit) \
     bx::flagged(bx::whole(BX_TEXT(CTCCServerInfoParam, member, key, key ":%s")), bit)
-constexpr Field kServerTexts[] = {
+
+/* Quirk: "backup" sets its bit once present, before its elements are read,
+ * and its elements are taken as texts whatever their type, up to the
+ * array's 16. */
+bx::Read read_backup(const bx::Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    *r.mask |= f.mask_bit;
+    const bx::ListOf &l = *f.list;
+    auto *first = static_cast<char *>(r.record) + f.offset;
+    unsigned stored = 0;
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        bx::store_field(r.func, l.entry[0], elem, first + stored * l.stride);
+        return ++stored < l.capacity;
+    });
+    return {false, 0};
+}
+
+constexpr bx::Quirk kBackupRead{read_backup, nullptr};
+
+/* The backup servers go out as bare texts up to the first empty one. */
+constexpr Field kBackup[] = {bx::whole(BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s"))};
+constexpr bx::ListOf kBackups = BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup).sent_to_first_empty();
+
+constexpr Field kCTCCServerInfo[] = {
     SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
     SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
     SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
     SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
+    bx::with_quirk(bx::flagged(BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr), CTCC_SERVER_BACKUP),
+                   kBackupRead),
 };
 #undef SERVER_TEXT
-constexpr size_t kServerTextCount = sizeof kServerTexts / sizeof kServerTexts[0];
-constexpr int kServerMask = static_cast<int>(offsetof(CTCCServerInfoParam, uiValidMask));
-
-/* Quirk: the copy takes the whole array, so a 65-character text is stored
- * without a terminator. Its trace prints the array and nothing past it. */
-void store_server_text(const char *func, const char *key, char *dst, blob_attr *attr)
-{
-    bx::copy_text(dst, CTCC_SERVER_TEXT_SIZE, attr);
-    BX_TRACE_AS(func, "%s:%.*s\n", key, CTCC_SERVER_TEXT_SIZE, dst);
-}
 
 /* ---- Factory random password (type 168) --------------------------------------- */
 
 constexpr size_t kRandPasswordLen = 8;
+
+/* Quirk: only a password of exactly eight characters is taken; any other
+ * is traced (at most 31 characters of it) and leaves the record as it was. */
+bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const char *text = bx::get_text(attr);
+    if (strnlen(text, kRandPasswordLen + 1) != kRandPasswordLen) {
+        BX_TRACE_AS(r.func, "wrong randpassword:%.31s\n", text);
+        return {false, 0};
+    }
+    return bx::read_slot(r, f, attr);
+}
+
+constexpr bx::Quirk kRandPasswordRead{read_rand_password, nullptr};
+
+constexpr Field kCustomFactoryInfo[] = {
+    bx::with_quirk(BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", "randpassword:%s"), kRandPasswordRead),
+};
 
 } // namespace
 
@@ -161,53 +195,8 @@ BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
 BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
-/* Hand-written: the backup servers go out as bare texts up to the first empty one. */
-BX_API int STJ_CTCCServerInfo(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const CTCCServerInfoParam *>(pvRecord);
-    bx::emit_fields(kServerTexts, kServerTextCount, rec, pstBuf, kServerMask);
-    if (!(rec->uiValidMask & CTCC_SERVER_BACKUP))
-        return 0;
-    void *list = blobmsg_open_array(pstBuf, "backup");
-    /* The entries before the first empty one, at most the array's 16. */
-    for (size_t i = 0; i < CTCC_SERVER_BACKUP_MAX && rec->aszBackup[i][0] != 0; ++i)
-        bx::add_text(pstBuf, nullptr, rec->aszBackup[i]);
-    blob_nest_end(pstBuf, list);
-    return 0;
-}
-
-/* Hand-written: the backup servers are a list of bare texts that fill their whole arrays. */
-BX_API int JTS_CTCCServerInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { SERVER_BSSADDR, SERVER_ABIADDR, SERVER_DEVTOKEN, SERVER_DEVID, SERVER_BACKUP, SERVER_MAX };
-    static const blobmsg_policy policy[SERVER_MAX] = {
-        /* SERVER_BSSADDR */  {"bssaddr", BLOBMSG_TYPE_STRING},
-        /* SERVER_ABIADDR */  {"abiaddr", BLOBMSG_TYPE_STRING},
-        /* SERVER_DEVTOKEN */ {"devtoken", BLOBMSG_TYPE_STRING},
-        /* SERVER_DEVID */    {"devid", BLOBMSG_TYPE_STRING},
-        /* SERVER_BACKUP */   {"backup", BLOBMSG_TYPE_ARRAY},
-    };
-    static_assert(kServerTextCount == SERVER_BACKUP);
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<CTCCServerInfoParam *>(pvRecord);
-    blob_attr *tb[SERVER_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* Bits are only ever set: the caller's mask is added to. */
-    bx::read_fields(__func__, kServerTexts, kServerTextCount, tb, rec, kServerMask);
-    if (!bx::present(policy, tb, SERVER_BACKUP))
-        return 0;
-    rec->uiValidMask |= CTCC_SERVER_BACKUP;
-    size_t stored = 0;
-    const char *func = __func__;
-    bx::for_each_elem(tb[SERVER_BACKUP], [&](blob_attr *elem) {
-        store_server_text(func, "backup", rec->aszBackup[stored], elem);
-        return ++stored < CTCC_SERVER_BACKUP_MAX;
-    });
-    return 0;
-}
+BX_MASKED_CONVERTERS(STJ_CTCCServerInfo, JTS_CTCCServerInfo, CTCCServerInfoParam, uiValidMask, kCTCCServerInfo,
+                      kCTCCServerInfo)
 
 BX_FIELD_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
 
@@ -233,34 +222,7 @@ BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
 BX_FIELD_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
 
-BX_SENT_ROW(STJ_CustomFactoryInfo, kCustomFactoryInfo, ::bx::kNoMask)
-
-/* Hand-written: only a password of exactly eight characters is taken. */
-BX_API int JTS_CustomFactoryInfo(struct blob_attr *pstMsg, void *pvRecord)
-{
-    enum { FACTORY_RANDPASSWORD, FACTORY_MAX };
-    static const blobmsg_policy policy[FACTORY_MAX] = {
-        /* FACTORY_RANDPASSWORD */ {"randpassword", BLOBMSG_TYPE_STRING},
-    };
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<CustomFactoryInfoParam *>(pvRecord);
-    blob_attr *tb[FACTORY_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (!bx::present(policy, tb, FACTORY_RANDPASSWORD))
-        return 0;
-    /* Only a password of exactly eight characters is taken; anything else is
-     * traced and leaves the record as it was. */
-    char scratch[32] = {};
-    bx::copy_text(scratch, sizeof scratch - 1, tb[FACTORY_RANDPASSWORD]);
-    if (std::strlen(scratch) != kRandPasswordLen) {
-        BX_TRACE("wrong randpassword:%s\n", scratch);
-        return 0;
-    }
-    std::strncpy(rec->szRandPassword, scratch, sizeof rec->szRandPassword - 1);
-    BX_TRACE("randpassword:%s\n", rec->szRandPassword);
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_CustomFactoryInfo, JTS_CustomFactoryInfo, kCustomFactoryInfo)
 
 BX_FIELD_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
 

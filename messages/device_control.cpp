@@ -49,10 +49,19 @@ constexpr Field kUpgradeStatus[] = {
     BX_WORD(UpgradeStatusParam, eUpgradeStatus, EnumUpgradeState, "UpgradeStatus", nullptr),
 };
 
+/* Quirk: the receiver traces its own name before the fields. */
+bx::Read read_first_led_colour(const bx::Reading &r, const Field &f, blob_attr *attr)
+{
+    BX_TRACE_AS(r.func, "%s()\n", r.func);
+    return bx::read_slot(r, f, attr);
+}
+
+constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr};
+
 /* Quirk: EnumLedColour has no words towards the bus, so the colour is sent
  * as its decimal number ("1") but received as a word ("green"). */
 constexpr Field kLedColour[] = {
-    BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d"),
+    bx::with_quirk(BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d"), kNamedFirst),
     BX_WORD(LedColourParam, eColour, EnumLedColour, "colour", "ledcolour colour: %d"),
 };
 
@@ -73,16 +82,7 @@ BX_FIELD_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
 /* Sent only: nobody asks the device to be in an upgrade state. */
 BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
-BX_SENT_ROW(STJ_LedColour, kLedColour, ::bx::kNoMask)
-
-/* Hand-written: it traces its own name before the fields. */
-BX_API int JTS_Led_Colour(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    BX_TRACE("JTS_Led_Colour()\n");
-    return bx::jts_fields<kLedColour>(__func__, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_LedColour, JTS_Led_Colour, kLedColour)
 
 BX_FIELD_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
 

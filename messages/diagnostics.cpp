@@ -94,8 +94,20 @@ constexpr bx::Field kPingResult[] = {
     BX_U32(PingResult, uiPingNum, "pingnum", "PingNum:%d"),
 };
 
+/* Quirk: the sender traces the whole result before sending it; the
+ * daemon's output may fill the whole array, so no more than it is printed. */
+void send_traced_result(const bx::Field &f, const void *record, blob_buf *buf)
+{
+    const auto *rec = static_cast<const TraceRouteResult *>(record);
+    BX_TRACE_AS("STJ_TraceRoute_Result", "STJ_TraceRoute_Result [%.*s] \n\n", static_cast<int>(sizeof rec->szResult),
+                rec->szResult);
+    bx::emit_field(f, record, buf);
+}
+
+constexpr bx::Quirk kTracedResult{nullptr, send_traced_result};
+
 constexpr bx::Field kTraceRouteResult[] = {
-    BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s"),
+    bx::with_quirk(BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s"), kTracedResult),
 };
 
 constexpr bx::Field kUplinkSupport[] = {
@@ -115,18 +127,7 @@ BX_MASKED_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, TraceRouteRequest, uiCapaFl
 
 BX_FIELD_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 
-/* Hand-written: it traces the whole result before sending it. */
-BX_API int STJ_TraceRoute_Result(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const TraceRouteResult *>(pvRecord);
-    /* The daemon's output may fill the whole array: print no more than it. */
-    BX_TRACE("STJ_TraceRoute_Result [%.*s] \n\n", static_cast<int>(sizeof rec->szResult), rec->szResult);
-    return bx::stj_fields(pvRecord, pstBuf, kTraceRouteResult);
-}
-
-BX_RECEIVED_ROW(JTS_TraceRouteResult, kTraceRouteResult, ::bx::kNoMask)
+BX_FIELD_CONVERTERS(STJ_TraceRoute_Result, JTS_TraceRouteResult, kTraceRouteResult)
 
 BX_FIELD_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
 

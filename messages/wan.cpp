@@ -9,6 +9,7 @@
  * cannot set the word directly. */
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "blobxlate.h"
 #include "core/codec.h"
@@ -80,7 +81,7 @@ constexpr bx::Field kStatic[] = {
     bx::listed_only(BX_U32(WanStaticConfig, uiCapaFlag, "capaflag", nullptr)),
 };
 
-/* PPPoE, in sending order (the policy below has "mtu" third). */
+/* PPPoE, in sending order (receivers have "mtu" third). */
 constexpr bx::Field kPppoeSent[] = {
     bx::flagged(BX_TEXT(WanPppoeConfig, szUser, "user", nullptr), WAN_CAPA_PPPOE_USER),
     bx::flagged(BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr), WAN_CAPA_PPPOE_PWD),
@@ -90,26 +91,32 @@ constexpr bx::Field kPppoeSent[] = {
     bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr), WAN_CAPA_MTU, bx::kAnyLowBit),
 };
 
-enum { PPPOE_USER, PPPOE_PWD, PPPOE_MTU, PPPOE_SERVER, PPPOE_SERVICE, PPPOE_CAPAFLAG, PPPOE_MAX };
-constexpr blobmsg_policy kPppoePolicy[PPPOE_MAX] = {
-    /* PPPOE_USER */ {"user", BLOBMSG_TYPE_STRING},
-    /* PPPOE_PWD */ {"pwd", BLOBMSG_TYPE_STRING},
-    /* PPPOE_MTU */ {"mtu", BLOBMSG_TYPE_INT32},
-    /* PPPOE_SERVER */ {"server", BLOBMSG_TYPE_STRING},
-    /* PPPOE_SERVICE */ {"service", BLOBMSG_TYPE_STRING},
-    /* PPPOE_CAPAFLAG */ {"capaflag", BLOBMSG_TYPE_INT32},
-};
-
-/* The PPPoE texts may fill their whole array; traces print no more than it. */
-constexpr int kAccountLen = static_cast<int>(sizeof(WanPppoeConfig::szUser));
-
-/* Stores one PPPoE account text and sets its validity bit. Quirk: the copy
- * takes the whole array, so 33 characters or more leave no terminator. */
-void take_account(char (&field)[sizeof(WanPppoeConfig::szUser)], blob_attr *attr, uint32_t &capa, uint32_t bit)
+/* Quirk: the server's trace line shows the password. */
+constexpr bx::Field kServerLine = BX_TEXT(WanPppoeConfig, szPwd, "pwd", "PppoeServer:%s");
+bx::Read read_server(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
 {
-    bx::copy_text(field, sizeof field, attr);
-    capa |= bit;
+    bx::Read done = bx::read_slot(r, f, attr);
+    const char *pwd = static_cast<const WanPppoeConfig *>(r.record)->szPwd;
+    if (attr != nullptr)
+        bx::trace_field(r.func, kServerLine, pwd, strnlen(pwd, sizeof(WanPppoeConfig::szPwd)), 0);
+    return done;
 }
+
+constexpr bx::Quirk kServerShowsPwd{read_server, nullptr};
+
+/* PPPoE as received, "mtu" third. Quirk: the texts are copied with their
+ * whole array, so 32 characters or more leave no terminator. */
+#define PPPOE_TEXT(member, key, trace, bit) bx::flagged(bx::whole(BX_TEXT(WanPppoeConfig, member, key, trace)), bit)
+constexpr bx::Field kPppoeReceived[] = {
+    PPPOE_TEXT(szUser, "user", "PppoeUser:%s", WAN_CAPA_PPPOE_USER),
+    PPPOE_TEXT(szPwd, "pwd", "PppoePwd:%s", WAN_CAPA_PPPOE_PWD),
+    bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU),
+    bx::with_quirk(PPPOE_TEXT(szServer, "server", nullptr, WAN_CAPA_PPPOE_SERVER), kServerShowsPwd),
+    PPPOE_TEXT(szService, "service", "PppoeService:%s", WAN_CAPA_PPPOE_SERVICE),
+    /* Looked for like every key, never read. */
+    bx::listed_only(BX_U32(WanPppoeConfig, uiCapaFlag, "capaflag", nullptr)),
+};
+#undef PPPOE_TEXT
 
 } // namespace
 
@@ -125,41 +132,6 @@ BX_FIELD_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
 
 BX_MASKED_CONVERTERS(STJ_Static, JTS_Static, WanStaticConfig, uiCapaFlag, kStatic, kStatic)
 
-BX_SENT_ROW(STJ_Pppoe, kPppoeSent, static_cast<int>(offsetof(WanPppoeConfig, uiCapaFlag)))
-
-/* Hand-written: the server's trace line shows the password. */
-BX_API int JTS_Pppoe(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WanPppoeConfig *>(pvRecord);
-    blob_attr *tb[PPPOE_MAX];
-    bx::parse(kPppoePolicy, tb, pstMsg);
-    if (bx::present(kPppoePolicy, tb, PPPOE_USER)) {
-        take_account(rec->szUser, tb[PPPOE_USER], rec->uiCapaFlag, WAN_CAPA_PPPOE_USER);
-        BX_TRACE("PppoeUser:%.*s\n", kAccountLen, rec->szUser);
-    }
-    if (bx::present(kPppoePolicy, tb, PPPOE_PWD)) {
-        take_account(rec->szPwd, tb[PPPOE_PWD], rec->uiCapaFlag, WAN_CAPA_PPPOE_PWD);
-        BX_TRACE("PppoePwd:%.*s\n", kAccountLen, rec->szPwd);
-    }
-    if (bx::present(kPppoePolicy, tb, PPPOE_MTU)) {
-        rec->uiMtu = bx::get_u32(tb[PPPOE_MTU]);
-        rec->uiCapaFlag |= WAN_CAPA_MTU;
-        BX_TRACE("MTU:%d\n", static_cast<int>(rec->uiMtu));
-    }
-    if (bx::present(kPppoePolicy, tb, PPPOE_SERVER)) {
-        take_account(rec->szServer, tb[PPPOE_SERVER], rec->uiCapaFlag, WAN_CAPA_PPPOE_SERVER);
-        /* Quirk: the server's trace line shows the password. */
-        BX_TRACE("PppoeServer:%.*s\n", kAccountLen, rec->szPwd);
-    }
-    if (bx::present(kPppoePolicy, tb, PPPOE_SERVICE)) {
-        take_account(rec->szService, tb[PPPOE_SERVICE], rec->uiCapaFlag, WAN_CAPA_PPPOE_SERVICE);
-        BX_TRACE("PppoeService:%.*s\n", kAccountLen, rec->szService);
-    }
-    /* Looked for like every key, never read. */
-    (void)bx::present(kPppoePolicy, tb, PPPOE_CAPAFLAG);
-    return 0;
-}
+BX_MASKED_CONVERTERS(STJ_Pppoe, JTS_Pppoe, WanPppoeConfig, uiCapaFlag, kPppoeSent, kPppoeReceived)
 
 } // extern "C"
