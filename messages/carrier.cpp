@@ -127,37 +127,19 @@ constexpr Field kQuickjoin[] = {
 #define SERVER_TEXT(member, key, bit) \
     bx::flagged(bx::whole(BX_TEXT(CTCCServerInfoParam, member, key, key ":%s")), bit)
 
-/* Quirk: "backup" sets its bit once present, before its elements are read,
- * and its elements are taken as texts whatever their type, up to the
- * array's 16. */
-bx::Read read_backup(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
-    *r.mask |= f.mask_bit;
-    const bx::ListOf &l = *f.list;
-    auto *first = static_cast<char *>(r.record) + f.offset;
-    unsigned stored = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
-        bx::store_field(r.func, l.entry[0], elem, first + stored * l.stride);
-        return ++stored < l.capacity;
-    });
-    return {false, 0};
-}
-
-constexpr bx::Quirk kBackupRead{read_backup, nullptr};
-
-/* The backup servers go out as bare texts up to the first empty one. */
+/* The backup servers go out as bare texts up to the first empty one; they
+ * come in as texts whatever their type, up to the array's 16, and the list
+ * sets its bit once present. */
 constexpr Field kBackup[] = {bx::whole(BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s"))};
-constexpr bx::ListOf kBackups = BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup).sent_to_first_empty();
+constexpr bx::ListOf kBackups =
+    BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup).sent_to_first_empty().of_any_type();
 
 constexpr Field kCTCCServerInfo[] = {
     SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
     SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
     SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
     SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
-    bx::with_quirk(bx::flagged(BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr), CTCC_SERVER_BACKUP),
-                   kBackupRead),
+    bx::flagged(BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr), CTCC_SERVER_BACKUP),
 };
 #undef SERVER_TEXT
 

@@ -194,24 +194,12 @@ constexpr Field kRunTimeInfo[] = {
 
 /* ---- Open ports (types 10 and 11) ------------------------------------------ */
 
-/* Quirk: ports of any type are read as numbers. Senders keep to the
- * record's 32 entries but the message does not say so: the walk stops at
- * the array's end whatever it holds. */
-bx::Read read_open_ports(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    const Field &port = f.list->entry[0];
-    return store_numbers(r, f, attr, f.list->capacity,
-                         [&](unsigned, uint32_t value) { bx::trace_field(r.func, port, nullptr, 0, value); });
-}
-
-constexpr bx::Quirk kOpenPortsRead{read_open_ports, nullptr};
-
-/* A zero entry ends the list; a full array has none. */
+/* A zero entry ends the list; a full array has none. Ports of any type are
+ * read as numbers, up to the array's 32 entries (the message sets no
+ * bound of its own). */
 constexpr Field kOpenPort[] = {BX_U32_ENTRY("Ports: %u")};
-constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort).sent_to_first_empty();
-constexpr Field kOpenPorts[] = {
-    bx::with_quirk(BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr), kOpenPortsRead),
-};
+constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort).sent_to_first_empty().of_any_type();
+constexpr Field kOpenPorts[] = {BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr)};
 
 } // namespace
 

@@ -73,42 +73,24 @@ constexpr Field kPortUpDown[] = {
 
 /* ---- Port counts and numbers (45) --------------------------------------- */
 
-/* Quirk: each number is read whatever its type and stored before the
- * count is tested, so a count of 0 still takes the first; the array's
- * slots bound the walk too, whatever count the sender gave. */
-bx::Read read_port_list(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
-    const bx::ListOf &l = *f.list;
-    auto *first = static_cast<unsigned char *>(r.record) + f.offset;
-    uint32_t count = 0;
-    std::memcpy(&count, static_cast<const unsigned char *>(r.record) + l.count_at, sizeof count);
-    uint32_t stored = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
-        bx::store_field(r.func, l.entry[0], elem, first + stored * l.stride);
-        ++stored;
-        return stored < count && stored < l.capacity;
-    });
-    return {false, 0};
-}
-
-constexpr bx::Quirk kPortListRead{read_port_list, nullptr};
-
 /* Each list goes out as many numbers as its count says (never past the
  * array); the counts come first on the way in too, so that they bound the
  * lists, whether they came with this message or were left in the record
  * by the caller. */
 constexpr Field kLanIndex[] = {BX_U32_ENTRY("lanindex:%d")};
 constexpr Field kWanIndex[] = {BX_U32_ENTRY("wanindex:%d")};
-constexpr bx::ListOf kLanIndexes = BX_VALUES(PortNum, auiLanIndex, kLanIndex).counted_at(offsetof(PortNum, uiLanNum));
-constexpr bx::ListOf kWanIndexes = BX_VALUES(PortNum, auiWanIndex, kWanIndex).counted_at(offsetof(PortNum, uiWanNum));
+/* Quirk: each number is read whatever its type and stored before the count
+ * is tested, so a count of 0 still takes the first. */
+constexpr bx::ListOf kLanIndexes =
+    BX_VALUES(PortNum, auiLanIndex, kLanIndex).counted_at(offsetof(PortNum, uiLanNum)).bounded_by_count_after().of_any_type();
+constexpr bx::ListOf kWanIndexes =
+    BX_VALUES(PortNum, auiWanIndex, kWanIndex).counted_at(offsetof(PortNum, uiWanNum)).bounded_by_count_after().of_any_type();
 
 constexpr Field kPortNum[] = {
     BX_U32(PortNum, uiLanNum, "lan", "lannum:%d"),
     BX_U32(PortNum, uiWanNum, "wan", "wannum:%d"),
-    bx::with_quirk(BX_LIST(PortNum, auiLanIndex, "lanindex", kLanIndexes, nullptr), kPortListRead),
-    bx::with_quirk(BX_LIST(PortNum, auiWanIndex, "wanindex", kWanIndexes, nullptr), kPortListRead),
+    BX_LIST(PortNum, auiLanIndex, "lanindex", kLanIndexes, nullptr),
+    BX_LIST(PortNum, auiWanIndex, "wanindex", kWanIndexes, nullptr),
 };
 
 } // namespace
