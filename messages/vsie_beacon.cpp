@@ -13,7 +13,7 @@ using bx::at_most;
 
 /* ---- Limits (type 140) ----------------------------------------------------- */
 
-constexpr bx::Field kInfoFields[] = {
+constexpr Field kInfoFields[] = {
     BX_U32(VsieInfo, uiMaxBeaconTxEntry, "maxbeacontxentry", "MaxBeacontxEntry:%u"),
     BX_U32(VsieInfo, uiMaxBeaconTxConcurrent, "maxbeacontxconcurrent", "MaxBeacontxConCurrent:%u"),
     BX_U32(VsieInfo, uiMaxProbeRxEntry, "maxproberxentry", "MaxProberxEntry:%u"),
@@ -142,7 +142,7 @@ BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_SENT_ROW(STJ_Vsie_Beacontx_List, kListSent, ::bx::kNoMask)
 
-/* Hand-written: each element is parsed over its whole span, and the outer message decides whether its bytes are read. */
+/* Hand-written: the outer message's "iedata" decides whether the walk goes on, and entry traces carry the index. */
 BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kListPolicy;
