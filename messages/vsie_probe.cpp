@@ -86,7 +86,8 @@ constexpr Field kRxAdd[] = {
     BX_VSIE_BYTES(VsieProbeRxEntry, aucOui, "oui", kOui),
 };
 
-/* A listed station record: uiVsieLen payload bytes, its OUI stays behind. */
+/* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
+ * behind (a received list is read by its own converter). */
 constexpr bx::Quirk kVsieSent{nullptr, bx::vsie::send_bytes<offsetof(VsieProbeRxRecord, uiVsieLen)>};
 constexpr Field kRecordSent[] = {
     BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
