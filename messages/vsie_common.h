@@ -20,7 +20,9 @@ inline constexpr Field kIndexFields[] = {
 
 /* Stores the numbers of an array attribute in dst[0], dst[1], ..., at most
  * `limit` of them (a byte array keeps each number's low byte), and calls
- * stored(k, dst[k]) after each. Returns how many were stored. */
+ * stored(k, dst[k]) after each. An element of any type is read as a number:
+ * the daemons never look at an element's type. Returns how many were
+ * stored. */
 template <typename T, typename Stored>
 inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored stored)
 {
@@ -47,6 +49,34 @@ inline void add_bytes(blob_buf *buf, const char *key, const T *bytes, size_t cou
     blob_nest_end(buf, array);
 }
 
+/* The row's own presence test and report, for a quirk that reads its list
+ * its own way: true when the key is there. */
+inline bool found(const Reading &r, const Field &f, blob_attr *attr)
+{
+    read_slot(r, tested_only(f), attr);
+    return attr != nullptr;
+}
+
+/* The packed bytes of row f sent as a list of numbers: as many as the
+ * record's u32 at byte CountAt says (never more than the array holds), or
+ * the whole array when CountAt is negative. */
+template <int CountAt>
+inline void send_bytes(const Field &f, const void *record, blob_buf *buf)
+{
+    const auto *base = static_cast<const uint8_t *>(record);
+    uint32_t count = f.size;
+    if constexpr (CountAt >= 0)
+        std::memcpy(&count, base + CountAt, sizeof count);
+    add_bytes(buf, f.key, base + f.offset, at_most(count, f.size));
+}
+
 } // namespace bx::vsie
+
+/* Rec::member, an array of packed element bytes, as the list of numbers
+ * `key`, read and sent by `quirk` (the columns know no byte entries). */
+#define BX_VSIE_BYTES(Rec, member, key, quirk)                                                              \
+    ::bx::with_quirk(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
+                                 nullptr, ::bx::trace_shape(nullptr)},                                        \
+                     quirk)
 
 #endif

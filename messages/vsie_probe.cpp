@@ -5,6 +5,8 @@
  * Unlike beacon entries, these keep their element bytes packed, one byte
  * each; the bus carries one number per byte. The index messages (types 146
  * and 151) are sent by the beacon index converter. */
+#include <iterator>
+
 #include "messages/vsie_common.h"
 
 namespace {
@@ -13,13 +15,14 @@ namespace {
  * the fourth element ends the walk with "NULL == cur". */
 constexpr uint32_t kProbeListEntries = 3;
 
-using bx::vsie::add_bytes;
+using bx::Field;
 using bx::at_most;
 using bx::vsie::low_byte;
 
-/* Every probe-receive message (types 145 to 149), and every element of its
- * "list" and "record" arrays, is read against this policy (the index message
- * reads its one key through a field table, which finds the same attribute). */
+/* The probe-receive list and record messages (types 147 and 149), and every
+ * element of their "list" and "record" arrays, are read against this policy
+ * (the other probe-receive messages read theirs through field tables, which
+ * find the same attributes). */
 enum {
     PRX_IDX,
     PRX_SERVICENAME,
@@ -43,7 +46,7 @@ constexpr blobmsg_policy kVsieProberxPolicy[PRX_MAX] = {
     /* PRX_LIST */        {"list", BLOBMSG_TYPE_ARRAY},
 };
 
-/* The same for the probe-response messages (types 150 to 152). */
+/* The same for the probe-response list (type 152) and its elements. */
 enum {
     PRESP_IDX,
     PRESP_BAND,
@@ -61,29 +64,111 @@ constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
     /* PRESP_LIST */   {"list", BLOBMSG_TYPE_ARRAY},
 };
 
-/* Opens an unnamed table in the array that is open. */
-void *open_entry(blob_buf *buf) { return blobmsg_open_table(buf, nullptr); }
+/* ---- Probe-receive entries (types 145, 147 to 149) ---------------------------- */
 
-/* A station record of a probe-receive entry, as a list sends it: its OUI
- * stays behind. */
-void emit_record(blob_buf *buf, const VsieProbeRxRecord &rec)
+/* Quirk (145): each OUI byte is traced with its place. */
+bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    bx::add_text(buf, "mac", rec.szMac);
-    bx::add_word(buf, "band", EnumBand, rec.uiBand);
-    add_bytes(buf, "vsie", rec.aucVsie, at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX));
+    if (bx::vsie::found(r, f, attr)) {
+        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, f.size, attr, [&r](size_t k, uint8_t byte) {
+            BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
+        });
+    }
+    return {false, 0};
 }
+constexpr bx::Quirk kOui{read_oui, bx::vsie::send_bytes<-1>};
 
-/* A probe-response entry as a list sends it (`whole`), or as an added entry
- * is sent: the MAC and the bytes only. */
-void emit_response(blob_buf *buf, const VsieProbeRespEntry &entry, bool whole)
+/* An added entry has no index and no records yet. */
+constexpr Field kRxAdd[] = {
+    BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s"),
+    /* No range check: an unknown word stores 2. */
+    BX_WORD(VsieProbeRxEntry, uiBand, EnumBand, "band", "Band:%u"),
+    BX_VSIE_BYTES(VsieProbeRxEntry, aucOui, "oui", kOui),
+};
+
+/* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
+ * behind (a received list is read by its own converter). */
+constexpr bx::Quirk kVsieSent{nullptr, bx::vsie::send_bytes<offsetof(VsieProbeRxRecord, uiVsieLen)>};
+constexpr Field kRecordSent[] = {
+    BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
+    BX_WORD(VsieProbeRxRecord, uiBand, EnumBand, "band", nullptr),
+    BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kVsieSent),
+};
+constexpr bx::ListOf kRecords =
+    BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent).counted_at(offsetof(VsieProbeRxEntry, uiRecordCount));
+
+/* No count: the receiver counts the list. */
+constexpr Field kRxEntrySent[] = {
+    BX_U32(VsieProbeRxEntry, uiIdx, "idx", nullptr),
+    kRxAdd[0], kRxAdd[1], kRxAdd[2],
+    BX_LIST(VsieProbeRxEntry, astRecord, "record", kRecords, nullptr),
+};
+constexpr bx::ListOf kRxEntries =
+    BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent).counted_at(offsetof(VsieProbeRxList, uiCount));
+constexpr Field kRxListSent[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntries, nullptr)};
+
+/* Quirk (148): sent from the very start of the record, a bare service name,
+ * whereas the received name lands after an entry's uiIdx. */
+constexpr Field kFlushSent[] = {BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr)};
+constexpr Field kFlushReceived[] = {BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s")};
+
+/* Quirk (149): "vsie" carries the OUI ahead of uiVsieLen payload bytes. */
+void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
 {
-    if (whole)
-        blobmsg_add_u32(buf, "idx", entry.uiIdx);
-    bx::add_text(buf, "mac", entry.szMac);
-    if (whole)
-        bx::add_word(buf, "band", EnumBand, entry.uiBand);
-    add_bytes(buf, "iedata", entry.aucIedata, at_most(entry.uiIedataLen, VSIE_IEDATA_MAX));
+    const auto &rec = *static_cast<const VsieProbeRxRecord *>(record);
+    void *vsie = blobmsg_open_array(buf, f.key);
+    for (uint8_t byte : rec.aucOui)
+        blobmsg_add_u32(buf, nullptr, byte);
+    for (size_t k = 0; k < at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
+        blobmsg_add_u32(buf, nullptr, rec.aucVsie[k]);
+    blob_nest_end(buf, vsie);
 }
+constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload};
+
+/* An added station record goes out as the one element of a "record" list. */
+constexpr Field kOneRecordSent[] = {
+    kRecordSent[0], kRecordSent[1],
+    BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kOuiAndPayload),
+};
+constexpr bx::ListOf kOneRecord{kOneRecordSent, bx::Described<kOneRecordSent>::policy.entries,
+                                bx::entry_fields(std::size(kOneRecordSent)), true, sizeof(VsieProbeRxRecord), 1};
+constexpr Field kRecordAddSent[] = {
+    bx::with_list(bx::Field{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
+};
+
+/* ---- Probe-response entries (types 150 and 152) ------------------------------ */
+
+/* Quirk (150): the count is the bytes stored, traced once they are. */
+bx::Read read_response_bytes(const bx::Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!bx::vsie::found(r, f, attr))
+        return {false, 0};
+    auto &entry = *static_cast<VsieProbeRespEntry *>(r.record);
+    entry.uiIedataLen = static_cast<uint32_t>(bx::vsie::store_numbers(
+        entry.aucIedata, sizeof entry.aucIedata, attr, [&r](size_t, uint8_t byte) {
+            BX_TRACE_AS(r.func, "Iedata:%x\n", byte);
+        }));
+    BX_TRACE_AS(r.func, "pstOut->uiIedataLen:%d\n", static_cast<int>(entry.uiIedataLen));
+    return {false, 0};
+}
+constexpr bx::Quirk kResponseBytes{read_response_bytes, bx::vsie::send_bytes<offsetof(VsieProbeRespEntry, uiIedataLen)>};
+
+/* An added entry: no "idx", no "band". */
+constexpr Field kRespAdd[] = {
+    BX_TEXT(VsieProbeRespEntry, szMac, "mac", "Mac:%s"),
+    bx::reported(BX_VSIE_BYTES(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes), "No IEDATA"),
+};
+
+/* No count: the receiver counts the list. */
+constexpr Field kRespEntrySent[] = {
+    BX_U32(VsieProbeRespEntry, uiIdx, "idx", nullptr),
+    kRespAdd[0],
+    BX_WORD(VsieProbeRespEntry, uiBand, EnumBand, "band", nullptr),
+    kRespAdd[1],
+};
+constexpr bx::ListOf kRespEntries =
+    BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
+constexpr Field kRespListSent[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
 
 } // namespace
 
@@ -91,46 +176,7 @@ extern "C" {
 
 /* ---- Type 145 ---- */
 
-/* Hand-written: the OUI goes out as a list of bytes. */
-BX_API int STJ_Vsie_Proberx_Add(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const VsieProbeRxEntry *>(pvRecord);
-    /* An added entry has no index and no records yet. */
-    bx::add_text(pstBuf, "servicename", rec->szServiceName);
-    bx::add_word(pstBuf, "band", EnumBand, rec->uiBand);
-    add_bytes(pstBuf, "oui", rec->aucOui, sizeof rec->aucOui);
-    return 0;
-}
-
-/* Hand-written: the OUI comes as a list of bytes. */
-BX_API int JTS_Vsie_Proberx_Add(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kVsieProberxPolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
-    const char *func = __func__;
-    blob_attr *tb[PRX_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* "idx" is not read. */
-    if (bx::present(policy, tb, PRX_SERVICENAME)) {
-        bx::copy_text(rec->szServiceName, sizeof rec->szServiceName - 1, tb[PRX_SERVICENAME]);
-        BX_TRACE("Servicename:%s\n", bx::shown(rec->szServiceName).text);
-    }
-    if (bx::present(policy, tb, PRX_BAND)) {
-        /* No range check: an unknown word stores 2. */
-        rec->uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, tb[PRX_BAND]));
-        BX_TRACE("Band:%u\n", rec->uiBand);
-    }
-    if (!bx::present(policy, tb, PRX_OUI))
-        return 0;
-    bx::vsie::store_numbers(rec->aucOui, sizeof rec->aucOui, tb[PRX_OUI], [func](size_t k, uint8_t byte) {
-        BX_TRACE_AS(func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
-    });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_Vsie_Proberx_Add, JTS_Vsie_Proberx_Add, kRxAdd)
 
 /* ---- Type 146 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
@@ -138,33 +184,7 @@ BX_RECEIVED_ROW(JTS_Vsie_Proberx_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 147 ---- */
 
-/* Hand-written: a list of entries, each with its OUI and records. */
-BX_API int STJ_Vsie_Proberx_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const VsieProbeRxList *>(pvRecord);
-    /* No count: the receiver counts the list. */
-    void *list = blobmsg_open_array(pstBuf, "list");
-    for (size_t n = 0; n < at_most(rec->uiCount, VSIE_PROBERX_LIST_MAX); ++n) {
-        const VsieProbeRxEntry &entry = rec->astEntry[n];
-        void *table = open_entry(pstBuf);
-        blobmsg_add_u32(pstBuf, "idx", entry.uiIdx);
-        bx::add_text(pstBuf, "servicename", entry.szServiceName);
-        bx::add_word(pstBuf, "band", EnumBand, entry.uiBand);
-        add_bytes(pstBuf, "oui", entry.aucOui, sizeof entry.aucOui);
-        void *records = blobmsg_open_array(pstBuf, "record");
-        for (size_t r = 0; r < at_most(entry.uiRecordCount, VSIE_PROBERX_RECORD_MAX); ++r) {
-            void *record = open_entry(pstBuf);
-            emit_record(pstBuf, entry.astRecord[r]);
-            blob_nest_end(pstBuf, record);
-        }
-        blob_nest_end(pstBuf, records);
-        blob_nest_end(pstBuf, table);
-    }
-    blob_nest_end(pstBuf, list);
-    return 0;
-}
+BX_SENT_ROW(STJ_Vsie_Proberx_List, kRxListSent, ::bx::kNoMask)
 
 } // extern "C"
 
@@ -265,7 +285,7 @@ void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, Vsi
 
 extern "C" {
 
-/* Hand-written: one counter indexes both the OUI bytes and the records. */
+/* Hand-written: one counter indexes both the OUI bytes and the records, and entry traces carry the entry's index. */
 BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberxPolicy;
@@ -304,58 +324,13 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 148 ---- */
 
-/* Hand-written: the service name is sent from the very start of the record. */
-BX_API int STJ_Vsie_Proberx_Flush(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    /* Quirk: sent from the very start of the record, a bare service name,
-     * whereas the received name lands after an entry's uiIdx. */
-    bx::add_text(pstBuf, "servicename", static_cast<const VsieProbeRxFlush *>(pvRecord)->szServiceName);
-    return 0;
-}
-
-/* Hand-written: the service name lands after an entry's index. */
-BX_API int JTS_Vsie_Proberx_Flush(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kVsieProberxPolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<VsieProbeRxEntry *>(pvRecord);
-    blob_attr *tb[PRX_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (!bx::present(policy, tb, PRX_SERVICENAME))
-        return 0;
-    bx::copy_text(rec->szServiceName, sizeof rec->szServiceName - 1, tb[PRX_SERVICENAME]);
-    BX_TRACE("Servicename:%s\n", bx::shown(rec->szServiceName).text);
-    return 0;
-}
+BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlushSent, kFlushReceived)
 
 /* ---- Type 149 ---- */
 
-/* Hand-written: one record inside a list, its OUI before its payload. */
-BX_API int STJ_Vsie_Proberx_Record_Add(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const VsieProbeRxRecord *>(pvRecord);
-    void *records = blobmsg_open_array(pstBuf, "record");
-    void *record = open_entry(pstBuf);
-    bx::add_text(pstBuf, "mac", rec->szMac);
-    bx::add_word(pstBuf, "band", EnumBand, rec->uiBand);
-    /* The OUI goes first, then uiVsieLen payload bytes. */
-    void *vsie = blobmsg_open_array(pstBuf, "vsie");
-    for (uint8_t byte : rec->aucOui)
-        blobmsg_add_u32(pstBuf, nullptr, byte);
-    for (size_t k = 0; k < at_most(rec->uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
-        blobmsg_add_u32(pstBuf, nullptr, rec->aucVsie[k]);
-    blob_nest_end(pstBuf, vsie);
-    blob_nest_end(pstBuf, record);
-    blob_nest_end(pstBuf, records);
-    return 0;
-}
+BX_SENT_ROW(STJ_Vsie_Proberx_Record_Add, kRecordAddSent, ::bx::kNoMask)
 
-/* Hand-written: one record read from a list, its band from the entry. */
+/* Hand-written: the first "record" element, of whatever type, fills the record, its "vsie" split by counters. */
 BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberxPolicy;
@@ -409,42 +384,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 150 ---- */
 
-/* Hand-written: the element bytes go out as a list. */
-BX_API int STJ_Vsie_Proberesp_Add(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    /* No "idx", no "band". */
-    emit_response(pstBuf, *static_cast<const VsieProbeRespEntry *>(pvRecord), false);
-    return 0;
-}
-
-/* Hand-written: the element bytes come as a list. */
-BX_API int JTS_Vsie_Proberesp_Add(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kVsieProberespPolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<VsieProbeRespEntry *>(pvRecord);
-    const char *func = __func__;
-    blob_attr *tb[PRESP_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* "idx" and "band" are not read. */
-    if (bx::present(policy, tb, PRESP_MAC)) {
-        bx::copy_text(rec->szMac, sizeof rec->szMac - 1, tb[PRESP_MAC]);
-        BX_TRACE("Mac:%s\n", bx::shown(rec->szMac).text);
-    }
-    if (!bx::present(policy, tb, PRESP_IEDATA)) {
-        BX_TRACE("No IEDATA\n");
-        return 0;
-    }
-    rec->uiIedataLen = static_cast<uint32_t>(bx::vsie::store_numbers(
-        rec->aucIedata, sizeof rec->aucIedata, tb[PRESP_IEDATA], [func](size_t, uint8_t byte) {
-            BX_TRACE_AS(func, "Iedata:%x\n", byte);
-        }));
-    BX_TRACE("pstOut->uiIedataLen:%d\n", static_cast<int>(rec->uiIedataLen));
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_Vsie_Proberesp_Add, JTS_Vsie_Proberesp_Add, kRespAdd)
 
 /* ---- Type 151 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
@@ -452,24 +392,9 @@ BX_RECEIVED_ROW(JTS_Vsie_Proberesp_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 /* ---- Type 152 ---- */
 
-/* Hand-written: a list of entries, each with its element bytes. */
-BX_API int STJ_Vsie_Proberesp_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const VsieProbeRespList *>(pvRecord);
-    /* No count: the receiver counts the list. */
-    void *list = blobmsg_open_array(pstBuf, "list");
-    for (size_t n = 0; n < at_most(rec->uiCount, VSIE_PROBERESP_LIST_MAX); ++n) {
-        void *table = open_entry(pstBuf);
-        emit_response(pstBuf, rec->astEntry[n], true);
-        blob_nest_end(pstBuf, table);
-    }
-    blob_nest_end(pstBuf, list);
-    return 0;
-}
+BX_SENT_ROW(STJ_Vsie_Proberesp_List, kRespListSent, ::bx::kNoMask)
 
-/* Hand-written: a list of at most three entries, each parsed over its whole span. */
+/* Hand-written: at most three entries, each traced with its index; the count is overwritten, 0 without "list". */
 BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberespPolicy;

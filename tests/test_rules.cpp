@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -64,22 +65,36 @@ TEST(ListWalk, EndsAtAnElementLongerThanWhatRemains)
 
 // ---- How far an element's parse reaches ------------------------------------------
 
-// An element's parse spans its whole payload, name header included: past a
-// named last element it reaches the member that follows the list.
+// An element's parse spans its whole payload, name header included, cut at
+// the end of the message, not of the list: past a named last element it
+// reaches the member that follows the list.
 TEST(ElementSpan, LastElementSeesTheMemberAfterTheList)
 {
-    Buf b;
-    blobmsg_add_u32(b.get(), "count", 1);
-    void *list = blobmsg_open_array(b.get(), "list");
-    void *entry = blobmsg_open_table(b.get(), "an-element-name-long-enough-to-reach");
-    blobmsg_add_u32(b.get(), "idx", 4);
-    blob_nest_end(b.get(), entry);
-    blob_nest_end(b.get(), list);
-    blobmsg_add_u32(b.get(), "ssididx", 7);
-    VsieBeaconTxList rec{};
-    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_VSIE_BEACONTX_LIST, b.head(), &rec), 0);
-    EXPECT_EQ(rec.astEntry[0].uiIdx, 4u);
-    EXPECT_EQ(rec.astEntry[0].uiSsidIdx, 7u);
+    struct Case {
+        int type;
+        const char *name, *key;  // the last element's name; the member after the list
+        size_t at;               // where entry 0 stores that member
+        const char *seen;
+    };
+    const char *kLong = "an-element-name-long-enough-to-reach";
+    const size_t kBeaconName = offsetof(VsieBeaconTxList, astEntry) + offsetof(VsieBeaconTxEntry, szServiceName);
+    const size_t kRespMac = offsetof(VsieProbeRespList, astEntry) + offsetof(VsieProbeRespEntry, szMac);
+    for (const Case &c : {Case{MSG_VSIE_BEACONTX_LIST, kLong, "servicename", kBeaconName, "after"},
+                          Case{MSG_VSIE_BEACONTX_LIST, "n", "servicename", kBeaconName, ""},
+                          Case{MSG_VSIE_PROBERESP_LIST, kLong, "mac", kRespMac, "after"}}) {
+        SCOPED_TRACE(c.type);
+        Buf b;
+        blobmsg_add_u32(b.get(), "count", 1);
+        void *list = blobmsg_open_array(b.get(), "list");
+        void *entry = blobmsg_open_table(b.get(), c.name);
+        blobmsg_add_u32(b.get(), "idx", 4);
+        blob_nest_end(b.get(), entry);
+        blob_nest_end(b.get(), list);
+        blobmsg_add_string(b.get(), c.key, "after");
+        std::vector<char> rec(sizeof(VsieBeaconTxList));
+        ASSERT_EQ(JSON_TRANS_STRUCT(c.type, b.head(), rec.data()), 0);
+        EXPECT_STREQ(rec.data() + c.at, c.seen);
+    }
 }
 
 // ---- Keys a policy lists but no converter reads ------------------------------------
