@@ -151,6 +151,9 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
         std::memcpy(&u32, base, sizeof u32);
         add_word(buf, f.key, f.word_list, u32);
         break;
+    case Wire::U8:
+        blobmsg_add_u32(buf, f.key, *base);
+        break;
     case Wire::List:
         emit_list(f, record, buf);
         break;
@@ -217,6 +220,10 @@ void store_field(const char *func, const Field &f, blob_attr *attr, void *record
         u32 = static_cast<uint32_t>(get_word(f.word_list, attr));
         std::memcpy(base, &u32, sizeof u32);
         u64 = u32;
+        break;
+    case Wire::U8:
+        *base = static_cast<uint8_t>(get_u32(attr));
+        u64 = *base;
         break;
     case Wire::List:  /* read by read_list */
         return;

@@ -157,6 +157,7 @@ enum class Wire : uint8_t {
     S32,   /* int32_t, INT32 (emitted with blobmsg_add_u32 like any number) */
     U64,   /* uint64_t, INT64 */
     Word,  /* uint32_t enumeration number, STRING word of the field's word list */
+    U8,    /* uint8_t, INT32 (a byte of an element's data, stored as the number's low byte) */
     List,  /* entries of an array in the record, ARRAY (see ListOf) */
 };
 
@@ -429,10 +430,12 @@ consteval uint8_t entry_fields(size_t count)
 #define BX_VALUES(Rec, member, Entry) \
     ::bx::ListOf{Entry, nullptr, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
 
-/* The entry of a list of bare texts of `size` bytes, or of numbers. */
+/* The entry of a list of bare texts of `size` bytes, of numbers, or of
+ * bytes. */
 #define BX_TEXT_ENTRY(size, trace) \
     ::bx::Field{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
 #define BX_U32_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
+#define BX_U8_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
 
 /* Rec::member sent and received as the list `key`; `trace` (or nullptr)
  * follows a received list with the number of entries filled. */
@@ -463,7 +466,7 @@ void trace_field(const char *func, const Field &f, const char *text, size_t text
 constexpr enum blobmsg_type wire_type(Wire wire)
 {
     return wire == Wire::U64 ? BLOBMSG_TYPE_INT64
-         : (wire == Wire::U32 || wire == Wire::S32) ? BLOBMSG_TYPE_INT32
+         : (wire == Wire::U32 || wire == Wire::S32 || wire == Wire::U8) ? BLOBMSG_TYPE_INT32
          : wire == Wire::List ? BLOBMSG_TYPE_ARRAY
          : BLOBMSG_TYPE_STRING;
 }

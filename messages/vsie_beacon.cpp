@@ -31,23 +31,14 @@ void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
     bx::vsie::store_numbers(entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
 }
 
-/* Quirk: an element of any type is read as a number, as many as the "len"
- * just stored (or the caller's uiLen) says. */
-bx::Read read_iedata(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    if (bx::vsie::found(r, f, attr)) {
-        store_iedata(*static_cast<VsieBeaconTxEntry *>(r.record), attr, [&r, &f](size_t, uint32_t value) {
-            bx::trace_field(r.func, f.list->entry[0], nullptr, 0, value);
-        });
-    }
-    return {false, 0};
-}
-constexpr bx::Quirk kAnyElementType{read_iedata, nullptr};
-
-/* The element bytes, one per 32-bit slot, as many as uiLen says. */
+/* The element bytes, one per 32-bit slot, as many as uiLen says (the
+ * "len" just stored, or the caller's); an element of any type is read as a
+ * number. */
 constexpr Field kIeByte[] = {BX_U32_ENTRY("Iedata:%c")};
-constexpr bx::ListOf kIeData =
-    BX_VALUES(VsieBeaconTxEntry, auiIeData, kIeByte).counted_at(offsetof(VsieBeaconTxEntry, uiLen)).bounded_by_count();
+constexpr bx::ListOf kIeData = BX_VALUES(VsieBeaconTxEntry, auiIeData, kIeByte)
+                                   .counted_at(offsetof(VsieBeaconTxEntry, uiLen))
+                                   .bounded_by_count()
+                                   .of_any_type();
 
 /* An added entry has no index yet: "idx" is neither sent nor read. */
 constexpr Field kAddFields[] = {
@@ -55,8 +46,7 @@ constexpr Field kAddFields[] = {
     BX_U32(VsieBeaconTxEntry, uiSsidIdx, "ssididx", "Ssididx:%u"),
     BX_U32(VsieBeaconTxEntry, uiDuration, "duration", "Duration:%u"),
     BX_U32(VsieBeaconTxEntry, uiLen, "len", "Len:%u"),
-    bx::reported(bx::with_quirk(BX_LIST(VsieBeaconTxEntry, auiIeData, "iedata", kIeData, nullptr), kAnyElementType),
-                 "No IEDATA"),
+    bx::reported(BX_LIST(VsieBeaconTxEntry, auiIeData, "iedata", kIeData, nullptr), "No IEDATA"),
 };
 
 /* A listed entry goes out with its index first. */

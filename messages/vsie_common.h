@@ -38,36 +38,12 @@ inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored store
     return k;
 }
 
-/* Appends `key` as an array of `count` bytes (or 32-bit byte slots), each an
- * unnamed INT32. */
-template <typename T>
-inline void add_bytes(blob_buf *buf, const char *key, const T *bytes, size_t count)
-{
-    void *array = blobmsg_open_array(buf, key);
-    for (size_t i = 0; i < count; ++i)
-        blobmsg_add_u32(buf, nullptr, static_cast<uint32_t>(bytes[i]));
-    blob_nest_end(buf, array);
-}
-
 /* The row's own presence test and report, for a quirk that reads its list
  * its own way: true when the key is there. */
 inline bool found(const Reading &r, const Field &f, blob_attr *attr)
 {
     read_slot(r, tested_only(f), attr);
     return attr != nullptr;
-}
-
-/* The packed bytes of row f sent as a list of numbers: as many as the
- * record's u32 at byte CountAt says (never more than the array holds), or
- * the whole array when CountAt is negative. */
-template <int CountAt>
-inline void send_bytes(const Field &f, const void *record, blob_buf *buf)
-{
-    const auto *base = static_cast<const uint8_t *>(record);
-    uint32_t count = f.size;
-    if constexpr (CountAt >= 0)
-        std::memcpy(&count, base + CountAt, sizeof count);
-    add_bytes(buf, f.key, base + f.offset, at_most(count, f.size));
 }
 
 } // namespace bx::vsie

@@ -76,23 +76,25 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
     }
     return {false, 0};
 }
-constexpr bx::Quirk kOui{read_oui, bx::vsie::send_bytes<-1>};
+constexpr bx::Quirk kOui{read_oui, nullptr};
+constexpr Field kByte[] = {BX_U8_ENTRY(nullptr)};
+constexpr bx::ListOf kOuiBytes = BX_VALUES(VsieProbeRxEntry, aucOui, kByte);
 
 /* An added entry has no index and no records yet. */
 constexpr Field kRxAdd[] = {
     BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s"),
     /* No range check: an unknown word stores 2. */
     BX_WORD(VsieProbeRxEntry, uiBand, EnumBand, "band", "Band:%u"),
-    BX_VSIE_BYTES(VsieProbeRxEntry, aucOui, "oui", kOui),
+    bx::with_quirk(BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr), kOui),
 };
 
 /* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
  * behind (a received list is read by its own converter). */
-constexpr bx::Quirk kVsieSent{nullptr, bx::vsie::send_bytes<offsetof(VsieProbeRxRecord, uiVsieLen)>};
+constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte).counted_at(offsetof(VsieProbeRxRecord, uiVsieLen));
 constexpr Field kRecordSent[] = {
     BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
     BX_WORD(VsieProbeRxRecord, uiBand, EnumBand, "band", nullptr),
-    BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kVsieSent),
+    BX_LIST(VsieProbeRxRecord, aucVsie, "vsie", kPayload, nullptr),
 };
 constexpr bx::ListOf kRecords =
     BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent).counted_at(offsetof(VsieProbeRxEntry, uiRecordCount));
@@ -138,25 +140,18 @@ constexpr Field kRecordAddSent[] = {
 
 /* ---- Probe-response entries (types 150 and 152) ------------------------------ */
 
-/* Quirk (150): the count is the bytes stored, traced once they are. */
-bx::Read read_response_bytes(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    if (!bx::vsie::found(r, f, attr))
-        return {false, 0};
-    auto &entry = *static_cast<VsieProbeRespEntry *>(r.record);
-    entry.uiIedataLen = static_cast<uint32_t>(bx::vsie::store_numbers(
-        entry.aucIedata, sizeof entry.aucIedata, attr, [&r](size_t, uint8_t byte) {
-            BX_TRACE_AS(r.func, "Iedata:%x\n", byte);
-        }));
-    BX_TRACE_AS(r.func, "pstOut->uiIedataLen:%d\n", static_cast<int>(entry.uiIedataLen));
-    return {false, 0};
-}
-constexpr bx::Quirk kResponseBytes{read_response_bytes, bx::vsie::send_bytes<offsetof(VsieProbeRespEntry, uiIedataLen)>};
+/* The element bytes of a response: the count is the bytes stored (elements
+ * of any type read as numbers), traced once they are. */
+constexpr Field kResponseByte[] = {BX_U8_ENTRY("Iedata:%x")};
+constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte)
+                                          .counted_at(offsetof(VsieProbeRespEntry, uiIedataLen))
+                                          .filling_count()
+                                          .of_any_type();
 
 /* An added entry: no "idx", no "band". */
 constexpr Field kRespAdd[] = {
     BX_TEXT(VsieProbeRespEntry, szMac, "mac", "Mac:%s"),
-    bx::reported(BX_VSIE_BYTES(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes), "No IEDATA"),
+    bx::reported(BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d"), "No IEDATA"),
 };
 
 /* No count: the receiver counts the list. */
