@@ -7,9 +7,9 @@
  * field as the caller had it. Two MAC forms travel here: the query, answer
  * and BSS transition messages keep 12 characters (bare hexadecimal), the
  * reports 17 (the colon form). */
-#include <cstring>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 #include "blobxlate.h"
@@ -38,7 +38,6 @@ constexpr Field kL2Roaming[] = {
 
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
-/* Field i has bit i of uiRoamFlag. */
 constexpr Field kRoaming[] = {
     bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
     bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
