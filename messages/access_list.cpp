@@ -1,31 +1,43 @@
 /* Access lists and deassociation: push a set of stations off one radio, and
  * add, delete and list the stations of the Wi-Fi access list (whether the
  * list admits or refuses them is decided outside these messages). */
-#include <iterator>
+#include <cstddef>
 
 #include "blobxlate.h"
 #include "core/codec.h"
-#include "messages/wifi_lists.h"
 
 namespace {
 
 using bx::Field;
-using bx::wifi::add_tables;
-using bx::at_most;
+
+/* An element of another blobmsg type than the list's cannot be an entry:
+ * it is traced and skipped without taking one. */
+constexpr const char *kNotAnEntry = "NULL == cur\n\n";
 
 /* ---- 54: deassociation ------------------------------------------------------ */
 
-enum { DA_MACS, DA_COUNT, DA_RADIO, DA_TIME, DA_MAX };
-const blobmsg_policy kWifiDeassocPolicy[DA_MAX] = {
-    /* DA_MACS */  {"macs", BLOBMSG_TYPE_ARRAY},
-    /* DA_COUNT */ {"count", BLOBMSG_TYPE_INT32},
-    /* DA_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
-    /* DA_TIME */  {"time", BLOBMSG_TYPE_INT32},
+/* The MACs go out as bare texts, as many as "count" says (never past the
+ * 32 slots); coming in they fill up to the 32 slots, whatever the count
+ * says, and the count stays as given. */
+constexpr Field kDeassocMac[] = {BX_TEXT_ENTRY(32, "mac:%s")};
+constexpr bx::ListOf kDeassocMacs = BX_VALUES(WifiDeassocRec, aszMac, kDeassocMac)
+                                        .counted_at(offsetof(WifiDeassocRec, uiCount))
+                                        .odd_traced(kNotAnEntry);
+
+/* The count is required and, read as a signed number, not negative: a
+ * negative one refuses the message before the MACs are read. */
+constexpr const char *kBadCount = "[count] is not valid.";
+constexpr Field kDeassoc[] = {
+    bx::ranged(bx::required(BX_U32(WifiDeassocRec, uiCount, "count", "count:%u"), kBadCount), 0, 0x7FFFFFFFu,
+               kBadCount),
+    BX_WORD(WifiDeassocRec, eRadio, EnumBand, "radio", "radio:%d"),
+    BX_U32(WifiDeassocRec, uiTime, "time", "time:%u"),
+    BX_LIST(WifiDeassocRec, aszMac, "macs", kDeassocMacs, nullptr),
 };
 
 /* ---- 64, 65, 66: the access list -------------------------------------------------- */
 
-/* One station; also the policy of each element of a received list. */
+/* One station; also each element of a list. */
 enum { AE_INDEX, AE_NAME, AE_MAC };
 constexpr Field kAccessEntry[] = {
     /* AE_INDEX */ BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"),
@@ -46,10 +58,14 @@ constexpr Field kAccessIndex[] = {
     bx::required(BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"), nullptr),
 };
 
-enum { AL_COUNT, AL_LIST, AL_MAX };
-const blobmsg_policy kWifiAccessListPolicy[AL_MAX] = {
-    /* AL_COUNT */ {"count", BLOBMSG_TYPE_INT32},
-    /* AL_LIST */  {"list", BLOBMSG_TYPE_ARRAY},
+/* Sent: as many entries as the caller's count says. Received: the list is
+ * not held to "count", every element fills the next entry up to the
+ * record's capacity. */
+constexpr bx::ListOf kAccessList =
+    BX_TABLES(WifiAccessListRec, astList, kAccessEntry).counted_at(offsetof(WifiAccessListRec, uiCount)).odd_traced(kNotAnEntry);
+constexpr Field kAccessListMsg[] = {
+    BX_U32(WifiAccessListRec, uiCount, "count", "count:%u"),
+    BX_LIST(WifiAccessListRec, astList, "list", kAccessList, nullptr),
 };
 
 } // namespace
@@ -58,104 +74,18 @@ extern "C" {
 
 /* ---- 54 ---- */
 
-/* Hand-written: the MACs go out as bare texts, as many as the count says. */
-BX_API int STJ_WifiStaDeassociation(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const WifiDeassocRec *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
-    bx::add_word(pstBuf, "radio", EnumBand, rec->eRadio);
-    blobmsg_add_u32(pstBuf, "time", rec->uiTime);
-    void *macs = blobmsg_open_array(pstBuf, "macs");
-    /* The count is the caller's word: slots past the record's 32 are never read. */
-    for (uint32_t i = 0; i < at_most(rec->uiCount, BX_WIFI_DEASSOC_MAC_MAX); ++i)
-        bx::add_text(pstBuf, nullptr, rec->aszMac[i]);
-    blob_nest_end(pstBuf, macs);
-    return 0;
-}
-
-/* Hand-written: a negative count refuses the message before the MAC list is read. */
-BX_API int JTS_WifiStaDeassociation(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kWifiDeassocPolicy;
-    const char *func = __func__;  /* the entries' traces are the converter's */
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WifiDeassocRec *>(pvRecord);
-    blob_attr *tb[DA_MAX];
-    bx::parse(policy, tb, pstMsg);
-    /* The count is required and, read as a signed number, not negative. */
-    if (!bx::present(policy, tb, DA_COUNT) || bx::get_s32(tb[DA_COUNT]) < 0) {
-        BX_TRACE("[count] is not valid.\n");
-        return -1;
-    }
-    rec->uiCount = bx::get_u32(tb[DA_COUNT]);
-    BX_TRACE("count:%u\n", rec->uiCount);
-    if (bx::present(policy, tb, DA_RADIO)) {
-        rec->eRadio = static_cast<uint32_t>(bx::get_word(EnumBand, tb[DA_RADIO]));
-        BX_TRACE("radio:%d\n", static_cast<int>(rec->eRadio));
-    }
-    if (bx::present(policy, tb, DA_TIME)) {
-        rec->uiTime = bx::get_u32(tb[DA_TIME]);
-        BX_TRACE("time:%u\n", rec->uiTime);
-    }
-    if (!bx::present(policy, tb, DA_MACS))
-        return 0;
-    /* Up to the 32 slots, whatever the count says; the count stays as given. */
-    bx::wifi::fill_entries(func, tb[DA_MACS], BLOBMSG_TYPE_STRING, BX_WIFI_DEASSOC_MAC_MAX,
-                           [&](blob_attr *cur, uint32_t n) {
-                               bx::copy_text(rec->aszMac[n], sizeof rec->aszMac[n] - 1, cur);
-                               /* The slot's last byte is the caller's: trace only the slot. */
-                               BX_TRACE_AS(func, "mac:%s\n", bx::shown(rec->aszMac[n]).text);
-                           });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_WifiStaDeassociation, JTS_WifiStaDeassociation, kDeassoc)
 
 /* ---- 64 ---- */
 
 BX_CONVERTERS(STJ_WifiBlackWhite_Add, JTS_WifiBlackWhite_Add, kAccessEntry, kAccessAdd)
 
+/* ---- 65 ---- */
+
 BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
 
 /* ---- 66 ---- */
 
-/* Hand-written: a counted list of tables whose count is the caller's. */
-BX_API int STJ_WifiBlackWhite_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const WifiAccessListRec *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
-    /* The count is the caller's word: entries past the record's capacity are never read. */
-    add_tables(pstBuf, "list", at_most(rec->uiCount, BX_WIFI_ACCESS_LIST_MAX),
-               [&](uint32_t i) { bx::stj_fields(&rec->astList[i], pstBuf, kAccessEntry); });
-    return 0;
-}
-
-/* Hand-written: the count comes from the message, the list fills the record's entries. */
-BX_API int JTS_WifiBlackWhite_List(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kWifiAccessListPolicy;
-    const char *func = __func__;  /* the entries' traces are the converter's */
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<WifiAccessListRec *>(pvRecord);
-    blob_attr *tb[AL_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (bx::present(policy, tb, AL_COUNT)) {
-        rec->uiCount = bx::get_u32(tb[AL_COUNT]);
-        BX_TRACE("count:%u\n", rec->uiCount);
-    }
-    if (!bx::present(policy, tb, AL_LIST))
-        return 0;
-    /* Not bounded by "count": every element is taken, up to the record's
-     * capacity so that a long list never writes past it. */
-    bx::wifi::fill_entries(func, tb[AL_LIST], BLOBMSG_TYPE_TABLE, BX_WIFI_ACCESS_LIST_MAX,
-                           [&](blob_attr *cur, uint32_t n) {
-                               bx::wifi::store_entry<kAccessEntry>(func, cur, &rec->astList[n]);
-                           });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_List, JTS_WifiBlackWhite_List, kAccessListMsg)
 
 } // extern "C"

@@ -10,6 +10,7 @@
  * answers with exactly the settings it was asked about. */
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "blobxlate.h"
 #include "core/codec.h"
@@ -112,41 +113,36 @@ constexpr bx::Field kApAdvanced[] = {
     bx::listed_only(CAPAFLAG(ApAdvancedRec)),
 };
 
+/* The upstream limit decides for both limits: a negative "usbandwidth"
+ * refuses the message unstored, and "dsbandwidth" is let through on that
+ * same test, so a negative downstream limit is stored. Without an upstream
+ * limit there is nothing to test, and a downstream limit refuses the
+ * message. */
 enum { RL_RADIO, RL_APINDEX, RL_USBANDWIDTH, RL_DSBANDWIDTH, RL_CAPAFLAG, RL_MAX };
+bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    blob_attr *us = r.tb[RL_USBANDWIDTH];
+    if (us == nullptr || bx::get_s32(us) < 0) {
+        BX_TRACE_AS(r.func, "[uiDsBandWidth] is not valid.\n");
+        return {true, -1};
+    }
+    return bx::read_slot(r, f, attr);
+}
+constexpr bx::Quirk kTestedOnUpstream{read_dsbandwidth, nullptr};
+
 constexpr bx::Field kApRateLimit[RL_MAX] = {
     /* RL_RADIO */ required(RADIO(ApRateLimitRec), kNoRadio),
     /* RL_APINDEX */ required(APINDEX(ApRateLimitRec), kNoApIndex),
     /* RL_USBANDWIDTH */
-    flagged(BX_U32(ApRateLimitRec, uiUsBandWidth, "usbandwidth", "usbandwidth:%u"), WIFI_CAPA_USBANDWIDTH),
+    bx::ranged(flagged(BX_U32(ApRateLimitRec, uiUsBandWidth, "usbandwidth", "usbandwidth:%u"), WIFI_CAPA_USBANDWIDTH),
+               0, 0x7FFFFFFFu, "[uiUsBandWidth] is not valid."),
     /* RL_DSBANDWIDTH */
-    flagged(BX_U32(ApRateLimitRec, uiDsBandWidth, "dsbandwidth", "dsbandwidth:%u"), WIFI_CAPA_DSBANDWIDTH),
+    bx::with_quirk(flagged(BX_U32(ApRateLimitRec, uiDsBandWidth, "dsbandwidth", "dsbandwidth:%u"), WIFI_CAPA_DSBANDWIDTH),
+                   kTestedOnUpstream),
     /* RL_CAPAFLAG */ bx::listed_only(CAPAFLAG(ApRateLimitRec)),
 };
-constexpr int kRateLimitMask = static_cast<int>(offsetof(ApRateLimitRec, capaflag));
-
-/* The upstream limit decides for both limits: a negative "usbandwidth"
- * refuses the message, and "dsbandwidth" is let through on that test, so a
- * negative downstream limit is stored. Without an upstream limit there is
- * nothing to test, and a downstream limit refuses the message. */
-int take_bandwidths(const char *func, blob_attr *const *tb, ApRateLimitRec *rec)
-{
-    blob_attr *us = tb[RL_USBANDWIDTH];
-    if (JTS_CheckBlobAttr(kApRateLimit[RL_USBANDWIDTH].key, us)) {
-        if (bx::get_s32(us) < 0) {
-            BX_TRACE_AS(func, "[uiUsBandWidth] is not valid.\n");
-            return -1;
-        }
-        bx::read_fields(func, &kApRateLimit[RL_USBANDWIDTH], 1, &us, rec, kRateLimitMask);
-    }
-    if (JTS_CheckBlobAttr(kApRateLimit[RL_DSBANDWIDTH].key, tb[RL_DSBANDWIDTH])) {
-        if (us == nullptr || bx::get_s32(us) < 0) {
-            BX_TRACE_AS(func, "[uiDsBandWidth] is not valid.\n");
-            return -1;
-        }
-        bx::read_fields(func, &kApRateLimit[RL_DSBANDWIDTH], 1, &tb[RL_DSBANDWIDTH], rec, kRateLimitMask);
-    }
-    return 0;
-}
 
 constexpr bx::Field kApAccessMode[] = {
     RADIO(ApAccessModeRec),
@@ -159,34 +155,64 @@ constexpr bx::Field kApAccessMode[] = {
 /* No rule, or a rule word this side does not know, is stored as 3: a value
  * outside the rule words, so that the daemon can tell it from a real rule. */
 constexpr uint32_t kNoAccessRule = 3;
-
-enum { AR_RADIO, AR_APINDEX, AR_ACCESSRULE, AR_COUNT, AR_IPLIST, AR_MAX };
-constexpr bx::Field kApAccessRule[AR_IPLIST] = {
-    /* AR_RADIO */ RADIO(ApAccessRuleRec),
-    /* AR_APINDEX */ APINDEX(ApAccessRuleRec),
-    /* AR_ACCESSRULE */ BX_WORD(ApAccessRuleRec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d"),
-    /* AR_COUNT */ BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
-};
-
-constexpr blobmsg_policy kApAccessRulePolicy[AR_MAX] = {
-    /* AR_RADIO */ {"radio", BLOBMSG_TYPE_STRING},
-    /* AR_APINDEX */ {"apindex", BLOBMSG_TYPE_INT32},
-    /* AR_ACCESSRULE */ {"accessrule", BLOBMSG_TYPE_STRING},
-    /* AR_COUNT */ {"count", BLOBMSG_TYPE_INT32},
-    /* AR_IPLIST */ {"iplist", BLOBMSG_TYPE_ARRAY},
-};
+bx::Read read_access_rule(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
+{
+    uint32_t rule = kNoAccessRule;
+    if (JTS_CheckBlobAttr(f.key, attr)) {
+        const int word = bx::get_word(f.word_list, attr);
+        if (word >= 0)
+            rule = static_cast<uint32_t>(word);
+    }
+    std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &rule, sizeof rule);
+    bx::trace_field(r.func, f, nullptr, 0, rule);
+    return {false, 0};
+}
+constexpr bx::Quirk kRuleOrNone{read_access_rule, nullptr};
 
 constexpr bx::Field kApAccessIp[] = {
     BX_TEXT(ApAccessIpRec, szIp, "ip", "ip:%s"),
     BX_U32(ApAccessIpRec, uiPort, "port", "port:%u"),
 };
-constexpr bx::ListOf kApAccessIps = BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount));
+constexpr bx::ListOf kApAccessIps =
+    BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount));
+
+/* Every element of a received "iplist" is read as a table, whatever its
+ * blobmsg type, and takes the next entry: the list is not held to "count",
+ * only to the record's array. */
+bx::Read read_ip_list(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    auto *ips = reinterpret_cast<ApAccessIpRec *>(static_cast<uint8_t *>(r.record) + f.offset);
+    uint32_t filled = 0;
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        if (filled == f.list->capacity)
+            return false;
+        bx::read_area<kApAccessIp>(r.func, blobmsg_data(elem), blobmsg_data_len(elem), &ips[filled++]);
+        return true;
+    });
+    return {false, 0};
+}
+constexpr bx::Quirk kAnyElement{read_ip_list, nullptr};
+
+#define ACCESS_RULE(Rec) \
+    bx::with_quirk(BX_WORD(Rec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d"), kRuleOrNone)
+#define IP_LIST(Rec) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr)
 
 /* Sent: the rule words, then the addresses, as many as "count" says. */
 constexpr bx::Field kApAccessRuleSent[] = {
-    kApAccessRule[AR_RADIO], kApAccessRule[AR_APINDEX], kApAccessRule[AR_ACCESSRULE], kApAccessRule[AR_COUNT],
-    BX_LIST(ApAccessRuleRec, astIpList, "iplist", kApAccessIps, nullptr),
+    RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
+    BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"), IP_LIST(ApAccessRuleRec),
 };
+
+/* Received: the list comes first. */
+constexpr bx::Field kApAccessRuleReceived[] = {
+    bx::with_quirk(IP_LIST(ApAccessRuleRec), kAnyElement),
+    RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
+    BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
+};
+#undef ACCESS_RULE
+#undef IP_LIST
 
 /* ---- Access point creation and deletion (75, 76) ---------------------------------------- */
 
@@ -215,61 +241,7 @@ BX_FIELD_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
 BX_FIELD_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
 BX_FIELD_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
 
-BX_SENT_ROW(STJ_ApRateLimit, kApRateLimit, kRateLimitMask)
-
-/* Hand-written: the upstream limit's test decides for both limits. */
-BX_API int JTS_ApRateLimit(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<ApRateLimitRec *>(pvRecord);
-    using D = bx::Described<kApRateLimit>;
-    blob_attr *tb[RL_MAX];
-    blobmsg_parse(D::policy.entries, RL_MAX, tb, blob_data(pstMsg), blob_len(pstMsg));
-    if (bx::read_fields(__func__, kApRateLimit, RL_USBANDWIDTH, tb, rec, kRateLimitMask).refused)
-        return -1;
-    if (take_bandwidths(__func__, tb, rec) != 0)
-        return -1;
-    bx::read_fields(__func__, &kApRateLimit[RL_CAPAFLAG], 1, &tb[RL_CAPAFLAG], rec, kRateLimitMask);
-    return 0;
-}
-
-BX_SENT_ROW(STJ_ApAccessRule, kApAccessRuleSent, ::bx::kNoMask)
-
-/* Hand-written: the list is read first, and an unknown rule word is kept as
- * kNoAccessRule. */
-BX_API int JTS_ApAccessRule(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<ApAccessRuleRec *>(pvRecord);
-    blob_attr *tb[AR_MAX];
-    bx::parse(kApAccessRulePolicy, tb, pstMsg);
-
-    /* The list comes first. It is not held to "count": every element fills
-     * the next entry, but never beyond the record's array. */
-    if (bx::present(kApAccessRulePolicy, tb, AR_IPLIST)) {
-        const char *func = __func__; /* the walk traces on behalf of this converter */
-        uint32_t filled = 0;
-        bx::for_each_elem(tb[AR_IPLIST], [&](blob_attr *elem) {
-            if (filled == AP_ACCESS_IP_MAX)
-                return false;
-            bx::read_area<kApAccessIp>(func, blobmsg_data(elem), blobmsg_data_len(elem), &rec->astIpList[filled++]);
-            return true;
-        });
-    }
-
-    bx::read_fields(__func__, kApAccessRule, AR_ACCESSRULE, tb, rec, bx::kNoMask);
-    uint32_t rule = kNoAccessRule;
-    if (bx::present(kApAccessRulePolicy, tb, AR_ACCESSRULE)) {
-        int word = bx::get_word(EnumIsolation, tb[AR_ACCESSRULE]);
-        if (word >= 0)
-            rule = static_cast<uint32_t>(word);
-    }
-    rec->uiAccessRule = rule;
-    BX_TRACE("accessrule:%d\n", static_cast<int>(rule));
-    bx::read_fields(__func__, &kApAccessRule[AR_COUNT], 1, &tb[AR_COUNT], rec, bx::kNoMask);
-    return 0;
-}
+BX_MASKED_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, ApRateLimitRec, capaflag, kApRateLimit, kApRateLimit)
+BX_CONVERTERS(STJ_ApAccessRule, JTS_ApAccessRule, kApAccessRuleSent, kApAccessRuleReceived)
 
 } // extern "C"

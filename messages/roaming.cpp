@@ -7,23 +7,24 @@
  * field as the caller had it. Two MAC forms travel here: the query, answer
  * and BSS transition messages keep 12 characters (bare hexadecimal), the
  * reports 17 (the colon form). */
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
-#include <string_view>
 
 #include "blobxlate.h"
 #include "core/codec.h"
-#include "messages/wifi_lists.h"
 
 namespace {
 
 using bx::Field;
-using bx::wifi::add_tables;
-using bx::add_text;
-using bx::at_most;
 
 /* A MAC written without separators. */
 constexpr size_t kBareMacLen = 12;
+
+/* An element of another blobmsg type than the list's cannot be an entry:
+ * it is traced and skipped without taking one. */
+constexpr const char *kNotAnEntry = "NULL == cur\n\n";
 
 /* ---- 113: layer-2 roaming ------------------------------------------------ */
 
@@ -37,7 +38,6 @@ constexpr Field kL2Roaming[] = {
 
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
-/* Field i has bit i of uiRoamFlag. */
 constexpr Field kRoaming[] = {
     bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
     bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
@@ -52,49 +52,65 @@ static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == 
 
 /* ---- 115, 116: signal-strength query and answer ------------------------------ */
 
-/* The list elements are parsed with the message's own policy: their keys
- * sit in the same slot table as the message's. */
-enum { APQ_COUNT, APQ_MAC, APQ_APINFO, APQ_BSSID, APQ_CHANNEL, APQ_MAX };
-const blobmsg_policy kRoamingApQueryPolicy[APQ_MAX] = {
-    /* APQ_COUNT */   {"count", BLOBMSG_TYPE_INT32},
-    /* APQ_MAC */     {"mac", BLOBMSG_TYPE_STRING},
-    /* APQ_APINFO */  {"apinfo", BLOBMSG_TYPE_ARRAY},
-    /* APQ_BSSID */   {"bssid", BLOBMSG_TYPE_STRING},
-    /* APQ_CHANNEL */ {"channel", BLOBMSG_TYPE_INT32},
-};
-
-enum { APR_COUNT, APR_APRSSI, APR_BSSID, APR_RSSI, APR_MAX };
-const blobmsg_policy kRoamingApRspPolicy[APR_MAX] = {
-    /* APR_COUNT */  {"count", BLOBMSG_TYPE_INT32},
-    /* APR_APRSSI */ {"aprssi", BLOBMSG_TYPE_ARRAY},
-    /* APR_BSSID */  {"bssid", BLOBMSG_TYPE_STRING},
-    /* APR_RSSI */   {"rssi", BLOBMSG_TYPE_INT32},
-};
-
-/* Entries going out; coming in, "bssid" keeps only 12 characters. */
-constexpr Field kApInfo[] = {
-    BX_TEXT(RoamingApInfoRec, szBssid, "bssid", nullptr),
-    BX_U32(RoamingApInfoRec, uiChannel, "channel", nullptr),
-};
-constexpr Field kApRssi[] = {
-    BX_TEXT(RoamingApRssiRec, szBssid, "bssid", nullptr),
-    BX_S32(RoamingApRssiRec, iRssi, "rssi", nullptr),
-};
-
-/* Walks a query or answer list: the entries end after 32, or once the
- * record's count is reached, or with the list. fill(tb, n) takes entry n
- * from the element's slots. */
-template <size_t N, typename Fill>
-void walk_ap_list(const char *func, const blobmsg_policy (&policy)[N], blob_attr *list, uint32_t count,
-                  Fill fill)
+/* A bare MAC keeps its 12 characters in an array with room for more: the
+ * bytes after them stay the caller's, and the trace shows the whole array. */
+bx::Read read_bare_mac(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    bx::wifi::fill_entries(func, list, BLOBMSG_TYPE_TABLE, at_most(count, BX_ROAMING_AP_MAX),
-                           [&](blob_attr *cur, uint32_t n) {
-                               blob_attr *etb[N];
-                               bx::parse_elem(policy, etb, cur);
-                               fill(etb, n);
-                           });
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    char *mac = static_cast<char *>(r.record) + f.offset;
+    bx::copy_text(mac, kBareMacLen, attr);
+    bx::trace_field(r.func, f, mac, strnlen(mac, f.size), 0);
+    return {false, 0};
 }
+constexpr bx::Quirk kBareMac{read_bare_mac, nullptr};
+
+/* A key the one policy parses and nothing reads: the query's and the
+ * answer's list elements are parsed with the message's own policy, so the
+ * message and each element list the same keys. */
+constexpr Field parsed(const char *key, bx::Wire wire)
+{
+    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
+}
+
+/* Sent: as many entries as the caller's count says. Received: the walk
+ * ends after 32 entries, once the record's count is reached, or with the
+ * list. */
+constexpr Field kApInfo[] = {
+    parsed("count", bx::Wire::U32),
+    parsed("mac", bx::Wire::Text),
+    parsed("apinfo", bx::Wire::List),
+    bx::with_quirk(BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_U32(RoamingApInfoRec, uiChannel, "channel", "channel:%u"),
+};
+constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo)
+                                    .counted_at(offsetof(RoamingApQueryRec, uiCount))
+                                    .bounded_by_count()
+                                    .odd_traced(kNotAnEntry);
+constexpr Field kApQuery[] = {
+    BX_U32(RoamingApQueryRec, uiCount, "count", "count:%u"),
+    bx::with_quirk(BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s"), kBareMac),
+    BX_LIST(RoamingApQueryRec, astApInfo, "apinfo", kApInfos, nullptr),
+    parsed("bssid", bx::Wire::Text),
+    parsed("channel", bx::Wire::U32),
+};
+
+constexpr Field kApRssi[] = {
+    parsed("count", bx::Wire::U32),
+    parsed("aprssi", bx::Wire::List),
+    bx::with_quirk(BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_S32(RoamingApRssiRec, iRssi, "rssi", "rssi:%d"),
+};
+constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi)
+                                    .counted_at(offsetof(RoamingApRspRec, uiCount))
+                                    .bounded_by_count()
+                                    .odd_traced(kNotAnEntry);
+constexpr Field kApRsp[] = {
+    BX_U32(RoamingApRspRec, uiCount, "count", "count:%u"),
+    BX_LIST(RoamingApRspRec, astApRssi, "aprssi", kApRssis, nullptr),
+    parsed("bssid", bx::Wire::Text),
+    parsed("rssi", bx::Wire::S32),
+};
 
 /* ---- 117: BSS transition ------------------------------------------------------ */
 
@@ -106,6 +122,30 @@ constexpr Field kBssTrans[] = {
 
 /* ---- 118: roaming report --------------------------------------------------------- */
 
+/* The 802.11k/v support flags are boolean words kept in 16-bit fields.
+ * Coming in, only the exact word "true" sets one: "false" and unknown words
+ * alike store 0 (not the boolean kind's -1 for an unknown word). */
+bx::Read read_support_flag(const bx::Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const uint16_t flag = std::strcmp(bx::get_text(attr), "true") == 0 ? 1 : 0;
+    std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &flag, sizeof flag);
+    bx::trace_field(r.func, f, nullptr, 0, flag);
+    return {false, 0};
+}
+void send_support_flag(const Field &f, const void *record, blob_buf *buf)
+{
+    uint16_t flag = 0;
+    std::memcpy(&flag, static_cast<const uint8_t *>(record) + f.offset, sizeof flag);
+    bx::add_word(buf, f.key, f.word_list, flag);
+}
+constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag};
+#define SUPPORT_FLAG(member, key, trace)                                                                \
+    bx::with_quirk(Field{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
+                         BX_FIELD_SIZE(RoamingReportRec, member), trace, bx::trace_shape(trace)},         \
+                   kSupportFlag)
+
 constexpr Field kReportOut[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
     BX_U32(RoamingReportRec, uiConnectTime, "connecttime", nullptr),
@@ -115,14 +155,11 @@ constexpr Field kReportOut[] = {
     BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr),
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", nullptr),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", nullptr),
+    SUPPORT_FLAG(usSupport11k, "support11k", nullptr),
+    SUPPORT_FLAG(usSupport11v, "support11v", nullptr),
 };
 
-/* Received in another order than sent; the two 16-bit flags follow the
- * table's slots. */
-enum {
-    RPT_MAC, RPT_BSSID, RPT_CONNECTTIME, RPT_RSSI, RPT_RADIO, RPT_CHANNEL, RPT_RXRATE, RPT_TXRATE,
-    RPT_SUPPORT11K, RPT_SUPPORT11V, RPT_MAX
-};
+/* Received in another order than sent. */
 constexpr Field kReportIn[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", "mac:%s"),
     BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s"),
@@ -132,35 +169,10 @@ constexpr Field kReportIn[] = {
     BX_U32(RoamingReportRec, uiChannel, "channel", "channel:%u"),
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
+    SUPPORT_FLAG(usSupport11k, "support11k", "support11k:%u"),
+    SUPPORT_FLAG(usSupport11v, "support11v", "support11v:%u"),
 };
-constexpr blobmsg_policy kRoamingReportPolicy[RPT_MAX] = {
-    /* RPT_MAC */         {"mac", BLOBMSG_TYPE_STRING},
-    /* RPT_BSSID */       {"bssid", BLOBMSG_TYPE_STRING},
-    /* RPT_CONNECTTIME */ {"connecttime", BLOBMSG_TYPE_INT32},
-    /* RPT_RSSI */        {"rssi", BLOBMSG_TYPE_INT32},
-    /* RPT_RADIO */       {"radio", BLOBMSG_TYPE_STRING},
-    /* RPT_CHANNEL */     {"channel", BLOBMSG_TYPE_INT32},
-    /* RPT_RXRATE */      {"rxRate", BLOBMSG_TYPE_INT32},
-    /* RPT_TXRATE */      {"txRate", BLOBMSG_TYPE_INT32},
-    /* RPT_SUPPORT11K */  {"support11k", BLOBMSG_TYPE_STRING},
-    /* RPT_SUPPORT11V */  {"support11v", BLOBMSG_TYPE_STRING},
-};
-constexpr bool table_follows_policy()
-{
-    for (size_t i = 0; i < std::size(kReportIn); ++i) {
-        if (std::string_view(kReportIn[i].key) != kRoamingReportPolicy[i].name)
-            return false;
-    }
-    return std::size(kReportIn) == RPT_SUPPORT11K;
-}
-static_assert(table_follows_policy());
-
-/* Only the exact word "true" sets a support flag: "false" and unknown words
- * alike store 0 (not the boolean kind's -1 for an unknown word). */
-uint16_t support_flag(blob_attr *attr)
-{
-    return std::strcmp(bx::get_text(attr), "true") == 0 ? 1 : 0;
-}
+#undef SUPPORT_FLAG
 
 /* ---- 119: stop detecting a station (received only) -------------------------------- */
 
@@ -201,99 +213,11 @@ BX_MASKED_CONVERTERS(STJ_Roaming, JTS_Roaming, RoamingRec, uiRoamFlag, kRoaming,
 
 /* ---- 115 ---- */
 
-/* Hand-written: a list of access points after the count and the MAC. */
-BX_API int STJ_Roaming_APQuery(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const RoamingApQueryRec *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
-    add_text(pstBuf, "mac", rec->szMac);
-    /* The count is the caller's word: entries past the record's 32 are never read. */
-    add_tables(pstBuf, "apinfo", at_most(rec->uiCount, BX_ROAMING_AP_MAX),
-               [&](uint32_t i) { bx::stj_fields(&rec->astApInfo[i], pstBuf, kApInfo); });
-    return 0;
-}
-
-/* Hand-written: the list elements are parsed with the message's own policy. */
-BX_API int JTS_Roaming_APQuery(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kRoamingApQueryPolicy;
-    const char *func = __func__;  /* the entries' traces are the converter's */
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingApQueryRec *>(pvRecord);
-    blob_attr *tb[APQ_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (bx::present(policy, tb, APQ_COUNT)) {
-        rec->uiCount = bx::get_u32(tb[APQ_COUNT]);
-        BX_TRACE("count:%u\n", rec->uiCount);
-    }
-    if (bx::present(policy, tb, APQ_MAC)) {
-        bx::copy_text(rec->szMac, kBareMacLen, tb[APQ_MAC]);
-        /* Bytes past the 12 kept are the caller's and may hold no terminator. */
-        BX_TRACE("mac:%s\n", bx::shown(rec->szMac).text);
-    }
-    if (!bx::present(policy, tb, APQ_APINFO))
-        return 0;
-    walk_ap_list(func, policy, tb[APQ_APINFO], rec->uiCount, [&](blob_attr *(&etb)[APQ_MAX], uint32_t n) {
-        RoamingApInfoRec &ap = rec->astApInfo[n];
-        if (bx::present(policy, etb, APQ_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-            bx::copy_text(ap.szBssid, kBareMacLen, etb[APQ_BSSID]);
-            BX_TRACE_AS(func, "bssid:%s\n", bx::shown(ap.szBssid).text);
-        }
-        if (bx::present(policy, etb, APQ_CHANNEL)) {
-            ap.uiChannel = bx::get_u32(etb[APQ_CHANNEL]);
-            BX_TRACE_AS(func, "channel:%u\n", ap.uiChannel);
-        }
-    });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_Roaming_APQuery, JTS_Roaming_APQuery, kApQuery)
 
 /* ---- 116 ---- */
 
-/* Hand-written: a list of access points after the count. */
-BX_API int STJ_Roaming_APRsp(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const RoamingApRspRec *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", rec->uiCount);
-    /* The count is the caller's word: entries past the record's 32 are never read. */
-    add_tables(pstBuf, "aprssi", at_most(rec->uiCount, BX_ROAMING_AP_MAX),
-               [&](uint32_t i) { bx::stj_fields(&rec->astApRssi[i], pstBuf, kApRssi); });
-    return 0;
-}
-
-/* Hand-written: the list elements are parsed with the message's own policy. */
-BX_API int JTS_Roaming_APRsp(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kRoamingApRspPolicy;
-    const char *func = __func__;  /* the entries' traces are the converter's */
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingApRspRec *>(pvRecord);
-    blob_attr *tb[APR_MAX];
-    bx::parse(policy, tb, pstMsg);
-    if (bx::present(policy, tb, APR_COUNT)) {
-        rec->uiCount = bx::get_u32(tb[APR_COUNT]);
-        BX_TRACE("count:%u\n", rec->uiCount);
-    }
-    if (!bx::present(policy, tb, APR_APRSSI))
-        return 0;
-    walk_ap_list(func, policy, tb[APR_APRSSI], rec->uiCount, [&](blob_attr *(&etb)[APR_MAX], uint32_t n) {
-        RoamingApRssiRec &ap = rec->astApRssi[n];
-        if (bx::present(policy, etb, APR_BSSID)) {  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-            bx::copy_text(ap.szBssid, kBareMacLen, etb[APR_BSSID]);
-            BX_TRACE_AS(func, "bssid:%s\n", bx::shown(ap.szBssid).text);
-        }
-        if (bx::present(policy, etb, APR_RSSI)) {
-            ap.iRssi = bx::get_s32(etb[APR_RSSI]);
-            BX_TRACE_AS(func, "rssi:%d\n", ap.iRssi);
-        }
-    });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
 
 /* ---- 117 ---- */
 
@@ -304,41 +228,7 @@ BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
 
 /* ---- 118 ---- */
 
-/* Hand-written: the 802.11k/v flags go out as words from 16-bit fields. */
-BX_API int STJ_Roaming_Report(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *rec = static_cast<const RoamingReportRec *>(pvRecord);
-    bx::stj_fields(rec, pstBuf, kReportOut);
-    bx::add_word(pstBuf, "support11k", EnumBoolean, rec->usSupport11k);
-    bx::add_word(pstBuf, "support11v", EnumBoolean, rec->usSupport11v);
-    return 0;
-}
-
-/* Hand-written: the 802.11k/v flags come as words into 16-bit fields. */
-BX_API int JTS_Roaming_Report(struct blob_attr *pstMsg, void *pvRecord)
-{
-    const auto &policy = kRoamingReportPolicy;
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<RoamingReportRec *>(pvRecord);
-    blob_attr *tb[RPT_MAX];
-    bx::parse(policy, tb, pstMsg);
-    for (size_t i = 0; i < std::size(kReportIn); ++i) {
-        if (bx::present(policy, tb, i))
-            bx::store_field(__func__, kReportIn[i], tb[i], rec);
-    }
-    if (bx::present(policy, tb, RPT_SUPPORT11K)) {
-        rec->usSupport11k = support_flag(tb[RPT_SUPPORT11K]);
-        BX_TRACE("support11k:%u\n", rec->usSupport11k);
-    }
-    if (bx::present(policy, tb, RPT_SUPPORT11V)) {
-        rec->usSupport11v = support_flag(tb[RPT_SUPPORT11V]);
-        BX_TRACE("support11v:%u\n", rec->usSupport11v);
-    }
-    return 0;
-}
+BX_CONVERTERS(STJ_Roaming_Report, JTS_Roaming_Report, kReportOut, kReportIn)
 
 /* ---- 119 (no record-to-tree direction) ---- */
 

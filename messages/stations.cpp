@@ -4,6 +4,8 @@
  * model (94).
  *
  * Every key is optional on the way in and no value is refused. */
+#include <cstddef>
+
 #include "blobxlate.h"
 #include "core/codec.h"
 
@@ -66,35 +68,35 @@ constexpr Field kStaEntry[STA_MAX] = {
 };
 
 /* Shared by the station list's elements and the lookup by MAC address. */
-constexpr auto g_stStaList_Array_policy = bx::policy_of(kStaEntry);
+constexpr const auto &g_stStaList_Array_policy = bx::Described<kStaEntry>::policy;
 
 /* The station's keys as they go out: the policy's order, except that
  * "fromwifi6" goes out before "macstatus". */
-void emit_entry(const StaEntry *entry, blob_buf *buf)
+struct StaKeysOut {
+    Field fields[STA_MAX];
+};
+constexpr StaKeysOut sta_keys_out()
 {
-    for (size_t slot = 0; slot < STA_MACSTATUS; ++slot)
-        bx::emit_field(kStaEntry[slot], entry, buf);
-    bx::emit_field(kStaEntry[STA_FROMWIFI6], entry, buf);
-    bx::emit_field(kStaEntry[STA_MACSTATUS], entry, buf);
-    for (size_t slot = STA_FROMWIFI6 + 1; slot < STA_MAX; ++slot)
-        bx::emit_field(kStaEntry[slot], entry, buf);
+    static_assert(STA_FROMWIFI6 == STA_MACSTATUS + 1);
+    StaKeysOut out{};
+    for (size_t slot = 0; slot < STA_MAX; ++slot)
+        out.fields[slot] = kStaEntry[slot];
+    out.fields[STA_MACSTATUS] = kStaEntry[STA_FROMWIFI6];
+    out.fields[STA_FROMWIFI6] = kStaEntry[STA_MACSTATUS];
+    return out;
 }
+constexpr StaKeysOut kStaEntryOut = sta_keys_out();
 
-/* Stores every present key of one station, in policy order. `list` is the
- * station list's array when the entry is one of its elements: each stored
- * "mac" is then preceded by the addresses of the array's first two entries
- * (only printed, never read). */
+/* Stores every present key of one element of the station list, in policy
+ * order. Each stored "mac" is preceded by the addresses of the array's
+ * first two entries (only printed, never read). */
 void fill_entry(const char *func, blob_attr *const (&tb)[STA_MAX], StaEntry *entry, const StaEntry *list)
 {
-    for (size_t slot = 0; slot < STA_MAX; ++slot) {
-        if (!bx::present(g_stStaList_Array_policy.entries, tb, slot))
-            continue;
-        if (slot == STA_MAC && list != nullptr) {
-            BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[0] = %p\n", static_cast<const void *>(&list[0]));
-            BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[1] = %p\n", static_cast<const void *>(&list[1]));
-        }
-        bx::store_field(func, kStaEntry[slot], tb[slot], entry);
+    if (tb[STA_MAC] != nullptr) {
+        BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[0] = %p\n", static_cast<const void *>(&list[0]));
+        BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[1] = %p\n", static_cast<const void *>(&list[1]));
     }
+    bx::read_fields(func, kStaEntry, STA_MAX, tb, entry, bx::kNoMask);
 }
 
 /* ---- The small messages -------------------------------------------------------- */
@@ -140,7 +142,7 @@ extern "C" {
 
 /* ---- The station list (88) ---------------------------------------------------- */
 
-/* Hand-written: the entries live in the caller's array, counted by the record. */
+/* Hand-written: the entries live in the caller's array, reached through the record's pointer, which no list column follows. */
 BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
@@ -153,14 +155,14 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     uint32_t count = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
     for (uint32_t i = 0; i < count; ++i) {
         void *table = blobmsg_open_table(pstBuf, nullptr);
-        emit_entry(&rec->pstListInfo[i], pstBuf);
+        bx::emit_fields(kStaEntryOut.fields, STA_MAX, &rec->pstListInfo[i], pstBuf, bx::kNoMask);
         blob_nest_end(pstBuf, table);
     }
     blob_nest_end(pstBuf, list);
     return 0;
 }
 
-/* Hand-written: the entries fill the caller's array, whose length the record gives. */
+/* Hand-written: the entries fill the caller's array through the record's pointer; its count is a capacity, never written back. */
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
@@ -206,25 +208,9 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 
-/* Hand-written: one station entry, sent like those of the list. */
-BX_API int STJ_StaInfoByMac(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    emit_entry(static_cast<const StaEntry *>(pvRecord), pstBuf);
-    return 0;
-}
-
-/* Hand-written: one station entry, read like those of the list. */
-BX_API int JTS_StaInfoByMac(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[STA_MAX];
-    bx::parse(g_stStaList_Array_policy.entries, tb, pstMsg);
-    fill_entry(__func__, tb, static_cast<StaEntry *>(pvRecord), nullptr);
-    return 0;
-}
+/* Sent and read like one element of the list, at the top level. */
+BX_SENT_ROW(STJ_StaInfoByMac, kStaEntryOut.fields, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_StaInfoByMac, kStaEntry, ::bx::kNoMask)
 
 /* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */
 
