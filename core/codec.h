@@ -381,7 +381,7 @@ struct ListOf {
     bool spans = false;            /* table elements parsed over their whole span (see parse_span) */
     bool to_first_empty = false;   /* sent up to the first empty entry (first field zero) */
     bool surplus_skipped = false;  /* an element past the bound is skipped and the walk goes on */
-    bool any_type = false;         /* bare values read as the entry's shape whatever their type */
+    bool any_type = false;         /* elements read as entries whatever their blobmsg type */
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
 

@@ -173,27 +173,11 @@ constexpr bx::Field kApAccessIp[] = {
     BX_TEXT(ApAccessIpRec, szIp, "ip", "ip:%s"),
     BX_U32(ApAccessIpRec, uiPort, "port", "port:%u"),
 };
+/* Sent as many as "count" says; received, every element is read as a
+ * table whatever its blobmsg type and takes the next entry: the list is not
+ * held to "count", only to the record's array. */
 constexpr bx::ListOf kApAccessIps =
-    BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount));
-
-/* Every element of a received "iplist" is read as a table, whatever its
- * blobmsg type, and takes the next entry: the list is not held to "count",
- * only to the record's array. */
-bx::Read read_ip_list(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
-{
-    if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
-    auto *ips = reinterpret_cast<ApAccessIpRec *>(static_cast<uint8_t *>(r.record) + f.offset);
-    uint32_t filled = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
-        if (filled == f.list->capacity)
-            return false;
-        bx::read_area<kApAccessIp>(r.func, blobmsg_data(elem), blobmsg_data_len(elem), &ips[filled++]);
-        return true;
-    });
-    return {false, 0};
-}
-constexpr bx::Quirk kAnyElement{read_ip_list, nullptr};
+    BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount)).of_any_type();
 
 #define ACCESS_RULE(Rec) \
     bx::with_quirk(BX_WORD(Rec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d"), kRuleOrNone)
@@ -207,7 +191,7 @@ constexpr bx::Field kApAccessRuleSent[] = {
 
 /* Received: the list comes first. */
 constexpr bx::Field kApAccessRuleReceived[] = {
-    bx::with_quirk(IP_LIST(ApAccessRuleRec), kAnyElement),
+    IP_LIST(ApAccessRuleRec),
     RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
     BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
 };
