@@ -32,6 +32,14 @@ constexpr Field parsed(const char *key, Wire wire)
 {
     return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
 }
+/* The keys of the two policies, in groups, for the tables that only parse them. */
+#define URL_RULE_KEYS                                                                                      \
+    parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text),                 \
+        parsed("macs", Wire::List), parsed("mode", Wire::Text), parsed("weekday", Wire::U32)
+#define DNS_RULE_KEYS                                                                                      \
+    parsed("enable", Wire::Text), parsed("hostnames", Wire::List), parsed("name", Wire::Text),            \
+        parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),             \
+        parsed("weekday", Wire::U32)
 #define PERIOD_KEYS parsed("starttime", Wire::U32), parsed("endtime", Wire::U32)
 #define LIST_KEYS parsed("count", Wire::U32), parsed("list", Wire::List)
 
@@ -166,6 +174,18 @@ void send_periods(const Field &f, const void *record, blob_buf *buf)
     blob_nest_end(buf, array);
 }
 
+/* The list's own line (if any) for an element past its rules. */
+void trace_past_bound(const char *func, const char *text, int filled)
+{
+    if (text == nullptr)
+        return;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+    BX_TRACE_AS(func, text, filled);
+#pragma GCC diagnostic pop
+}
+
 /* Quirk: every element of "list" is read as a rule whatever its type, the
  * rule's walks tracing its position; past the record's rules the walk ends. */
 Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
@@ -178,9 +198,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     Read done{false, 0};
     bx::for_each_elem(attr, [&](blob_attr *elem) {
         if (n >= l.capacity) {
-            /* Only the URL list says why it stops. */
-            if (l.past_bound != nullptr)
-                BX_TRACE_AS(r.func, "NULL == cur idx = %d\n", n);
+            trace_past_bound(r.func, l.past_bound, n);
             return false;
         }
         blob_attr *tb[bx::kMaxEntryFields];
@@ -199,6 +217,8 @@ void send_rules(const Field &f, const void *record, blob_buf *buf)
 {
     const auto &list = *static_cast<const List *>(record);
     void *array = blobmsg_open_array(buf, f.key);
+    /* A count above the record's rules is the caller's error: never read
+     * past the record. */
     for (uint32_t i = 0; i < bx::at_most(list.uiCount, FILTER_RULE_NUM); ++i) {
         if (list.astRule[i].uiIdx == 0)
             continue;
@@ -215,8 +235,7 @@ constexpr Quirk kWeekday{nullptr, send_weekday};
 
 /* A period: parsed with the whole URL policy, only its times read. */
 constexpr Field kUrlPeriod[] = {
-    parsed("idx", Wire::U32), parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text),
-    parsed("macs", Wire::List), parsed("mode", Wire::Text), parsed("weekday", Wire::U32),
+    parsed("idx", Wire::U32), URL_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
     parsed("timerange", Wire::List), LIST_KEYS,
@@ -275,9 +294,7 @@ constexpr bx::ListOf kUrlRules =
     BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
 constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>};
 constexpr Field kUrlList[] = {
-    parsed("idx", Wire::U32), parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text),
-    parsed("macs", Wire::List), parsed("mode", Wire::Text), parsed("weekday", Wire::U32), PERIOD_KEYS,
-    parsed("timerange", Wire::List),
+    parsed("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr), kUrlRuleList),
 };
@@ -285,17 +302,14 @@ constexpr Field kUrlList[] = {
 /* The reply (136): a missing "idx" is no failure, the record stays as it is. */
 constexpr Field kUrlReply[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text), parsed("macs", Wire::List),
-    parsed("mode", Wire::Text), parsed("weekday", Wire::U32), PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+    URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
 };
 
 /* ---- DNS rules ---------------------------------------------------------------------- */
 
 /* A period: parsed with the whole DNS policy, only its times read. */
 constexpr Field kDnsPeriod[] = {
-    parsed("idx", Wire::U32), parsed("enable", Wire::Text), parsed("hostnames", Wire::List),
-    parsed("name", Wire::Text), parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),
-    parsed("weekday", Wire::U32),
+    parsed("idx", Wire::U32), DNS_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
     parsed("timerange", Wire::List), LIST_KEYS,
@@ -335,8 +349,9 @@ constexpr Field kDnsRule[] = {
     bx::required(BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%u"), nullptr),
     /* Quirk: an unknown mode word is stored as -1 and accepted. */
     bx::required(BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%u"), nullptr),
-    bx::required(with_quirk(bx::ranged_after(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%u"), 0, 127,
-                                             nullptr), kWeekday), nullptr),
+    bx::required(bx::ranged_after(with_quirk(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%u"), kWeekday),
+                                  0, 127, nullptr),
+                 nullptr),
     PERIOD_KEYS,
     with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kDnsTimes),
     LIST_KEYS,
@@ -361,9 +376,7 @@ constexpr Field kListedDnsRule[] = {
 constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
 constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>};
 constexpr Field kDnsList[] = {
-    parsed("idx", Wire::U32), parsed("enable", Wire::Text), parsed("hostnames", Wire::List),
-    parsed("name", Wire::Text), parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),
-    parsed("weekday", Wire::U32), PERIOD_KEYS, parsed("timerange", Wire::List),
+    parsed("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr), kDnsRuleList),
 };
@@ -371,9 +384,7 @@ constexpr Field kDnsList[] = {
 /* The reply (139), as the URL reply. */
 constexpr Field kDnsReply[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    parsed("enable", Wire::Text), parsed("hostnames", Wire::List), parsed("name", Wire::Text),
-    parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),
-    parsed("weekday", Wire::U32), PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+    DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
 };
 
 /* ---- The URL filter switch (132) ------------------------------------------------------ */
@@ -387,6 +398,8 @@ constexpr Field kSwitchReceived[] = {
     bx::required(bx::known_word(BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d")), nullptr),
 };
 
+#undef URL_RULE_KEYS
+#undef DNS_RULE_KEYS
 #undef PERIOD_KEYS
 #undef LIST_KEYS
 
