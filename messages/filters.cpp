@@ -5,581 +5,416 @@
  * of a rule just set.
  *
  * Each rule kind has one policy that reads its set message, its list
- * message, every rule of the list and every period of a "timerange". The
- * set messages come from the web pages and check what a user may enter (the
- * DNS rule more than the URL rule); the lists come from the filter daemon
- * and are taken as they are, every key optional. */
-#include <algorithm>
+ * message, every rule of the list and every period of a "timerange": every
+ * table of a kind lists all its keys, in the policy's order, parsing those
+ * it does not read. The set messages come from the web pages and check what
+ * a user may enter (the DNS rule more than the URL rule); the lists come
+ * from the filter daemon and are taken as they are, every key optional. */
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 #include "core/codec.h"
 
 namespace {
 
-using bx::add_text;
-using bx::shown;
+using bx::Field;
+using bx::Quirk;
+using bx::Read;
+using bx::Reading;
+using bx::Wire;
+using bx::with_quirk;
 
-/* ---- Policies ------------------------------------------------------------ */
+/* ---- Shared pieces ------------------------------------------------------------ */
 
-enum {
-    URL_IDX, URL_ENABLE, URL_URLS, URL_NAME, URL_MACS, URL_MODE, URL_WEEKDAY,
-    URL_STARTTIME, URL_ENDTIME, URL_TIMERANGE, URL_COUNT, URL_LIST, URL_MAX
-};
-constexpr blobmsg_policy kFilterUrlPolicy[URL_MAX] = {
-    /* URL_IDX       */ {"idx", BLOBMSG_TYPE_INT32},
-    /* URL_ENABLE    */ {"enable", BLOBMSG_TYPE_STRING},
-    /* URL_URLS      */ {"urls", BLOBMSG_TYPE_ARRAY},
-    /* URL_NAME      */ {"name", BLOBMSG_TYPE_STRING},
-    /* URL_MACS      */ {"macs", BLOBMSG_TYPE_ARRAY},
-    /* URL_MODE      */ {"mode", BLOBMSG_TYPE_STRING},
-    /* URL_WEEKDAY   */ {"weekday", BLOBMSG_TYPE_INT32},
-    /* URL_STARTTIME */ {"starttime", BLOBMSG_TYPE_INT32},
-    /* URL_ENDTIME   */ {"endtime", BLOBMSG_TYPE_INT32},
-    /* URL_TIMERANGE */ {"timerange", BLOBMSG_TYPE_ARRAY},
-    /* URL_COUNT     */ {"count", BLOBMSG_TYPE_INT32},
-    /* URL_LIST      */ {"list", BLOBMSG_TYPE_ARRAY},
-};
+/* A key of the kind's policy that a message parses and leaves alone. */
+constexpr Field parsed(const char *key, Wire wire)
+{
+    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
+}
+/* The keys of the two policies, in groups, for the tables that only parse them. */
+#define URL_RULE_KEYS                                                                                      \
+    parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text),                 \
+        parsed("macs", Wire::List), parsed("mode", Wire::Text), parsed("weekday", Wire::U32)
+#define DNS_RULE_KEYS                                                                                      \
+    parsed("enable", Wire::Text), parsed("hostnames", Wire::List), parsed("name", Wire::Text),            \
+        parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),             \
+        parsed("weekday", Wire::U32)
+#define PERIOD_KEYS parsed("starttime", Wire::U32), parsed("endtime", Wire::U32)
+#define LIST_KEYS parsed("count", Wire::U32), parsed("list", Wire::List)
 
-/* The DNS rule names one client ("macs" is a single string) and adds an
- * action. */
-enum {
-    DNS_IDX, DNS_ENABLE, DNS_HOSTNAMES, DNS_NAME, DNS_MACS, DNS_ACTION, DNS_MODE, DNS_WEEKDAY,
-    DNS_STARTTIME, DNS_ENDTIME, DNS_TIMERANGE, DNS_COUNT, DNS_LIST, DNS_MAX
-};
-constexpr blobmsg_policy kFilterDnsPolicy[DNS_MAX] = {
-    /* DNS_IDX       */ {"idx", BLOBMSG_TYPE_INT32},
-    /* DNS_ENABLE    */ {"enable", BLOBMSG_TYPE_STRING},
-    /* DNS_HOSTNAMES */ {"hostnames", BLOBMSG_TYPE_ARRAY},
-    /* DNS_NAME      */ {"name", BLOBMSG_TYPE_STRING},
-    /* DNS_MACS      */ {"macs", BLOBMSG_TYPE_STRING},
-    /* DNS_ACTION    */ {"action", BLOBMSG_TYPE_STRING},
-    /* DNS_MODE      */ {"mode", BLOBMSG_TYPE_STRING},
-    /* DNS_WEEKDAY   */ {"weekday", BLOBMSG_TYPE_INT32},
-    /* DNS_STARTTIME */ {"starttime", BLOBMSG_TYPE_INT32},
-    /* DNS_ENDTIME   */ {"endtime", BLOBMSG_TYPE_INT32},
-    /* DNS_TIMERANGE */ {"timerange", BLOBMSG_TYPE_ARRAY},
-    /* DNS_COUNT     */ {"count", BLOBMSG_TYPE_INT32},
-    /* DNS_LIST      */ {"list", BLOBMSG_TYPE_ARRAY},
-};
-
-enum { SWITCH_STATUS, SWITCH_MAX };
-constexpr blobmsg_policy kFilterSwitchPolicy[SWITCH_MAX] = {
-    /* SWITCH_STATUS */ {"status", BLOBMSG_TYPE_STRING},
-};
-
-constexpr uint32_t kUnknownWord = static_cast<uint32_t>(-1);
 constexpr uint32_t kSecondsPerDay = 86400;
-constexpr uint32_t kDnsIdxMax = 16;
-constexpr uint32_t kDnsWeekdayMax = 127;
-constexpr size_t kTextBound = FILTER_TEXT_LEN - 1;
 
-/* ---- Reading ---------------------------------------------------------------- */
-
-/* Where a rule is read from: the converter the traces speak for, the end of
- * the message (no parse looks past it), and the rule's position in a list
- * (-1 for the rule of a set message). */
-struct Source {
-    const char *func;
-    const char *msg_end;
-    int rule;
+/* Rule n of a list message being read: the walks inside it trace n. Only
+ * read_rules reads the rows that carry the listed walks, and always with
+ * one of these. */
+struct ListedRule : Reading {
+    int n;
 };
 
-void read_idx(const char *func, blob_attr *attr, uint32_t &idx)
+/* The position a walk's traces carry: -1 for the rule of a set message. */
+template <bool Listed>
+int position(const Reading &r)
 {
-    idx = bx::get_u32(attr);
-    BX_TRACE_AS(func, "Idx:%u\n", idx);
-}
-
-/* Stores the word and returns it; the set messages refuse an unknown one. */
-uint32_t read_enable(const char *func, blob_attr *attr, uint32_t &enable)
-{
-    enable = static_cast<uint32_t>(bx::get_word(EnumSwitch, attr));
-    BX_TRACE_AS(func, "Enable:%u\n", enable);
-    return enable;
-}
-
-void read_name(const char *func, blob_attr *attr, char (&name)[32])
-{
-    bx::copy_text(name, sizeof name - 1, attr);
-    BX_TRACE_AS(func, "Name:%s\n", shown(name).text);
-}
-
-/* Quirk: unlike the DNS rule, a URL rule refuses an unknown mode word,
- * leaving the field as it was. */
-bool read_url_mode(const char *func, blob_attr *attr, uint32_t &mode)
-{
-    int word = bx::get_word(EnumFilterMode, attr);
-    if (word == -1) {
-        BX_TRACE_AS(func, "Mode Error\n");
-        return false;
-    }
-    mode = static_cast<uint32_t>(word);
-    BX_TRACE_AS(func, "Mode:%u\n", mode);
-    return true;
-}
-
-/* Copies the strings of an array into consecutive slots, at most 31
- * characters each; elements beyond the last slot are ignored. */
-void read_texts(const Source &src, blob_attr *array, char (&slots)[FILTER_TEXT_NUM][FILTER_TEXT_LEN], const char *label)
-{
-    int slot = 0;
-    bx::for_each_elem(array, [&](blob_attr *elem) {
-        bx::copy_text(slots[slot], kTextBound, elem);
-        if (src.rule < 0)
-            BX_TRACE_AS(src.func, "%s%d:%s\n", label, slot, shown(slots[slot]).text);
-        else
-            BX_TRACE_AS(src.func, "List[%d]%s%d:%s\n", src.rule, label, slot, shown(slots[slot]).text);
-        return ++slot < FILTER_TEXT_NUM;
-    });
-}
-
-void trace_time(const Source &src, const char *label, int pair, uint32_t time)
-{
-    if (src.rule < 0)
-        BX_TRACE_AS(src.func, "%s%d:%u\n", label, pair, time);
+    if constexpr (Listed)
+        return static_cast<const ListedRule &>(r).n;
     else
-        BX_TRACE_AS(src.func, "List[%d]%s%d:%u\n", src.rule, label, pair, time);
-}
-
-/* Reads at most three {"starttime", "endtime"} tables into the periods, in
- * order. The times are not checked for presence (senders give both); an
- * absent one reads as 0. With day_bound, a time beyond a day refuses the
- * message once its pair is stored; returns false then. */
-template <size_t N>
-bool read_times(const Source &src, const blobmsg_policy (&policy)[N], size_t start_slot, size_t end_slot,
-                blob_attr *array, FilterTimeRange (&pairs)[FILTER_TIME_RANGE_NUM], bool day_bound)
-{
-    int i = 0;
-    bool ok = true;
-    bx::for_each_elem(array, [&](blob_attr *elem) {
-        blob_attr *tb[N];
-        bx::parse_span(policy, tb, elem, src.msg_end);
-        FilterTimeRange &pair = pairs[i];
-        pair.uiStartTime = bx::get_u32(tb[start_slot]);
-        trace_time(src, "Starttime", i, pair.uiStartTime);
-        pair.uiEndTime = bx::get_u32(tb[end_slot]);
-        trace_time(src, "Endtime", i, pair.uiEndTime);
-        if (day_bound && (pair.uiStartTime > kSecondsPerDay || pair.uiEndTime > kSecondsPerDay)) {
-            BX_TRACE_AS(src.func, "err time\n");
-            ok = false;
-            return false;
-        }
-        return ++i < FILTER_TIME_RANGE_NUM;
-    });
-    return ok;
-}
-
-/* One rule of the URL list: every key optional, none range-checked, except
- * that an unknown mode refuses the whole list (returns false). */
-bool read_url_list_rule(const Source &src, blob_attr *elem, FilterUrlRule &rule)
-{
-    const auto &policy = kFilterUrlPolicy;
-    blob_attr *tb[URL_MAX];
-    bx::parse_span(policy, tb, elem, src.msg_end);
-    if (bx::present(policy, tb, URL_IDX))
-        read_idx(src.func, tb[URL_IDX], rule.uiIdx);
-    if (bx::present(policy, tb, URL_ENABLE))
-        read_enable(src.func, tb[URL_ENABLE], rule.uiEnable);
-    if (bx::present(policy, tb, URL_URLS))
-        read_texts(src, tb[URL_URLS], rule.aszUrls, "Urls");
-    if (bx::present(policy, tb, URL_NAME))
-        read_name(src.func, tb[URL_NAME], rule.szName);
-    if (bx::present(policy, tb, URL_MACS))
-        read_texts(src, tb[URL_MACS], rule.aszMacs, "Macs");
-    if (bx::present(policy, tb, URL_MODE) && !read_url_mode(src.func, tb[URL_MODE], rule.uiMode))
-        return false;
-    if (bx::present(policy, tb, URL_WEEKDAY)) {
-        rule.uiWeekday = bx::get_u32(tb[URL_WEEKDAY]);
-        BX_TRACE_AS(src.func, "Weekday:%d\n", static_cast<int>(rule.uiWeekday));
-    }
-    if (bx::present(policy, tb, URL_TIMERANGE))
-        read_times(src, policy, URL_STARTTIME, URL_ENDTIME, tb[URL_TIMERANGE], rule.astTimeRange, false);
-    return true;
-}
-
-/* One rule of the DNS list: every key optional, none checked; an unknown
- * word is stored as -1. */
-bool read_dns_list_rule(const Source &src, blob_attr *elem, FilterDnsRule &rule)
-{
-    const auto &policy = kFilterDnsPolicy;
-    blob_attr *tb[DNS_MAX];
-    bx::parse_span(policy, tb, elem, src.msg_end);
-    if (bx::present(policy, tb, DNS_IDX))
-        read_idx(src.func, tb[DNS_IDX], rule.uiIdx);
-    if (bx::present(policy, tb, DNS_ENABLE))
-        read_enable(src.func, tb[DNS_ENABLE], rule.uiEnable);
-    /* Quirk: the host names are traced with the URL list's label. */
-    if (bx::present(policy, tb, DNS_HOSTNAMES))
-        read_texts(src, tb[DNS_HOSTNAMES], rule.aszHostnames, "Urls");
-    if (bx::present(policy, tb, DNS_NAME))
-        read_name(src.func, tb[DNS_NAME], rule.szName);
-    if (bx::present(policy, tb, DNS_MACS)) {
-        bx::copy_text(rule.szMacs, sizeof rule.szMacs - 1, tb[DNS_MACS]);
-        BX_TRACE_AS(src.func, "Macs:%s\n", shown(rule.szMacs).text);
-    }
-    if (bx::present(policy, tb, DNS_ACTION)) {
-        rule.uiAction = static_cast<uint32_t>(bx::get_word(EnumDnsReply, tb[DNS_ACTION]));
-        BX_TRACE_AS(src.func, "Action:%d\n", static_cast<int>(rule.uiAction));
-    }
-    if (bx::present(policy, tb, DNS_MODE)) {
-        rule.uiMode = static_cast<uint32_t>(bx::get_word(EnumFilterMode, tb[DNS_MODE]));
-        BX_TRACE_AS(src.func, "Mode:%d\n", static_cast<int>(rule.uiMode));
-    }
-    if (bx::present(policy, tb, DNS_WEEKDAY)) {
-        rule.uiWeekday = bx::get_u32(tb[DNS_WEEKDAY]);
-        BX_TRACE_AS(src.func, "Weekday:%d\n", static_cast<int>(rule.uiWeekday));
-    }
-    if (bx::present(policy, tb, DNS_TIMERANGE))
-        read_times(src, policy, DNS_STARTTIME, DNS_ENDTIME, tb[DNS_TIMERANGE], rule.astTimeRange, false);
-    return true;
-}
-
-/* The list messages: "count", which does not bound the walk, then the rules
- * of "list" in order into the record's 32 rules; further elements are
- * ignored. A rule that read_rule refuses ends the walk with -1, the rules
- * before it staying filled. */
-template <size_t N, typename Rule, typename ReadRule>
-int read_list(const char *func, const blobmsg_policy (&policy)[N], size_t count_slot, size_t list_slot,
-              bool trace_full, blob_attr *msg, uint32_t &count, Rule (&rules)[FILTER_RULE_NUM], ReadRule read_rule)
-{
-    blob_attr *tb[N];
-    bx::parse(policy, tb, msg);
-    if (bx::present(policy, tb, count_slot)) {
-        count = bx::get_u32(tb[count_slot]);
-        BX_TRACE_AS(func, "count: %u\n", count);
-    }
-    if (!bx::present(policy, tb, list_slot))
-        return 0;
-    const char *msg_end = bx::end_of(msg);
-    int n = 0;
-    bool ok = true;
-    bx::for_each_elem(tb[list_slot], [&](blob_attr *elem) {
-        if (n >= FILTER_RULE_NUM) {
-            /* Only the URL list says why it stops. */
-            if (trace_full)
-                BX_TRACE_AS(func, "NULL == cur idx = %d\n", n);
-            return false;
-        }
-        ok = read_rule(Source{func, msg_end, n}, elem, rules[n]);
-        ++n;
-        return ok;
-    });
-    return ok ? 0 : -1;
-}
-
-/* The replies: a missing "idx" is no failure, the record stays as it is. */
-template <size_t N>
-int read_reply(const char *func, const blobmsg_policy (&policy)[N], size_t idx_slot, blob_attr *msg, void *record)
-{
-    if (msg == nullptr || record == nullptr)
         return -1;
-    blob_attr *tb[N];
-    bx::parse(policy, tb, msg);
-    if (!bx::present(policy, tb, idx_slot))
-        return 0;
-    auto *reply = static_cast<FilterReply *>(record);
-    reply->uiIdx = bx::get_u32(tb[idx_slot]);
-    BX_TRACE_AS(func, "Idx:%d\n", static_cast<int>(reply->uiIdx));
-    return 0;
 }
 
-/* ---- Writing ------------------------------------------------------------------ */
+/* A rule's texts: 32 slots of 31 characters, sent up to the first empty one. */
+constexpr Field kText[] = {BX_TEXT_ENTRY(FILTER_TEXT_LEN, nullptr)};
+constexpr bx::ListOf kTexts = BX_VALUES(FilterUrlRule, aszUrls, kText).sent_to_first_empty();
 
-/* Unnamed strings from the first slot up to the first empty one. */
-void add_texts(blob_buf *buf, const char *key, const char (&slots)[FILTER_TEXT_NUM][FILTER_TEXT_LEN])
+constexpr char kUrlsLabel[] = "Urls";
+constexpr char kMacsLabel[] = "Macs";
+constexpr char kHostLabel[] = "Host Name";
+
+/* Quirk: every element is read as a text, whatever its type, and traced
+ * with its slot (and in a list, the rule's position). */
+template <const char *Label, bool Listed>
+Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
 {
-    void *array = blobmsg_open_array(buf, key);
-    for (const auto &slot : slots) {
-        if (slot[0] == 0)
-            break;
-        add_text(buf, nullptr, slot);
-    }
-    blob_nest_end(buf, array);
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const bx::ListOf &l = *f.list;
+    const size_t size = l.entry[0].size;
+    char *first = static_cast<char *>(r.record) + f.offset;
+    const int rule = position<Listed>(r);
+    int slot = 0;
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        char *text = first + slot * l.stride;
+        bx::copy_text(text, size - 1, elem);
+        const int len = static_cast<int>(strnlen(text, size));
+        if (rule < 0)
+            BX_TRACE_AS(r.func, "%s%d:%.*s\n", Label, slot, len, text);
+        else
+            BX_TRACE_AS(r.func, "List[%d]%s%d:%.*s\n", rule, Label, slot, len, text);
+        return ++slot < l.capacity;
+    });
+    return {false, 0};
 }
 
-/* "weekday" and "timerange" go out only for a rule with a schedule; the
- * periods end before the first one whose end time is 0. */
-void add_schedule(blob_buf *buf, uint32_t weekday, const FilterTimeRange (&pairs)[FILTER_TIME_RANGE_NUM])
+void trace_time(const char *func, int rule, const char *label, int pair, uint32_t time)
 {
-    if (weekday == 0)
+    if (rule < 0)
+        BX_TRACE_AS(func, "%s%d:%u\n", label, pair, time);
+    else
+        BX_TRACE_AS(func, "List[%d]%s%d:%u\n", rule, label, pair, time);
+}
+
+/* The slot of `key` in a list's entry table. */
+size_t slot_of(const bx::ListOf &l, std::string_view key)
+{
+    size_t i = 0;
+    while (i < l.fields && key != l.entry[i].key)
+        ++i;
+    return i;
+}
+
+/* Quirk: at most three periods, each parsed with the rule's whole policy
+ * whatever its type; the times are not tested for presence (senders give
+ * both) and an absent one stores 0. With DayBound a time beyond a day
+ * refuses the rule once its pair is stored. */
+template <bool Listed, bool DayBound>
+Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const bx::ListOf &l = *f.list;
+    const size_t start = slot_of(l, "starttime");
+    const size_t end = slot_of(l, "endtime");
+    auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
+    const int rule = position<Listed>(r);
+    int i = 0;
+    Read done{false, 0};
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        blob_attr *tb[bx::kMaxEntryFields];
+        bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        FilterTimeRange &pair = pairs[i];
+        pair.uiStartTime = bx::get_u32(tb[start]);
+        trace_time(r.func, rule, "Starttime", i, pair.uiStartTime);
+        pair.uiEndTime = bx::get_u32(tb[end]);
+        trace_time(r.func, rule, "Endtime", i, pair.uiEndTime);
+        if (DayBound && (pair.uiStartTime > kSecondsPerDay || pair.uiEndTime > kSecondsPerDay)) {
+            BX_TRACE_AS(r.func, "err time\n");
+            done = {true, -1};
+            return false;
+        }
+        return ++i < l.capacity;
+    });
+    return done;
+}
+
+/* Quirk: a rule without days goes out without "weekday"... */
+void send_weekday(const Field &f, const void *record, blob_buf *buf)
+{
+    uint32_t weekday = 0;
+    std::memcpy(&weekday, static_cast<const char *>(record) + f.offset, sizeof weekday);
+    if (weekday != 0)
+        bx::emit_field(f, record, buf);
+}
+
+/* ... and without "timerange"; the periods end before the first one whose
+ * end time is 0. */
+template <typename Rule>
+void send_periods(const Field &f, const void *record, blob_buf *buf)
+{
+    const auto &rule = *static_cast<const Rule *>(record);
+    if (rule.uiWeekday == 0)
         return;
-    blobmsg_add_u32(buf, "weekday", weekday);
-    void *array = blobmsg_open_array(buf, "timerange");
-    for (const auto &pair : pairs) {
+    void *array = blobmsg_open_array(buf, f.key);
+    for (const FilterTimeRange &pair : rule.astTimeRange) {
         if (pair.uiEndTime == 0)
             break;
         void *table = blobmsg_open_table(buf, nullptr);
-        blobmsg_add_u32(buf, "starttime", pair.uiStartTime);
-        blobmsg_add_u32(buf, "endtime", pair.uiEndTime);
+        bx::emit_fields(f.list->entry, f.list->fields, &pair, buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
 }
 
-void add_rule(blob_buf *buf, const FilterUrlRule &rule)
+/* The list's own line (if any) for an element past its rules. */
+void trace_past_bound(const char *func, const char *text, int filled)
 {
-    blobmsg_add_u32(buf, "idx", rule.uiIdx);
-    bx::add_word(buf, "enable", EnumSwitch, rule.uiEnable);
-    add_texts(buf, "urls", rule.aszUrls);
-    add_text(buf, "name", rule.szName);
-    add_texts(buf, "macs", rule.aszMacs);
-    bx::add_word(buf, "mode", EnumFilterMode, rule.uiMode);
-    add_schedule(buf, rule.uiWeekday, rule.astTimeRange);
+    if (text == nullptr)
+        return;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+    BX_TRACE_AS(func, text, filled);
+#pragma GCC diagnostic pop
 }
 
-void add_rule(blob_buf *buf, const FilterDnsRule &rule)
+/* Quirk: every element of "list" is read as a rule whatever its type, the
+ * rule's walks tracing its position; past the record's rules the walk ends. */
+Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
-    blobmsg_add_u32(buf, "idx", rule.uiIdx);
-    bx::add_word(buf, "enable", EnumSwitch, rule.uiEnable);
-    add_texts(buf, "hostnames", rule.aszHostnames);
-    add_text(buf, "name", rule.szName);
-    add_text(buf, "macs", rule.szMacs);
-    bx::add_word(buf, "action", EnumDnsReply, rule.uiAction);
-    bx::add_word(buf, "mode", EnumFilterMode, rule.uiMode);
-    add_schedule(buf, rule.uiWeekday, rule.astTimeRange);
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const bx::ListOf &l = *f.list;
+    auto *first = static_cast<uint8_t *>(r.record) + f.offset;
+    int n = 0;
+    Read done{false, 0};
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        if (n >= l.capacity) {
+            trace_past_bound(r.func, l.past_bound, n);
+            return false;
+        }
+        blob_attr *tb[bx::kMaxEntryFields];
+        bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        const ListedRule rule{{r.func, first + n * l.stride, nullptr, r.msg_end, tb}, n};
+        done = bx::read_fields(rule, l.entry, l.fields);
+        ++n;
+        return !done.refused;
+    });
+    return done;
 }
 
-template <typename Rule>
-int write_rule(const void *record, blob_buf *buf)
-{
-    if (record == nullptr || buf == nullptr)
-        return -1;
-    add_rule(buf, *static_cast<const Rule *>(record));
-    return 0;
-}
-
+/* Quirk: a rule with index 0 is not sent, though "count" counts it. */
 template <typename List>
-int write_list(const void *record, blob_buf *buf)
+void send_rules(const Field &f, const void *record, blob_buf *buf)
 {
-    if (record == nullptr || buf == nullptr)
-        return -1;
-    const auto *list = static_cast<const List *>(record);
-    blobmsg_add_u32(buf, "count", list->uiCount);
-    void *array = blobmsg_open_array(buf, "list");
+    const auto &list = *static_cast<const List *>(record);
+    void *array = blobmsg_open_array(buf, f.key);
     /* A count above the record's rules is the caller's error: never read
      * past the record. */
-    uint32_t used = std::min<uint32_t>(list->uiCount, FILTER_RULE_NUM);
-    for (uint32_t i = 0; i < used; ++i) {
-        /* Quirk: rules with index 0 are not sent, yet "count" counts them. */
-        if (list->astRule[i].uiIdx == 0)
+    for (uint32_t i = 0; i < bx::at_most(list.uiCount, FILTER_RULE_NUM); ++i) {
+        if (list.astRule[i].uiIdx == 0)
             continue;
         void *table = blobmsg_open_table(buf, nullptr);
-        add_rule(buf, list->astRule[i]);
+        bx::emit_fields(f.list->entry, f.list->fields, &list.astRule[i], buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
-    return 0;
 }
 
-int write_reply(const void *record, blob_buf *buf)
-{
-    if (record == nullptr || buf == nullptr)
-        return -1;
-    blobmsg_add_u32(buf, "idx", static_cast<const FilterReply *>(record)->uiIdx);
-    return 0;
-}
+constexpr Quirk kWeekday{nullptr, send_weekday};
 
-/* The name is measured up to one byte past its array (the first byte of
- * szMacs, still inside the record). The copy stops at 31 characters, so
- * only a long name in a record the caller did not zero is refused. */
-bool read_dns_name(const char *func, blob_attr *attr, FilterDnsRule *rule)
+/* ---- URL rules ------------------------------------------------------------------- */
+
+/* A period: parsed with the whole URL policy, only its times read. */
+constexpr Field kUrlPeriod[] = {
+    parsed("idx", Wire::U32), URL_RULE_KEYS,
+    BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
+    BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
+    parsed("timerange", Wire::List), LIST_KEYS,
+};
+constexpr bx::ListOf kUrlPeriods = BX_TABLES(FilterUrlRule, astTimeRange, kUrlPeriod).by_span();
+
+/* Quirk: unlike the DNS rule, a URL rule refuses an unknown mode word,
+ * leaving the field as it was. */
+Read read_url_mode(const Reading &r, const Field &f, blob_attr *attr)
 {
-    read_name(func, attr, rule->szName);
-    const char *name = reinterpret_cast<const char *>(rule) + offsetof(FilterDnsRule, szName);
-    if (strnlen(name, sizeof rule->szName + 1) > sizeof rule->szName) {
-        BX_TRACE_AS(func, "out nmd fsl\n");
-        return false;
+    if (attr != nullptr && bx::get_word(EnumFilterMode, attr) == -1) {
+        BX_TRACE_AS(r.func, "Mode Error\n");
+        return {true, -1};
     }
-    return true;
+    return bx::read_slot(r, f, attr);
 }
+
+constexpr Quirk kUrlMode{read_url_mode, nullptr};
+constexpr Quirk kUrls{read_texts<kUrlsLabel, false>, nullptr};
+constexpr Quirk kUrlMacs{read_texts<kMacsLabel, false>, nullptr};
+constexpr Quirk kUrlTimes{read_periods<false, false>, send_periods<FilterUrlRule>};
+constexpr Quirk kListedUrls{read_texts<kUrlsLabel, true>, nullptr};
+constexpr Quirk kListedUrlMacs{read_texts<kMacsLabel, true>, nullptr};
+constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUrlRule>};
+
+/* The set message (135): "enable" and "mode" required, any day mask taken. */
+constexpr Field kUrlRule[] = {
+    BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
+    bx::required(bx::known_word(BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
+    with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kUrls),
+    BX_TEXT(FilterUrlRule, szName, "name", "Name:%s"),
+    with_quirk(BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr), kUrlMacs),
+    bx::required(with_quirk(BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%u"), kUrlMode), nullptr),
+    with_quirk(BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%u"), kWeekday),
+    PERIOD_KEYS,
+    with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kUrlTimes),
+    LIST_KEYS,
+};
+
+/* A rule of the list (134): every key optional; only an unknown mode refuses. */
+constexpr Field kListedUrlRule[] = {
+    BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
+    BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
+    with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kListedUrls),
+    BX_TEXT(FilterUrlRule, szName, "name", "Name:%s"),
+    with_quirk(BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr), kListedUrlMacs),
+    with_quirk(BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%d"), kUrlMode),
+    with_quirk(BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%d"), kWeekday),
+    PERIOD_KEYS,
+    with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kListedUrlTimes),
+    LIST_KEYS,
+};
+
+/* The list (134): "count" does not bound the walk; at most 32 rules. */
+constexpr bx::ListOf kUrlRules =
+    BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
+constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>};
+constexpr Field kUrlList[] = {
+    parsed("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
+    BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
+    with_quirk(BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr), kUrlRuleList),
+};
+
+/* The reply (136): a missing "idx" is no failure, the record stays as it is. */
+constexpr Field kUrlReply[] = {
+    BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
+    URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+};
+
+/* ---- DNS rules ---------------------------------------------------------------------- */
+
+/* A period: parsed with the whole DNS policy, only its times read. */
+constexpr Field kDnsPeriod[] = {
+    parsed("idx", Wire::U32), DNS_RULE_KEYS,
+    BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
+    BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
+    parsed("timerange", Wire::List), LIST_KEYS,
+};
+constexpr bx::ListOf kDnsPeriods = BX_TABLES(FilterDnsRule, astTimeRange, kDnsPeriod).by_span();
+
+/* Quirk: the name is measured up to one byte past its array (the first byte
+ * of szMacs, still inside the record). The copy stops at 31 characters, so
+ * only a long name in a record the caller did not zero is refused. */
+Read read_dns_name(const Reading &r, const Field &f, blob_attr *attr)
+{
+    const Read done = bx::read_slot(r, f, attr);
+    const char *name = static_cast<const char *>(r.record) + f.offset;
+    if (attr != nullptr && strnlen(name, f.size + 1u) > f.size) {
+        BX_TRACE_AS(r.func, "out nmd fsl\n");
+        return {true, -1};
+    }
+    return done;
+}
+
+constexpr Quirk kDnsName{read_dns_name, nullptr};
+constexpr Quirk kHostnames{read_texts<kHostLabel, false>, nullptr};
+constexpr Quirk kDnsTimes{read_periods<false, true>, send_periods<FilterDnsRule>};
+/* Quirk: in the list the host names are traced with the URL list's label. */
+constexpr Quirk kListedHostnames{read_texts<kUrlsLabel, true>, nullptr};
+constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDnsRule>};
+
+/* The set message (138): each range test runs after its value has been
+ * stored, so a refused rule keeps what was read up to the bad value. */
+constexpr Field kDnsRule[] = {
+    bx::ranged_after(BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"), 0, 16, nullptr),
+    bx::required(bx::known_word(BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
+    with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kHostnames),
+    with_quirk(BX_TEXT(FilterDnsRule, szName, "name", "Name:%s"), kDnsName),
+    /* Quirk: the one MAC text may fill all 32 bytes, leaving no terminator. */
+    bx::whole(BX_TEXT(FilterDnsRule, szMacs, "macs", "Mac:%s")),
+    bx::required(BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%u"), nullptr),
+    /* Quirk: an unknown mode word is stored as -1 and accepted. */
+    bx::required(BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%u"), nullptr),
+    bx::required(bx::ranged_after(with_quirk(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%u"), kWeekday),
+                                  0, 127, nullptr),
+                 nullptr),
+    PERIOD_KEYS,
+    with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kDnsTimes),
+    LIST_KEYS,
+};
+
+/* A rule of the list (137): every key optional, none checked. */
+constexpr Field kListedDnsRule[] = {
+    BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"),
+    BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
+    with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kListedHostnames),
+    BX_TEXT(FilterDnsRule, szName, "name", "Name:%s"),
+    BX_TEXT(FilterDnsRule, szMacs, "macs", "Macs:%s"),
+    BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%d"),
+    BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%d"),
+    with_quirk(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%d"), kWeekday),
+    PERIOD_KEYS,
+    with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kListedDnsTimes),
+    LIST_KEYS,
+};
+
+/* The list (137): as the URL list, without a word on stopping. */
+constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
+constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>};
+constexpr Field kDnsList[] = {
+    parsed("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
+    BX_U32(FilterDnsList, uiCount, "count", "count: %u"),
+    with_quirk(BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr), kDnsRuleList),
+};
+
+/* The reply (139), as the URL reply. */
+constexpr Field kDnsReply[] = {
+    BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
+    DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+};
+
+/* ---- The URL filter switch (132) ------------------------------------------------------ */
+
+/* Quirk: the switch goes out under "idx" but comes in under "status", where
+ * an unknown word is refused after it has been stored. */
+constexpr Field kSwitchSent[] = {
+    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr),
+};
+constexpr Field kSwitchReceived[] = {
+    bx::required(bx::known_word(BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d")), nullptr),
+};
+
+#undef URL_RULE_KEYS
+#undef DNS_RULE_KEYS
+#undef PERIOD_KEYS
+#undef LIST_KEYS
 
 } // namespace
 
 extern "C" {
 
-/* ---- URL filter switch (132) ------------------------------------------------------ */
+BX_CONVERTERS(STJ_FilterUrl_Switch, JTS_FilterUrl_Switch, kSwitchSent, kSwitchReceived)
 
-/* Hand-written: the switch goes out under another key than it comes in. */
-/* Quirk: the switch goes out under "idx" but comes in under "status". */
-BX_API int STJ_FilterUrl_Switch(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    bx::add_word(pstBuf, "idx", EnumSwitch, static_cast<const FilterSwitch *>(pvRecord)->uiStatus);
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
+BX_FIELD_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)
+BX_FIELD_CONVERTERS(STJ_FilterUrl_Reply, JTS_FilterUrl_Set_Reply, kUrlReply)
 
-/* Hand-written: an unknown word is refused after it has been stored. */
-BX_API int JTS_FilterUrl_Switch(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rec = static_cast<FilterSwitch *>(pvRecord);
-    blob_attr *tb[SWITCH_MAX];
-    bx::parse(kFilterSwitchPolicy, tb, pstMsg);
-    if (!bx::present(kFilterSwitchPolicy, tb, SWITCH_STATUS))
-        return -1;
-    /* Quirk: an unknown word is refused after it has been stored. */
-    rec->uiStatus = static_cast<uint32_t>(bx::get_word(EnumSwitch, tb[SWITCH_STATUS]));
-    BX_TRACE("Status:%d\n", static_cast<int>(rec->uiStatus));
-    return rec->uiStatus == kUnknownWord ? -1 : 0;
-}
-
-/* ---- URL rules (135) and their list (134) ------------------------------------------ */
-
-/* Hand-written: a rule carries its time periods as a list. */
-BX_API int STJ_FilterUrl_Set(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return write_rule<FilterUrlRule>(pvRecord, pstBuf);
-}
-
-/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
-BX_API int JTS_FilterUrl_Set(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rule = static_cast<FilterUrlRule *>(pvRecord);
-    const auto &policy = kFilterUrlPolicy;
-    blob_attr *tb[URL_MAX];
-    bx::parse(policy, tb, pstMsg);
-    const Source src{__func__, bx::end_of(pstMsg), -1};
-
-    if (bx::present(policy, tb, URL_IDX))
-        read_idx(__func__, tb[URL_IDX], rule->uiIdx);
-    if (!bx::present(policy, tb, URL_ENABLE))
-        return -1;
-    /* Quirk: an unknown word is refused after it has been stored. */
-    if (read_enable(__func__, tb[URL_ENABLE], rule->uiEnable) == kUnknownWord)
-        return -1;
-    if (bx::present(policy, tb, URL_URLS))
-        read_texts(src, tb[URL_URLS], rule->aszUrls, "Urls");
-    if (bx::present(policy, tb, URL_NAME))
-        read_name(__func__, tb[URL_NAME], rule->szName);
-    if (bx::present(policy, tb, URL_MACS))
-        read_texts(src, tb[URL_MACS], rule->aszMacs, "Macs");
-    if (!bx::present(policy, tb, URL_MODE) || !read_url_mode(__func__, tb[URL_MODE], rule->uiMode))
-        return -1;
-    /* Any day mask is taken. */
-    if (bx::present(policy, tb, URL_WEEKDAY)) {
-        rule->uiWeekday = bx::get_u32(tb[URL_WEEKDAY]);
-        BX_TRACE("Weekday:%u\n", rule->uiWeekday);
-    }
-    if (!bx::present(policy, tb, URL_TIMERANGE))
-        return 0;
-    read_times(src, policy, URL_STARTTIME, URL_ENDTIME, tb[URL_TIMERANGE], rule->astTimeRange, false);
-    return 0;
-}
-
-/* Hand-written: a counted list of rules, each with its time periods. */
-BX_API int STJ_FilterUrl_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return write_list<FilterUrlList>(pvRecord, pstBuf);
-}
-
-/* Hand-written: a counted list of rules, each with its time periods. */
-BX_API int JTS_FilterUrl_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *list = static_cast<FilterUrlList *>(pvRecord);
-    return read_list(__func__, kFilterUrlPolicy, URL_COUNT, URL_LIST, true, pstMsg, list->uiCount, list->astRule,
-                     read_url_list_rule);
-}
-
-/* ---- DNS rules (138) and their list (137) ------------------------------------------- */
-
-/* Hand-written: a rule carries its time periods as a list. */
-BX_API int STJ_FilterDns_Set(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return write_rule<FilterDnsRule>(pvRecord, pstBuf);
-}
-
-/* Hand-written: a rule carries its time periods as a list, each checked as it is read. */
-/* Each range test runs after its value has been stored: a refused rule
- * keeps what was read up to and including the bad value. */
-BX_API int JTS_FilterDns_Set(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *rule = static_cast<FilterDnsRule *>(pvRecord);
-    const auto &policy = kFilterDnsPolicy;
-    blob_attr *tb[DNS_MAX];
-    bx::parse(policy, tb, pstMsg);
-    const Source src{__func__, bx::end_of(pstMsg), -1};
-
-    if (bx::present(policy, tb, DNS_IDX)) {
-        read_idx(__func__, tb[DNS_IDX], rule->uiIdx);
-        if (rule->uiIdx > kDnsIdxMax)
-            return -1;
-    }
-    if (!bx::present(policy, tb, DNS_ENABLE))
-        return -1;
-    if (read_enable(__func__, tb[DNS_ENABLE], rule->uiEnable) == kUnknownWord)
-        return -1;
-    if (bx::present(policy, tb, DNS_HOSTNAMES))
-        read_texts(src, tb[DNS_HOSTNAMES], rule->aszHostnames, "Host Name");
-    if (bx::present(policy, tb, DNS_NAME) && !read_dns_name(__func__, tb[DNS_NAME], rule))
-        return -1;
-    /* Quirk: the one MAC text may fill all 32 bytes, leaving no terminator. */
-    if (bx::present(policy, tb, DNS_MACS)) {
-        bx::copy_text(rule->szMacs, sizeof rule->szMacs, tb[DNS_MACS]);
-        BX_TRACE("Mac:%s\n", shown(rule->szMacs).text);
-    }
-    if (!bx::present(policy, tb, DNS_ACTION))
-        return -1;
-    rule->uiAction = static_cast<uint32_t>(bx::get_word(EnumDnsReply, tb[DNS_ACTION]));
-    BX_TRACE("Action:%u\n", rule->uiAction);
-    if (!bx::present(policy, tb, DNS_MODE))
-        return -1;
-    /* Quirk: an unknown mode word is stored as -1 and accepted. */
-    rule->uiMode = static_cast<uint32_t>(bx::get_word(EnumFilterMode, tb[DNS_MODE]));
-    BX_TRACE("Mode:%u\n", rule->uiMode);
-    if (!bx::present(policy, tb, DNS_WEEKDAY))
-        return -1;
-    rule->uiWeekday = bx::get_u32(tb[DNS_WEEKDAY]);
-    BX_TRACE("Weekday:%u\n", rule->uiWeekday);
-    if (rule->uiWeekday > kDnsWeekdayMax)
-        return -1;
-    if (!bx::present(policy, tb, DNS_TIMERANGE))
-        return 0;
-    return read_times(src, policy, DNS_STARTTIME, DNS_ENDTIME, tb[DNS_TIMERANGE], rule->astTimeRange, true) ? 0 : -1;
-}
-
-/* Hand-written: a counted list of rules, each with its time periods. */
-BX_API int STJ_FilterDns_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    return write_list<FilterDnsList>(pvRecord, pstBuf);
-}
-
-/* Hand-written: a counted list of rules, each with its time periods. */
-BX_API int JTS_FilterDns_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *list = static_cast<FilterDnsList *>(pvRecord);
-    return read_list(__func__, kFilterDnsPolicy, DNS_COUNT, DNS_LIST, false, pstMsg, list->uiCount, list->astRule,
-                     read_dns_list_rule);
-}
-
-/* ---- Replies with the index of a rule just set (136, 139) ------------------------------ */
-
-/* Hand-written: the reply carries the rule's index and its result word. */
-BX_API int STJ_FilterUrl_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
-
-/* Hand-written: the reply carries the rule's index and its result word. */
-BX_API int JTS_FilterUrl_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return read_reply(__func__, kFilterUrlPolicy, URL_IDX, pstMsg, pvRecord);
-}
-
-/* Hand-written: the reply carries the rule's index and its result word. */
-BX_API int STJ_FilterDns_Reply(const void *pvRecord, struct blob_buf *pstBuf) { return write_reply(pvRecord, pstBuf); }
-
-/* Hand-written: the reply carries the rule's index and its result word. */
-BX_API int JTS_FilterDns_Set_Reply(struct blob_attr *pstMsg, void *pvRecord)
-{
-    return read_reply(__func__, kFilterDnsPolicy, DNS_IDX, pstMsg, pvRecord);
-}
+BX_FIELD_CONVERTERS(STJ_FilterDns_Set, JTS_FilterDns_Set, kDnsRule)
+BX_FIELD_CONVERTERS(STJ_FilterDns_List, JTS_FilterDns_Get, kDnsList)
+BX_FIELD_CONVERTERS(STJ_FilterDns_Reply, JTS_FilterDns_Set_Reply, kDnsReply)
 
 } // extern "C"
