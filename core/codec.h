@@ -241,8 +241,17 @@ struct Field {
     uint32_t highest = 0;
 };
 
-#define BX_FIELD_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member))
-#define BX_FIELD_AT(Rec, member) static_cast<uint16_t>(offsetof(Rec, member))
+/* Offsets and sizes of members are 16-bit columns: one that does not fit
+ * stops the compile rather than wrap. */
+void member_beyond_16_bits();  /* never defined: stops the compile */
+consteval uint16_t fits16(size_t n)
+{
+    if (n > 0xFFFFu)
+        member_beyond_16_bits();
+    return static_cast<uint16_t>(n);
+}
+#define BX_FIELD_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member))
+#define BX_FIELD_AT(Rec, member) ::bx::fits16(offsetof(Rec, member))
 #define BX_TEXT(Rec, member, key, trace)                                                              \
     ::bx::Field{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
                 trace, ::bx::trace_shape(trace)}
@@ -419,8 +428,8 @@ consteval uint8_t entry_fields(size_t count)
 }
 
 #define BX_ENTRIES(Rec, member) \
-    static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member) / sizeof(static_cast<Rec *>(nullptr)->member[0]))
-#define BX_ENTRY_SIZE(Rec, member) static_cast<uint16_t>(sizeof(static_cast<Rec *>(nullptr)->member[0]))
+    ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member) / sizeof(static_cast<Rec *>(nullptr)->member[0]))
+#define BX_ENTRY_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member[0]))
 
 /* Rec::member as a list of tables, each entry read and sent by table Entry. */
 #define BX_TABLES(Rec, member, Entry)                                                                   \
@@ -438,10 +447,10 @@ consteval uint8_t entry_fields(size_t count)
 #define BX_U8_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
 
 /* Rec::member sent and received as the list `key`; `trace` (or nullptr)
- * follows a received list with the number of entries filled. */
+ * follows a received list with the number of entries filled. The row's
+ * size stays 0: the list's entries and capacity say how far it reaches. */
 #define BX_LIST(Rec, member, key, list, trace) \
-    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
-                                trace, ::bx::trace_shape(trace)}, list)
+    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace)}, list)
 
 constexpr Field with_list(Field f, const ListOf &list)
 {

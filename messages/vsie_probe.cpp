@@ -70,7 +70,7 @@ constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
 bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     if (bx::vsie::found(r, f, attr)) {
-        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, f.size, attr, [&r](size_t k, uint8_t byte) {
+        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, f.list->capacity, attr, [&r](size_t k, uint8_t byte) {
             BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
         });
     }
