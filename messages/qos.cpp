@@ -20,8 +20,7 @@ using bx::Reading;
 
 /* ---- The three switches ------------------------------------------------------- */
 
-/* Quirk: a word other than "enable" or "disable" refuses the message before
- * anything is stored, without a line of its own. */
+/* Quirk: a word other than "enable" or "disable" is refused, untraced, before it is stored. */
 Read read_on_or_off(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (attr != nullptr && static_cast<uint32_t>(bx::get_word(f.word_list, attr)) > 1)
@@ -56,9 +55,7 @@ void send_protocols_to_first_zero(const Field &f, const void *record, blob_buf *
     blob_nest_end(buf, array);
 }
 
-/* Quirk: the add message reads "protocol" without the presence check, each
- * element as a number whatever its type; slot 0 takes any value, a 0 in a
- * later position ends the used part (and is not stored). */
+/* Quirk: "protocol" is read unchecked, any element as a number; a 0 after slot 0 ends it, unstored. */
 Read read_protocols_to_first_zero(const Reading &r, const Field &, blob_attr *attr)
 {
     auto *rule = static_cast<QosClassRule *>(r.record);
@@ -74,9 +71,7 @@ Read read_protocols_to_first_zero(const Reading &r, const Field &, blob_attr *at
 }
 constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_to_first_zero};
 
-/* Quirk: a listed rule stores every protocol element, zeros included and
- * whatever its type, traced with its position from 1; a ninth ends the
- * protocols with a line of its own (the rule is still read on). */
+/* Quirk: every protocol element is stored, zeros and any type included; a ninth ends them, traced. */
 Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
@@ -123,8 +118,7 @@ constexpr Field kAddSent[] = {
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------ */
 
-/* Quirk: the get message names each "protocol" element "protocol" too, and
- * sends all eight slots, zeros included. */
+/* Quirk: all eight protocol slots go out, zeros included, each element named "protocol". */
 constexpr Field kNamedProtocol[] = {Field{"protocol", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}};
 constexpr bx::ListOf kNamedProtocols = BX_VALUES(QosClassRule, auiProtocol, kNamedProtocol);
 
@@ -145,9 +139,7 @@ constexpr Field kRule[] = {
     BX_TEXT(QosClassRule, szDstMac, "dstmac", nullptr),
 };
 
-/* Quirk: the set message's "protocol" string is walked as if it held
- * attributes; the word of each goes to slot 0, overwriting the one before,
- * and the trace prints slot 1. The walk stays inside the string's value. */
+/* Quirk: the "protocol" string is walked as attributes: each word overwrites slot 0, traced as slot 1. */
 Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
@@ -162,8 +154,7 @@ Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
 }
 constexpr bx::Quirk kProtocolWords{read_protocol_words, nullptr};
 
-/* Quirk: the set message's ports arrive as strings and are read as numbers:
- * the first four bytes of the text, big-endian. */
+/* Quirk: the ports arrive as strings read as numbers: the text's first four bytes, big-endian. */
 Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
 {
     Field number = f;
@@ -171,8 +162,10 @@ Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
     return bx::read_slot(r, number, attr);
 }
 constexpr bx::Quirk kPortText{read_port_text, nullptr};
-#define SET_PORT(member, key, trace) \
-    bx::with_quirk(Field{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace, bx::trace_shape(trace)}, kPortText)
+#define SET_PORT(member, key, trace)                                                                  \
+    bx::with_quirk(Field{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
+                         bx::trace_shape(trace)},                                                     \
+                   kPortText)
 
 /* The set message alone sends "protocol" and the ports as strings. Quirk:
  * the MAC texts are cut at 16 characters like the addresses. */

@@ -81,8 +81,7 @@ constexpr Field kTimerTask[] = {
     parsed("timerlist", bx::Wire::List),
 };
 
-/* Quirk: a task to be set names a missing key by its own text alone, without
- * the presence check's line. */
+/* Quirk: a task to be set names a missing key by its own text alone, not by the presence check. */
 Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (attr != nullptr)
@@ -91,7 +90,10 @@ Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
     return {true, f.refused_ret};
 }
 constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr};
-constexpr Field set_required(Field f, const char *refusal) { return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal); }
+constexpr Field set_required(Field f, const char *refusal)
+{
+    return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal);
+}
 
 /* A task to be set needs every key but "status" and "type". The keys are
  * taken in record order: a missing one ends the conversion, and the keys
@@ -112,7 +114,8 @@ constexpr Field kTimerTaskSet[] = {
 
 /* "count" does not bound the received list: every element fills the next
  * task, up to the tasks the record holds. */
-constexpr bx::ListOf kTimerTasks = BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount));
+constexpr bx::ListOf kTimerTasks =
+    BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount));
 constexpr Field kWifiTimerList[] = {
     bx::parsed_only(kTimerTask[0]),
     bx::parsed_only(kTimerTask[1]),
@@ -133,8 +136,7 @@ constexpr Field kTimerIdx[] = {
 
 /* ---- Rate limits (108, 109) ----------------------------------------------------- */
 
-/* Quirk: the switch goes out as the word of 0 or 1, whatever else the
- * record holds. */
+/* Quirk: the switch goes out as the word of 0 or 1, whatever else the record holds. */
 void send_switch_as_bool(const Field &f, const void *record, blob_buf *buf)
 {
     uint32_t value = 0;
@@ -148,7 +150,8 @@ constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool};
  * but sets no bit: a record filled from a message goes back out without it
  * unless the caller sets the bit. */
 constexpr Field kRateLimit[] = {
-    bx::flagged(bx::with_quirk(BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr), kSwitchAsBool),
+    bx::flagged(bx::with_quirk(BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
+                               kSwitchAsBool),
                 0, RATE_LIMIT_VALID_ENABLE),
     BX_TEXT(RateLimitEntry, szMac, "mac", nullptr),
     BX_TEXT(RateLimitEntry, szIp, "ip", nullptr),
@@ -234,8 +237,7 @@ constexpr Field kIptvVlan[] = {
     parsed("vlanlist", bx::Wire::List),
 };
 
-/* Quirk: a VLAN slot whose id is 0 is unused and not sent, the next one
- * still is. */
+/* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
 void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
 {
     const auto *iptv = static_cast<const IptvConfig *>(record);
@@ -250,8 +252,7 @@ void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
     blob_nest_end(buf, array);
 }
 
-/* Quirk: a message without VLANs says so in a line of its own, instead of
- * the presence check's. */
+/* Quirk: a message without VLANs says so in a line of its own, not by the presence check. */
 Read read_vlans(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (attr != nullptr)
