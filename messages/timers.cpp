@@ -4,58 +4,54 @@
  *
  * None of these messages bounds its hours, minutes, weeks or rates: the
  * daemons that act on them do. */
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
-#include <iterator>
 
 #include "core/codec.h"
 
 namespace {
 
 using bx::Field;
+using bx::Read;
+using bx::Reading;
 
-/* True when the first slots of a policy carry the keys and wire types of a
- * field table, in the same order (so slot i is field i). */
-template <size_t P, size_t F>
-constexpr bool slots_match(const blobmsg_policy (&policy)[P], const Field (&fields)[F])
+/* A key a policy parses for another table's sake: never tested, read or
+ * sent. */
+constexpr Field parsed(const char *key, bx::Wire wire)
 {
-    if (F > P)
-        return false;
-    for (size_t i = 0; i < F; ++i) {
-        if (policy[i].type != bx::wire_type(fields[i].wire))
+    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, bx::trace_shape(nullptr)});
+}
+
+/* ---- Lists whose elements are all taken for tables -------------------------- */
+
+/* These daemons parse every element of a list by the entry's policy,
+ * whatever its blobmsg type: an element of another type fills its entry
+ * with nothing (each key traced as missing) and still takes it up. The
+ * walk fills the record's array from its first entry; an element past the
+ * array ends it with the list's past-bound text, if any. */
+Read read_any_tables(const Reading &r, const Field &f, blob_attr *attr)
+{
+    if (!JTS_CheckBlobAttr(f.key, attr))
+        return {false, 0};
+    const bx::ListOf &l = *f.list;
+    auto *first = static_cast<uint8_t *>(r.record) + f.offset;
+    uint32_t filled = 0;
+    bx::for_each_elem(attr, [&](blob_attr *elem) {
+        if (filled >= l.capacity) {
+            if (l.past_bound != nullptr)
+                BX_TRACE_AS(r.func, "%s", l.past_bound);
             return false;
-        const char *a = policy[i].name;
-        const char *b = fields[i].key;
-        while (*a != 0 && *a == *b) {
-            ++a;
-            ++b;
         }
-        if (*a != *b)
-            return false;
-    }
-    return true;
+        blob_attr *tb[bx::kMaxEntryFields];
+        blobmsg_parse(l.policy, l.fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
+        bx::read_fields(Reading{r.func, first + filled * l.stride, nullptr, r.msg_end, tb}, l.entry, l.fields);
+        ++filled;
+        return true;
+    });
+    return {false, 0};
 }
-
-/* Stores every present field whose slot the table covers, in order. */
-template <size_t P, size_t F>
-void store_present(const char *func, const blobmsg_policy (&policy)[P], blob_attr *const (&tb)[P],
-                   const Field (&fields)[F], void *record)
-{
-    for (size_t i = 0; i < F; ++i) {
-        if (bx::present(policy, tb, i))
-            bx::store_field(func, fields[i], tb[i], record);
-    }
-}
-
-/* One entry of a list as an unnamed table. */
-template <size_t F>
-void emit_table(blob_buf *buf, const void *entry, const Field (&fields)[F])
-{
-    void *table = blobmsg_open_table(buf, nullptr);
-    bx::stj_fields(entry, buf, fields);
-    blob_nest_end(buf, table);
-}
+constexpr bx::Quirk kAnyTables{read_any_tables, nullptr};
 
 /* ---- Reboot timer (84) ------------------------------------------------------- */
 
@@ -68,27 +64,9 @@ constexpr Field kRebootTimer[] = {
 
 /* ---- Wi-Fi timer tasks (85, 86, 87) ------------------------------------------- */
 
-/* One policy serves the set, the list, the index and each list element. */
-enum {
-    TIMER_TASKID, TIMER_STATUS, TIMER_ACTION, TIMER_TYPE, TIMER_STARTHOUR, TIMER_STARTMINUTE,
-    TIMER_ENDHOUR, TIMER_ENDMINUTE, TIMER_WEEK, TIMER_COUNT, TIMER_LIST, TIMER_MAX
-};
-constexpr blobmsg_policy kWifiTimerPolicy[TIMER_MAX] = {
-    /* TIMER_TASKID      */ {"taskid", BLOBMSG_TYPE_INT32},
-    /* TIMER_STATUS      */ {"status", BLOBMSG_TYPE_STRING},
-    /* TIMER_ACTION      */ {"action", BLOBMSG_TYPE_STRING},
-    /* TIMER_TYPE        */ {"type", BLOBMSG_TYPE_STRING},
-    /* TIMER_STARTHOUR   */ {"starthour", BLOBMSG_TYPE_INT32},
-    /* TIMER_STARTMINUTE */ {"startminute", BLOBMSG_TYPE_INT32},
-    /* TIMER_ENDHOUR     */ {"endhour", BLOBMSG_TYPE_INT32},
-    /* TIMER_ENDMINUTE   */ {"endminute", BLOBMSG_TYPE_INT32},
-    /* TIMER_WEEK        */ {"week", BLOBMSG_TYPE_INT32},
-    /* TIMER_COUNT       */ {"count", BLOBMSG_TYPE_INT32},
-    /* TIMER_LIST        */ {"timerlist", BLOBMSG_TYPE_ARRAY},
-};
-
 /* The task's members in record order; "action" is what the task does when
- * it fires, "type" whether it repeats. */
+ * it fires, "type" whether it repeats. One policy serves the set, the list
+ * and each list element, so "count" and "timerlist" are parsed in each. */
 constexpr Field kTimerTask[] = {
     BX_U32(WifiTimerTask, uiTaskId, "taskid", nullptr),
     BX_WORD(WifiTimerTask, uiStatus, EnumSwitch, "status", nullptr),
@@ -99,23 +77,58 @@ constexpr Field kTimerTask[] = {
     BX_U32(WifiTimerTask, uiEndHour, "endhour", nullptr),
     BX_U32(WifiTimerTask, uiEndMinute, "endminute", nullptr),
     BX_U32(WifiTimerTask, uiWeek, "week", nullptr),
+    parsed("count", bx::Wire::U32),
+    parsed("timerlist", bx::Wire::List),
 };
-static_assert(slots_match(kWifiTimerPolicy, kTimerTask));
 
-/* What a task sent to be set says when a key is missing; "status" and
- * "type" may be left out. */
-constexpr const char *kTimerTaskMissing[] = {
-    /* taskid      */ "param task id error",
-    /* status      */ nullptr,
-    /* action      */ "param action error",
-    /* type        */ nullptr,
-    /* starthour   */ "param start hour error",
-    /* startminute */ "param start minute error",
-    /* endhour     */ "param end hour error",
-    /* endminute   */ "param end minute error",
-    /* week        */ "param week error",
+/* Quirk: a task to be set names a missing key by its own text alone, not by the presence check. */
+Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
+{
+    if (attr != nullptr)
+        return bx::read_slot(r, f, attr);
+    BX_TRACE_AS(r.func, "%s\n", f.refusal);
+    return {true, f.refused_ret};
+}
+constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr};
+constexpr Field set_required(Field f, const char *refusal)
+{
+    return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal);
+}
+
+/* A task to be set needs every key but "status" and "type". The keys are
+ * taken in record order: a missing one ends the conversion, and the keys
+ * before it stay stored. */
+constexpr Field kTimerTaskSet[] = {
+    set_required(kTimerTask[0], "param task id error"),
+    kTimerTask[1],
+    set_required(kTimerTask[2], "param action error"),
+    kTimerTask[3],
+    set_required(kTimerTask[4], "param start hour error"),
+    set_required(kTimerTask[5], "param start minute error"),
+    set_required(kTimerTask[6], "param end hour error"),
+    set_required(kTimerTask[7], "param end minute error"),
+    set_required(kTimerTask[8], "param week error"),
+    kTimerTask[9],
+    kTimerTask[10],
 };
-static_assert(std::size(kTimerTaskMissing) == std::size(kTimerTask));
+
+/* "count" does not bound the received list: every element fills the next
+ * task, up to the tasks the record holds. */
+constexpr bx::ListOf kTimerTasks =
+    BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount));
+constexpr Field kWifiTimerList[] = {
+    bx::parsed_only(kTimerTask[0]),
+    bx::parsed_only(kTimerTask[1]),
+    bx::parsed_only(kTimerTask[2]),
+    bx::parsed_only(kTimerTask[3]),
+    bx::parsed_only(kTimerTask[4]),
+    bx::parsed_only(kTimerTask[5]),
+    bx::parsed_only(kTimerTask[6]),
+    bx::parsed_only(kTimerTask[7]),
+    bx::parsed_only(kTimerTask[8]),
+    BX_U32(WifiTimerList, uiCount, "count", "count: %u"),
+    bx::with_quirk(BX_LIST(WifiTimerList, astTask, "timerlist", kTimerTasks, nullptr), kAnyTables),
+};
 
 constexpr Field kTimerIdx[] = {
     BX_U32(WifiTimerIdx, uiTaskId, "taskid", "Idx: %u"),
@@ -123,42 +136,58 @@ constexpr Field kTimerIdx[] = {
 
 /* ---- Rate limits (108, 109) ----------------------------------------------------- */
 
-enum { RATE_ENABLE, RATE_MAC, RATE_IP, RATE_RX, RATE_TX, RATE_MAX };
-constexpr blobmsg_policy g_stRateLimitList_Array_policy[RATE_MAX] = {
-    /* RATE_ENABLE */ {"ratelimitenable", BLOBMSG_TYPE_STRING},
-    /* RATE_MAC    */ {"mac", BLOBMSG_TYPE_STRING},
-    /* RATE_IP     */ {"ip", BLOBMSG_TYPE_STRING},
-    /* RATE_RX     */ {"rxratelimit", BLOBMSG_TYPE_INT32},
-    /* RATE_TX     */ {"txratelimit", BLOBMSG_TYPE_INT32},
-};
+/* Quirk: the switch goes out as the word of 0 or 1, whatever else the record holds. */
+void send_switch_as_bool(const Field &f, const void *record, blob_buf *buf)
+{
+    uint32_t value = 0;
+    std::memcpy(&value, static_cast<const uint8_t *>(record) + f.offset, sizeof value);
+    bx::add_word(buf, f.key, f.word_list, value != 0);
+}
+constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool};
 
+/* The switch and the two rates go out only when their flag bit says they
+ * were given; each rate received sets its bit. "ratelimitenable" is stored
+ * but sets no bit: a record filled from a message goes back out without it
+ * unless the caller sets the bit. */
 constexpr Field kRateLimit[] = {
-    BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
+    bx::flagged(bx::with_quirk(BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
+                               kSwitchAsBool),
+                0, RATE_LIMIT_VALID_ENABLE),
     BX_TEXT(RateLimitEntry, szMac, "mac", nullptr),
     BX_TEXT(RateLimitEntry, szIp, "ip", nullptr),
-    BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr),
-    BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr),
-};
-static_assert(slots_match(g_stRateLimitList_Array_policy, kRateLimit));
-
-enum { RATES_COUNT, RATES_LIST, RATES_MAX };
-constexpr blobmsg_policy kRateLimitListPolicy[RATES_MAX] = {
-    /* RATES_COUNT */ {"count", BLOBMSG_TYPE_INT32},
-    /* RATES_LIST  */ {"ratelimitlist", BLOBMSG_TYPE_ARRAY},
+    bx::flagged(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), RATE_LIMIT_VALID_RX),
+    bx::flagged(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), RATE_LIMIT_VALID_TX),
 };
 
-/* Stores the present members of one rate limit; each given rate sets its
- * flag bit. "ratelimitenable" is stored but sets no bit: a record filled
- * from a message goes back out without it unless the caller sets the bit. */
-void store_rate_limit(const char *func, blob_attr *const (&tb)[RATE_MAX], RateLimitEntry *entry,
-                      uint32_t rx_flag, uint32_t tx_flag)
+/* Quirk: in a list both rates mark the rx limit as given; the tx bit is
+ * never set. */
+Read read_marking_rx(const Reading &r, const Field &f, blob_attr *attr)
 {
-    store_present(func, g_stRateLimitList_Array_policy, tb, kRateLimit, entry);
-    if (tb[RATE_RX] != nullptr)
-        entry->uiValidFlags |= rx_flag;
-    if (tb[RATE_TX] != nullptr)
-        entry->uiValidFlags |= tx_flag;
+    const Read done = bx::read_slot(r, f, attr);
+    if (attr != nullptr)
+        static_cast<RateLimitEntry *>(r.record)->uiValidFlags |= RATE_LIMIT_VALID_RX;
+    return done;
 }
+constexpr bx::Quirk kMarkingRx{read_marking_rx, nullptr};
+
+/* Every entry of the list carries all five members, whatever its flags. */
+constexpr Field kRateLimitEntry[] = {
+    BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
+    kRateLimit[1],
+    kRateLimit[2],
+    bx::with_quirk(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), kMarkingRx),
+    bx::with_quirk(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), kMarkingRx),
+};
+
+/* "count" is stored but does not bound the walk; the record's 32 entries
+ * do. */
+constexpr bx::ListOf kRateLimits = BX_TABLES(RateLimitList, astEntry, kRateLimitEntry)
+                                       .counted_at(offsetof(RateLimitList, uiCount))
+                                       .past_bound_traced("blobmsg parse failed\n", false);
+constexpr Field kRateLimitList[] = {
+    BX_U32(RateLimitList, uiCount, "count", "input uiCount: %d"),
+    bx::with_quirk(BX_LIST(RateLimitList, astEntry, "ratelimitlist", kRateLimits, nullptr), kAnyTables),
+};
 
 /* ---- Periodic rate sampling (110, 111) ------------------------------------------- */
 
@@ -169,298 +198,93 @@ constexpr Field kPeriodRateTask[] = {
     BX_U32(PeriodRateTask, uiSampleInterval, "sampleinterval", "sampleinterval:%u"),
 };
 
-enum {
-    PERIOD_TASKTYPE, PERIOD_TASKNAME, PERIOD_MAC, PERIOD_TXRATE_RT, PERIOD_RXRATE_RT,
-    PERIOD_MAXRXRATE, PERIOD_MAXTXRATE, PERIOD_AVARXRATE, PERIOD_AVATXRATE, PERIOD_MAX
-};
-constexpr blobmsg_policy kPeriodRateReportPolicy[PERIOD_MAX] = {
-    /* PERIOD_TASKTYPE  */ {"tasktype", BLOBMSG_TYPE_STRING},
-    /* PERIOD_TASKNAME  */ {"taskname", BLOBMSG_TYPE_STRING},
-    /* PERIOD_MAC       */ {"mac", BLOBMSG_TYPE_STRING},
-    /* PERIOD_TXRATE_RT */ {"txrate_rt", BLOBMSG_TYPE_INT32},
-    /* PERIOD_RXRATE_RT */ {"rxrate_rt", BLOBMSG_TYPE_INT32},
-    /* PERIOD_MAXRXRATE */ {"maxrxrate", BLOBMSG_TYPE_INT32},
-    /* PERIOD_MAXTXRATE */ {"maxtxrate", BLOBMSG_TYPE_INT32},
-    /* PERIOD_AVARXRATE */ {"avarxrate", BLOBMSG_TYPE_INT32},
-    /* PERIOD_AVATXRATE */ {"avatxrate", BLOBMSG_TYPE_INT32},
-};
+/* Quirk: each real-time rate is traced with the other one's value. */
+Read read_rate_traced_crossed(const Reading &r, const Field &f, blob_attr *attr)
+{
+    Field untraced = f;
+    untraced.trace = nullptr;
+    const Read done = bx::read_slot(r, untraced, attr);
+    if (attr == nullptr)
+        return done;
+    const auto *report = static_cast<const PeriodRateReport *>(r.record);
+    const bool tx = f.offset == offsetof(PeriodRateReport, uiTxRateRt);
+    bx::trace_field(r.func, f, nullptr, 0, tx ? report->uiRxRateRt : report->uiTxRateRt);
+    return done;
+}
+constexpr bx::Quirk kRateTracedCrossed{read_rate_traced_crossed, nullptr};
 
-/* The real-time rates are traced by the converter itself, see there. */
 constexpr Field kPeriodRateReport[] = {
     BX_WORD(PeriodRateReport, eTaskType, EnumPortRole, "tasktype", "period tasktype:%u"),
     BX_TEXT(PeriodRateReport, szTaskName, "taskname", "period taskname:%s"),
     BX_TEXT(PeriodRateReport, szMac, "mac", "period mac:%s"),
-    BX_U32(PeriodRateReport, uiTxRateRt, "txrate_rt", nullptr),
-    BX_U32(PeriodRateReport, uiRxRateRt, "rxrate_rt", nullptr),
+    bx::with_quirk(BX_U32(PeriodRateReport, uiTxRateRt, "txrate_rt", "period txrate_rt:%u"), kRateTracedCrossed),
+    bx::with_quirk(BX_U32(PeriodRateReport, uiRxRateRt, "rxrate_rt", "period rxrate_rt:%u"), kRateTracedCrossed),
     BX_U32(PeriodRateReport, uiMaxRxRate, "maxrxrate", "period maxrxrate:%u"),
     BX_U32(PeriodRateReport, uiMaxTxRate, "maxtxrate", "period maxtxrate:%u"),
     BX_U32(PeriodRateReport, uiAvaRxRate, "avarxrate", "period avarxrate:%u"),
     BX_U32(PeriodRateReport, uiAvaTxRate, "avatxrate", "period avatxrate:%u"),
 };
-static_assert(slots_match(kPeriodRateReportPolicy, kPeriodRateReport));
 
 /* ---- IPTV (112) --------------------------------------------------------------------- */
 
 /* One policy for the message and its VLAN elements. */
-enum { IPTV_VLANID, IPTV_ETHPORTS, IPTV_PORTS2P4G, IPTV_PORTS5G, IPTV_STATUS, IPTV_VLANLIST, IPTV_MAX };
-constexpr blobmsg_policy kIptvPolicy[IPTV_MAX] = {
-    /* IPTV_VLANID    */ {"vlanid", BLOBMSG_TYPE_INT32},
-    /* IPTV_ETHPORTS  */ {"ethports", BLOBMSG_TYPE_INT32},
-    /* IPTV_PORTS2P4G */ {"ports2p4g", BLOBMSG_TYPE_INT32},
-    /* IPTV_PORTS5G   */ {"ports5g", BLOBMSG_TYPE_INT32},
-    /* IPTV_STATUS    */ {"status", BLOBMSG_TYPE_STRING},
-    /* IPTV_VLANLIST  */ {"vlanlist", BLOBMSG_TYPE_ARRAY},
-};
-
 constexpr Field kIptvVlan[] = {
     BX_U32(IptvVlan, uiVlanId, "vlanid", "Vlanid:%u"),
     BX_U32(IptvVlan, uiEthPorts, "ethports", "ethPorts:%u"),
     BX_U32(IptvVlan, uiPorts2p4g, "ports2p4g", "2P4GPorts:%u"),
     BX_U32(IptvVlan, uiPorts5g, "ports5g", "5GPorts:%u"),
+    parsed("status", bx::Wire::Word),
+    parsed("vlanlist", bx::Wire::List),
 };
-static_assert(slots_match(kIptvPolicy, kIptvVlan));
 
-constexpr Field kIptvStatus = BX_WORD(IptvConfig, uiStatus, EnumSwitch, "status", "status:%d");
+/* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
+void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
+{
+    const auto *iptv = static_cast<const IptvConfig *>(record);
+    void *array = blobmsg_open_array(buf, f.key);
+    for (const IptvVlan &vlan : iptv->astVlan) {
+        if (vlan.uiVlanId == 0)
+            continue;
+        void *table = blobmsg_open_table(buf, nullptr);
+        bx::emit_fields(f.list->entry, f.list->fields, &vlan, buf, bx::kNoMask);
+        blob_nest_end(buf, table);
+    }
+    blob_nest_end(buf, array);
+}
+
+/* Quirk: a message without VLANs says so in a line of its own, not by the presence check. */
+Read read_vlans(const Reading &r, const Field &f, blob_attr *attr)
+{
+    if (attr != nullptr)
+        return read_any_tables(r, f, attr);
+    BX_TRACE_AS(r.func, "No Vlan Task\n");
+    return {false, 0};
+}
+constexpr bx::Quirk kVlans{read_vlans, send_used_vlans};
+
+/* The record has two VLAN slots: a third element ends the walk. */
+constexpr bx::ListOf kIptvVlans = BX_TABLES(IptvConfig, astVlan, kIptvVlan).past_bound_traced("NULL == cur\n\n", false);
+constexpr Field kIptv[] = {
+    bx::parsed_only(kIptvVlan[0]),
+    bx::parsed_only(kIptvVlan[1]),
+    bx::parsed_only(kIptvVlan[2]),
+    bx::parsed_only(kIptvVlan[3]),
+    BX_WORD(IptvConfig, uiStatus, EnumSwitch, "status", "status:%d"),
+    bx::with_quirk(BX_LIST(IptvConfig, astVlan, "vlanlist", kIptvVlans, nullptr), kVlans),
+};
 
 } // namespace
 
 extern "C" {
 
-/* ---- Reboot timer (84) ------------------------------------------------------------------ */
-
 BX_FIELD_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
-
-/* ---- Wi-Fi timer tasks (85, 86, 87) ------------------------------------------------------ */
-
-BX_SENT_ROW(STJ_WifiTimer_Set, kTimerTask, ::bx::kNoMask)
-
-/* Hand-written: every key is required, each refused with a text of its own. */
-/* A task to be set needs every key but "status" and "type". The keys are
- * taken in record order: a missing one ends the conversion, and the keys
- * before it stay stored. */
-BX_API int JTS_WifiTimer_Set(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[TIMER_MAX];
-    bx::parse(kWifiTimerPolicy, tb, pstMsg);
-    for (size_t i = 0; i < std::size(kTimerTask); ++i) {
-        if (kTimerTaskMissing[i] == nullptr) {
-            if (!bx::present(kWifiTimerPolicy, tb, i))
-                continue;
-        } else if (tb[i] == nullptr) {
-            BX_TRACE("%s\n", kTimerTaskMissing[i]);
-            return -1;
-        }
-        bx::store_field(__func__, kTimerTask[i], tb[i], pvRecord);
-    }
-    return 0;
-}
-
-/* Hand-written: a counted list of timer tasks. */
-BX_API int STJ_WifiTimer_List(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *list = static_cast<const WifiTimerList *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", list->uiCount);
-    void *array = blobmsg_open_array(pstBuf, "timerlist");
-    /* uiCount comes from the caller; the record holds no more tasks. */
-    uint32_t count = std::min<uint32_t>(list->uiCount, WIFI_TIMER_TASK_MAX);
-    for (uint32_t i = 0; i < count; ++i)
-        emit_table(pstBuf, &list->astTask[i], kTimerTask);
-    blob_nest_end(pstBuf, array);
-    return 0;
-}
-
-/* Hand-written: a counted list of timer tasks, held to the record's entries. */
-/* "count" does not bound the list: every element fills the next task, up
- * to the tasks the record holds. */
-BX_API int JTS_WifiTimer_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    const char *func = __func__;
-    auto *list = static_cast<WifiTimerList *>(pvRecord);
-    blob_attr *tb[TIMER_MAX];
-    bx::parse(kWifiTimerPolicy, tb, pstMsg);
-    if (bx::present(kWifiTimerPolicy, tb, TIMER_COUNT)) {
-        list->uiCount = bx::get_u32(tb[TIMER_COUNT]);
-        BX_TRACE("count: %u\n", list->uiCount);
-    }
-    if (!bx::present(kWifiTimerPolicy, tb, TIMER_LIST))
-        return 0;
-    size_t stored = 0;
-    bx::for_each_elem(tb[TIMER_LIST], [&](blob_attr *elem) {
-        if (stored >= WIFI_TIMER_TASK_MAX)
-            return false;
-        blob_attr *etb[TIMER_MAX];
-        bx::parse_elem(kWifiTimerPolicy, etb, elem);
-        store_present(func, kWifiTimerPolicy, etb, kTimerTask, &list->astTask[stored++]);
-        return true;
-    });
-    return 0;
-}
-
+BX_CONVERTERS(STJ_WifiTimer_Set, JTS_WifiTimer_Set, kTimerTask, kTimerTaskSet)
+BX_FIELD_CONVERTERS(STJ_WifiTimer_List, JTS_WifiTimer_Get, kWifiTimerList)
 BX_FIELD_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
-
-/* ---- Rate limits (108, 109) -------------------------------------------------------------------- */
-
-/* Hand-written: the members go out by the entry's validity flags, the switch as 0 or 1. */
-/* The switch and the two rates go out only when their flag bit says they
- * were given. */
-BX_API int STJ_Ratelimit(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *entry = static_cast<const RateLimitEntry *>(pvRecord);
-    if (entry->uiValidFlags & RATE_LIMIT_VALID_ENABLE)
-        bx::add_word(pstBuf, "ratelimitenable", EnumSwitch, entry->uiEnable != 0);
-    bx::emit_field(kRateLimit[RATE_MAC], entry, pstBuf);
-    bx::emit_field(kRateLimit[RATE_IP], entry, pstBuf);
-    if (entry->uiValidFlags & RATE_LIMIT_VALID_RX)
-        bx::emit_field(kRateLimit[RATE_RX], entry, pstBuf);
-    if (entry->uiValidFlags & RATE_LIMIT_VALID_TX)
-        bx::emit_field(kRateLimit[RATE_TX], entry, pstBuf);
-    return 0;
-}
-
-/* Hand-written: the validity flags are set by which limits came. */
-BX_API int JTS_Ratelimit(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    blob_attr *tb[RATE_MAX];
-    bx::parse(g_stRateLimitList_Array_policy, tb, pstMsg);
-    store_rate_limit(__func__, tb, static_cast<RateLimitEntry *>(pvRecord), RATE_LIMIT_VALID_RX,
-                     RATE_LIMIT_VALID_TX);
-    return 0;
-}
-
-/* Hand-written: a counted list of rate limits, each with all its members. */
-/* Every entry of the list carries all five members, whatever its flags. */
-BX_API int STJ_RatelimitList(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *list = static_cast<const RateLimitList *>(pvRecord);
-    blobmsg_add_u32(pstBuf, "count", list->uiCount);
-    void *array = blobmsg_open_array(pstBuf, "ratelimitlist");
-    /* uiCount comes from the caller; the record holds no more entries. */
-    uint32_t count = std::min<uint32_t>(list->uiCount, RATE_LIMIT_LIST_MAX);
-    for (uint32_t i = 0; i < count; ++i)
-        emit_table(pstBuf, &list->astEntry[i], kRateLimit);
-    blob_nest_end(pstBuf, array);
-    return 0;
-}
-
-/* Hand-written: a counted list of rate limits, held to the record's entries. */
-/* "count" is stored but does not bound the walk; the record's 32 entries
- * do. */
-BX_API int JTS_RatelimitList(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    const char *func = __func__;
-    auto *list = static_cast<RateLimitList *>(pvRecord);
-    blob_attr *tb[RATES_MAX];
-    bx::parse(kRateLimitListPolicy, tb, pstMsg);
-    if (bx::present(kRateLimitListPolicy, tb, RATES_COUNT)) {
-        list->uiCount = bx::get_u32(tb[RATES_COUNT]);
-        BX_TRACE("input uiCount: %d\n", static_cast<int>(list->uiCount));
-    }
-    if (!bx::present(kRateLimitListPolicy, tb, RATES_LIST))
-        return 0;
-    size_t stored = 0;
-    bx::for_each_elem(tb[RATES_LIST], [&](blob_attr *elem) {
-        if (stored >= RATE_LIMIT_LIST_MAX) {
-            BX_TRACE_AS(func, "blobmsg parse failed\n");
-            return false;
-        }
-        blob_attr *etb[RATE_MAX];
-        bx::parse_elem(g_stRateLimitList_Array_policy, etb, elem);
-        /* Quirk: in a list both rates mark the rx limit as given; the tx
-         * bit is never set. */
-        store_rate_limit(func, etb, &list->astEntry[stored++], RATE_LIMIT_VALID_RX, RATE_LIMIT_VALID_RX);
-        return true;
-    });
-    return 0;
-}
-
-/* ---- Periodic rate sampling (110, 111) ---------------------------------------------------------- */
-
+BX_MASKED_CONVERTERS(STJ_Ratelimit, JTS_Ratelimit, RateLimitEntry, uiValidFlags, kRateLimit, kRateLimit)
+BX_FIELD_CONVERTERS(STJ_RatelimitList, JTS_RatelimitList, kRateLimitList)
 BX_FIELD_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
-
-BX_SENT_ROW(STJ_PeriodRate_Get, kPeriodRateReport, ::bx::kNoMask)
-
-/* Hand-written: each real-time rate is traced with the other one's value. */
-BX_API int JTS_PeriodRate_Get(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    auto *report = static_cast<PeriodRateReport *>(pvRecord);
-    blob_attr *tb[PERIOD_MAX];
-    bx::parse(kPeriodRateReportPolicy, tb, pstMsg);
-    for (size_t i = 0; i < PERIOD_MAX; ++i) {
-        if (!bx::present(kPeriodRateReportPolicy, tb, i))
-            continue;
-        bx::store_field(__func__, kPeriodRateReport[i], tb[i], report);
-        /* Quirk: each real-time rate is traced with the other one's value. */
-        if (i == PERIOD_TXRATE_RT)
-            BX_TRACE("period txrate_rt:%u\n", report->uiRxRateRt);
-        else if (i == PERIOD_RXRATE_RT)
-            BX_TRACE("period rxrate_rt:%u\n", report->uiTxRateRt);
-    }
-    return 0;
-}
-
-/* ---- IPTV (112) ------------------------------------------------------------------------------------- */
-
-/* Hand-written: only the VLAN slots with an id go out. */
-/* A VLAN slot whose id is 0 is unused and not sent. */
-BX_API int STJ_IPTV(const void *pvRecord, struct blob_buf *pstBuf)
-{
-    if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
-    const auto *iptv = static_cast<const IptvConfig *>(pvRecord);
-    bx::emit_field(kIptvStatus, iptv, pstBuf);
-    void *array = blobmsg_open_array(pstBuf, "vlanlist");
-    for (const IptvVlan &vlan : iptv->astVlan) {
-        if (vlan.uiVlanId != 0)
-            emit_table(pstBuf, &vlan, kIptvVlan);
-    }
-    blob_nest_end(pstBuf, array);
-    return 0;
-}
-
-/* Hand-written: the VLAN list fills two slots and stops at a third. */
-BX_API int JTS_IPTV(struct blob_attr *pstMsg, void *pvRecord)
-{
-    if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
-    const char *func = __func__;
-    auto *iptv = static_cast<IptvConfig *>(pvRecord);
-    blob_attr *tb[IPTV_MAX];
-    bx::parse(kIptvPolicy, tb, pstMsg);
-    if (bx::present(kIptvPolicy, tb, IPTV_STATUS))
-        bx::store_field(func, kIptvStatus, tb[IPTV_STATUS], iptv);
-    if (tb[IPTV_VLANLIST] == nullptr) {
-        BX_TRACE("No Vlan Task\n");
-        return 0;
-    }
-    size_t stored = 0;
-    bx::for_each_elem(tb[IPTV_VLANLIST], [&](blob_attr *elem) {
-        /* The record has two VLAN slots: a third element ends the walk. */
-        if (stored >= IPTV_VLAN_NUM) {
-            BX_TRACE_AS(func, "NULL == cur\n\n");
-            return false;
-        }
-        blob_attr *etb[IPTV_MAX];
-        bx::parse_elem(kIptvPolicy, etb, elem);
-        store_present(func, kIptvPolicy, etb, kIptvVlan, &iptv->astVlan[stored++]);
-        return true;
-    });
-    return 0;
-}
+BX_FIELD_CONVERTERS(STJ_PeriodRate_Get, JTS_PeriodRate_Get, kPeriodRateReport)
+BX_FIELD_CONVERTERS(STJ_IPTV, JTS_IPTV, kIptv)
 
 } // extern "C"
