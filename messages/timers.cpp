@@ -23,35 +23,12 @@ constexpr Field parsed(const char *key, bx::Wire wire)
     return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, bx::trace_shape(nullptr)});
 }
 
-/* ---- Lists whose elements are all taken for tables -------------------------- */
+/* ---- Lists ---------------------------------------------------------------- */
 
 /* These daemons parse every element of a list by the entry's policy,
  * whatever its blobmsg type: an element of another type fills its entry
- * with nothing (each key traced as missing) and still takes it up. The
- * walk fills the record's array from its first entry; an element past the
- * array ends it with the list's past-bound text, if any. */
-Read read_any_tables(const Reading &r, const Field &f, blob_attr *attr)
-{
-    if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
-    const bx::ListOf &l = *f.list;
-    auto *first = static_cast<uint8_t *>(r.record) + f.offset;
-    uint32_t filled = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
-        if (filled >= l.capacity) {
-            if (l.past_bound != nullptr)
-                BX_TRACE_AS(r.func, "%s", l.past_bound);
-            return false;
-        }
-        blob_attr *tb[bx::kMaxEntryFields];
-        blobmsg_parse(l.policy, l.fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
-        bx::read_fields(Reading{r.func, first + filled * l.stride, nullptr, r.msg_end, tb}, l.entry, l.fields);
-        ++filled;
-        return true;
-    });
-    return {false, 0};
-}
-constexpr bx::Quirk kAnyTables{read_any_tables, nullptr};
+ * with nothing (each key traced as missing) and still takes it up
+ * (of_any_type). */
 
 /* ---- Reboot timer (84) ------------------------------------------------------- */
 
@@ -115,7 +92,7 @@ constexpr Field kTimerTaskSet[] = {
 /* "count" does not bound the received list: every element fills the next
  * task, up to the tasks the record holds. */
 constexpr bx::ListOf kTimerTasks =
-    BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount));
+    BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount)).of_any_type();
 constexpr Field kWifiTimerList[] = {
     bx::parsed_only(kTimerTask[0]),
     bx::parsed_only(kTimerTask[1]),
@@ -127,7 +104,7 @@ constexpr Field kWifiTimerList[] = {
     bx::parsed_only(kTimerTask[7]),
     bx::parsed_only(kTimerTask[8]),
     BX_U32(WifiTimerList, uiCount, "count", "count: %u"),
-    bx::with_quirk(BX_LIST(WifiTimerList, astTask, "timerlist", kTimerTasks, nullptr), kAnyTables),
+    BX_LIST(WifiTimerList, astTask, "timerlist", kTimerTasks, nullptr),
 };
 
 constexpr Field kTimerIdx[] = {
@@ -183,10 +160,11 @@ constexpr Field kRateLimitEntry[] = {
  * do. */
 constexpr bx::ListOf kRateLimits = BX_TABLES(RateLimitList, astEntry, kRateLimitEntry)
                                        .counted_at(offsetof(RateLimitList, uiCount))
-                                       .past_bound_traced("blobmsg parse failed\n", false);
+                                       .past_bound_traced("blobmsg parse failed\n", false)
+                                       .of_any_type();
 constexpr Field kRateLimitList[] = {
     BX_U32(RateLimitList, uiCount, "count", "input uiCount: %d"),
-    bx::with_quirk(BX_LIST(RateLimitList, astEntry, "ratelimitlist", kRateLimits, nullptr), kAnyTables),
+    BX_LIST(RateLimitList, astEntry, "ratelimitlist", kRateLimits, nullptr),
 };
 
 /* ---- Periodic rate sampling (110, 111) ------------------------------------------- */
@@ -256,14 +234,15 @@ void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
 Read read_vlans(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (attr != nullptr)
-        return read_any_tables(r, f, attr);
+        return bx::read_slot(r, f, attr);
     BX_TRACE_AS(r.func, "No Vlan Task\n");
     return {false, 0};
 }
 constexpr bx::Quirk kVlans{read_vlans, send_used_vlans};
 
 /* The record has two VLAN slots: a third element ends the walk. */
-constexpr bx::ListOf kIptvVlans = BX_TABLES(IptvConfig, astVlan, kIptvVlan).past_bound_traced("NULL == cur\n\n", false);
+constexpr bx::ListOf kIptvVlans =
+    BX_TABLES(IptvConfig, astVlan, kIptvVlan).past_bound_traced("NULL == cur\n\n", false).of_any_type();
 constexpr Field kIptv[] = {
     bx::parsed_only(kIptvVlan[0]),
     bx::parsed_only(kIptvVlan[1]),
