@@ -223,13 +223,25 @@ TEST(UboxGrowth, GrowFailureIsReported)
 
 // ------------------------------------------------------------------- parse
 
+// Slots hold the u32 expected, -1 for an empty slot. A case may first set
+// one byte of the built area (at >= 0); the parse reads an exactly-sized copy.
 TEST(UboxParse, PolicyMatching)
 {
+	const Build three = [](struct blob_buf *b) {
+		blobmsg_add_u32(b, "a", 1);
+		blobmsg_add_string(b, "b", "xy");  // offset 12: 83 00 00 0b | 00 01 62 00 | 'x' 'y' 0 pad
+		blobmsg_add_u32(b, "c", 3);
+	};
+	const std::vector<struct blobmsg_policy> abc = {
+		{"a", BLOBMSG_TYPE_INT32}, {"b", BLOBMSG_TYPE_STRING}, {"c", BLOBMSG_TYPE_INT32}};
 	const struct {
 		const char *what;
 		Build build;
 		std::vector<struct blobmsg_policy> policy;
-		std::vector<long> slots;  // the u32 expected per slot, -1 for an empty slot
+		std::vector<long> slots;
+		bool array = false;  // blobmsg_parse_array over the first member's elements
+		int rc = 0, at = -1;
+		uint8_t value = 0;
 	} cases[] = {
 		{"first of two same-named attributes wins",
 		 [](struct blob_buf *b) { blobmsg_add_u32(b, "a", 1); blobmsg_add_u32(b, "a", 2); },
@@ -243,80 +255,36 @@ TEST(UboxParse, PolicyMatching)
 		{"names compare by length and bytes",
 		 [](struct blob_buf *b) { blobmsg_add_u32(b, "ab", 1); blobmsg_add_u32(b, "a", 2); blobmsg_add_u32(b, "abc", 3); },
 		 {{"ab", BLOBMSG_TYPE_INT32}, {"b", BLOBMSG_TYPE_INT32}, {"a", BLOBMSG_TYPE_INT32}}, {1, -1, 2}},
+		{"by position: a mismatching element is skipped and its slot waits for the next",
+		 [](struct blob_buf *b) {
+			 void *l = blobmsg_open_array(b, "l");
+			 blobmsg_add_u32(b, nullptr, 10); blobmsg_add_string(b, nullptr, "x");
+			 blobmsg_add_u32(b, nullptr, 30); blobmsg_add_u32(b, nullptr, 40);
+			 blobmsg_close_array(b, l);
+		 },
+		 {{nullptr, BLOBMSG_TYPE_INT32}, {nullptr, BLOBMSG_TYPE_INT32}, {nullptr, BLOBMSG_TYPE_UNSPEC}}, {10, 30, 40}, true},
+		// An invalid attribute ends the parse with -1, keeping what came before.
+		{"string loses its NUL", three, abc, {1, -1, -1}, false, -1, 12 + 10, 'z'},
+		{"type beyond DOUBLE", three, abc, {1, -1, -1}, false, -1, 12, 0x89},
+		{"name header longer than the attribute", three, abc, {1, -1, -1}, false, -1, 12 + 5, 9},
+		// A length running past the end ends it quietly: nothing more fits.
+		{"length past the end", three, abc, {1, -1, -1}, false, 0, 12 + 3, 0x40},
 	};
 	for (const auto &c : cases) {
 		SCOPED_TRACE(c.what);
 		Buf m(c.build);
+		const uint8_t *elems = static_cast<const uint8_t *>(blobmsg_data(m.first()));
+		Bytes bytes = c.array ? Bytes(elems, elems + blobmsg_data_len(m.first())) : m.payload();
+		if (c.at >= 0)
+			bytes[static_cast<size_t>(c.at)] = c.value;
+		Exact e(bytes);
 		std::vector<struct blob_attr *> tb(c.policy.size(), reinterpret_cast<struct blob_attr *>(1));
-		EXPECT_EQ(blobmsg_parse(c.policy.data(), static_cast<int>(c.policy.size()), tb.data(),
-					blob_data(m.b.head), blob_len(m.b.head)),
-			  0);
-		for (size_t i = 0; i < c.slots.size(); i++) {
-			SCOPED_TRACE(i);
-			if (c.slots[i] == -1) {
-				EXPECT_EQ(tb[i], nullptr);
-			} else {
-				ASSERT_NE(tb[i], nullptr);
-				EXPECT_EQ(blobmsg_get_u32(tb[i]), static_cast<uint32_t>(c.slots[i]));
-			}
-		}
+		EXPECT_EQ((c.array ? blobmsg_parse_array : blobmsg_parse)(c.policy.data(), static_cast<int>(c.policy.size()),
+									  tb.data(), e.mem.get(), static_cast<unsigned int>(e.len)),
+			  c.rc);
+		for (size_t i = 0; i < c.slots.size(); i++)
+			EXPECT_EQ(tb[i] ? static_cast<long>(blobmsg_get_u32(tb[i])) : -1, c.slots[i]) << i;
 	}
-}
-
-// An invalid attribute ends the parse with -1, keeping what came before; a
-// length running past the end ends it quietly (the next attribute does not
-// fit).
-TEST(UboxParse, BrokenInput)
-{
-	Buf m([](struct blob_buf *b) {
-		blobmsg_add_u32(b, "a", 1);
-		blobmsg_add_string(b, "b", "xy");  // offset 12: 83 00 00 0b | 00 01 62 00 | 'x' 'y' 0 pad
-		blobmsg_add_u32(b, "c", 3);
-	});
-	static const struct blobmsg_policy pol[] = {
-		{"a", BLOBMSG_TYPE_INT32}, {"b", BLOBMSG_TYPE_STRING}, {"c", BLOBMSG_TYPE_INT32}};
-	const struct {
-		const char *what;
-		size_t at;
-		uint8_t value;
-		int rc;
-	} cases[] = {
-		{"string loses its NUL", 12 + 10, 'z', -1},
-		{"type beyond DOUBLE", 12, 0x89, -1},
-		{"name header longer than the attribute", 12 + 5, 9, -1},
-		{"length past the end", 12 + 3, 0x40, 0},
-	};
-	for (const auto &c : cases) {
-		SCOPED_TRACE(c.what);
-		Bytes bad = m.payload();
-		bad[c.at] = c.value;
-		Exact e(bad);
-		struct blob_attr *tb[3];
-		EXPECT_EQ(blobmsg_parse(pol, 3, tb, e.mem.get(), static_cast<unsigned int>(e.len)), c.rc);
-		ASSERT_NE(tb[0], nullptr);
-		EXPECT_EQ(blobmsg_get_u32(tb[0]), 1u);
-		EXPECT_EQ(tb[1], nullptr);
-		EXPECT_EQ(tb[2], nullptr);
-	}
-}
-
-TEST(UboxParse, ArrayByPosition)
-{
-	Buf m([](struct blob_buf *b) {
-		void *a = blobmsg_open_array(b, "l");
-		blobmsg_add_u32(b, nullptr, 10);
-		blobmsg_add_string(b, nullptr, "x");
-		blobmsg_add_u32(b, nullptr, 30);
-		blobmsg_add_u32(b, nullptr, 40);
-		blobmsg_close_array(b, a);
-	});
-	// A mismatching element is skipped and its slot waits for the next one.
-	static const struct blobmsg_policy pol[] = {
-		{nullptr, BLOBMSG_TYPE_INT32}, {nullptr, BLOBMSG_TYPE_INT32}, {nullptr, BLOBMSG_TYPE_UNSPEC}};
-	struct blob_attr *tb[3];
-	ASSERT_EQ(blobmsg_parse_array(pol, 3, tb, blobmsg_data(m.first()), blobmsg_data_len(m.first())), 0);
-	for (int i = 0; i < 3; i++)
-		EXPECT_EQ(tb[i] ? blobmsg_get_u32(tb[i]) : 0u, (i == 0 ? 10u : i == 1 ? 30u : 40u)) << i;
 }
 
 // -------------------------------------------------------------- validation
@@ -409,6 +377,7 @@ TEST(UboxJson, AttributesToText)
 		const char *what;
 		Build add;
 		const char *want;
+		int indent = -1;
 	} cases[] = {
 		{"int64 is signed", [](struct blob_buf *b) { blobmsg_add_u64(b, "v", 0x8000000000000000ULL); },
 		 "{\"v\":-9223372036854775808}"},
@@ -421,21 +390,15 @@ TEST(UboxJson, AttributesToText)
 		{"unspec with bytes is null", [](struct blob_buf *b) { blobmsg_add_field(b, BLOBMSG_TYPE_UNSPEC, "v", "abcd", 4); },
 		 "{\"v\":null}"},
 		{"empty message", [](struct blob_buf *) {}, "{}"},
+		{"indented; an empty container still gets its lines",
+		 [](struct blob_buf *b) { blobmsg_add_json_from_string(b, "{\"t\":{\"l\":[1,false]},\"e\":{}}"); },
+		 "{\n\t\"t\": {\n\t\t\"l\": [\n\t\t\t1,\n\t\t\tfalse\n\t\t]\n\t},\n\t\"e\": {\n\t\t\n\t}\n}", 0},
 	};
 	for (const auto &c : cases) {
 		SCOPED_TRACE(c.what);
 		Buf m(c.add);
-		EXPECT_EQ(json(m.b.head, true), c.want);
+		EXPECT_EQ(json(m.b.head, true, c.indent), c.want);
 	}
-}
-
-TEST(UboxJson, Indented)
-{
-	Buf m;
-	ASSERT_TRUE(blobmsg_add_json_from_string(&m.b, "{\"t\":{\"l\":[1,false]},\"e\":{}}"));
-	EXPECT_EQ(json(m.b.head, true, 0),
-		  "{\n\t\"t\": {\n\t\t\"l\": [\n\t\t\t1,\n\t\t\tfalse\n\t\t]\n\t},\n"
-		  "\t\"e\": {\n\t\t\n\t}\n}");  // an empty container still gets its lines
 }
 
 TEST(UboxJson, StopsAtInvalidMembers)
