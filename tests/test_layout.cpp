@@ -5,9 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <map>
-#include <string>
-#include <vector>
+#include <cstring>
 
 #include "blobxlate.h"
 
@@ -22,51 +20,27 @@ size_t bxtest_c_sizeof_MessageTransEntry(void);
 
 namespace {
 
-struct Pin {
-    const char *field;
-    size_t actual, expected;
-};
+void pin(const char *field, size_t actual, size_t expected) { EXPECT_EQ(actual, expected) << field; }
 
-struct Layout {
-    size_t size, expected;
-    std::vector<Pin> fields;
-};
-
-const std::map<std::string, Layout> &layouts()
-{
-#define F(field, n) Pin{#field, offsetof(R, field), n}
-#define BX_RECORD(name, size, ...)                                   \
-    {#name, [] {                                                     \
-         using R [[maybe_unused]] = name;                            \
-         return Layout{sizeof(name), size, std::vector<Pin>{__VA_ARGS__}}; \
-     }()},
-    static const std::map<std::string, Layout> all = {
-#include "record_list.h"
-    };
-#undef BX_RECORD
-#undef F
-    return all;
-}
-
-TEST(Layout, RecordSizesAndOffsetsArePinned)
+TEST(Layout, PinnedAndTheSameInCAndCxx)
 {
     ASSERT_TRUE(sizeof(void *) == 8 || sizeof(void *) == 4) << "no layout pinned for this pointer width";
-    for (const auto &[record, l] : layouts()) {
-        EXPECT_EQ(l.size, l.expected) << "sizeof " << record;
-        for (const Pin &f : l.fields)
-            EXPECT_EQ(f.actual, f.expected) << record << "." << f.field;
+    const bxtest_c_size *c = bxtest_c_sizes;
+#define F(field, n) pin(#field, offsetof(R, field), n)
+#define BX_RECORD(Rec, Size, ...)                            \
+    {                                                        \
+        using R [[maybe_unused]] = Rec;                      \
+        SCOPED_TRACE(#Rec);                                  \
+        EXPECT_EQ(sizeof(Rec), static_cast<size_t>(Size));  \
+        ASSERT_STREQ(c->name, #Rec);                         \
+        EXPECT_EQ(c->size, sizeof(Rec));                     \
+        ++c;                                                 \
+        __VA_OPT__(__VA_ARGS__;)                             \
     }
-}
-
-TEST(Layout, CAndCxxAgree)
-{
-    size_t seen = 0;
-    for (const bxtest_c_size *s = bxtest_c_sizes; s->name != nullptr; ++s, ++seen) {
-        auto it = layouts().find(s->name);
-        ASSERT_NE(it, layouts().end()) << s->name;
-        EXPECT_EQ(s->size, it->second.size) << s->name;
-    }
-    EXPECT_EQ(seen, layouts().size());
+#include "record_list.h"
+#undef BX_RECORD
+#undef F
+    EXPECT_EQ(c->name, nullptr);
     EXPECT_EQ(bxtest_c_sizeof_MessageTransEntry(), sizeof(MessageTransEntry));
 }
 
