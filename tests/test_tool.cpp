@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
@@ -94,15 +93,12 @@ TEST_F(Tool, ExitCodesAndOutput)
 // One line per type with a row in either table, each with its record.
 TEST_F(Tool, ListsEveryTypeWithARow)
 {
-    std::set<int> types;
-    for (int i = 0; i < g_iStructToJson_FuncNum; ++i)
-        types.insert(g_astStructToJson_Func[i].id);
-    for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i)
-        types.insert(g_astJsonToStruct_Func[i].id);
     std::istringstream lines(run(BLOBXLATE_TOOL, "list").out);
     std::string line;
     std::getline(lines, line); // the column heads
-    for (int type : types) {
+    for (int type = 0; type <= 172; ++type) {
+        if (!BLOBXLATE_FindRow(BLOBXLATE_TO_JSON, type) && !BLOBXLATE_FindRow(BLOBXLATE_TO_STRUCT, type))
+            continue;
         ASSERT_TRUE(std::getline(lines, line));
         EXPECT_EQ(std::atoi(line.c_str()), type) << line;
         EXPECT_EQ(line.find('?'), std::string::npos) << line;
