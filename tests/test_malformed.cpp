@@ -116,31 +116,4 @@ TEST(Malformed, EveryTypeRefusesOrSurvivesBrokenMessages)
     EXPECT_EQ(types, g_iJsonToStruct_FuncNum);
 }
 
-TEST(Malformed, DeepNestingIsWalkedWithoutHarm)
-{
-    // Every type's message with one more member: a table holding a table
-    // ... 2000 deep. Converters read at most their own levels.
-    for (int type = 0; type <= 172; ++type) {
-        if (!bxtest::find_row(g_astJsonToStruct_Func, g_iJsonToStruct_FuncNum, type) || bxtest::record_size(type) == 0)
-            continue;
-        std::vector<uint8_t> good = sample_payload(type);
-        bxtest::Buf buf;
-        blob_attr *cur;
-        size_t rem = good.size();
-        __blob_for_each_attr(cur, reinterpret_cast<blob_attr *>(good.data()), rem) {
-            blobmsg_add_field(buf.get(), blobmsg_type(cur), blobmsg_name(cur), blobmsg_data(cur),
-                              static_cast<unsigned>(blobmsg_data_len(cur)));
-        }
-        std::vector<void *> cookies;
-        for (int i = 0; i < 2000; ++i)
-            cookies.push_back(blobmsg_open_table(buf.get(), "a"));
-        blobmsg_add_u32(buf.get(), "a", 1);
-        for (auto it = cookies.rbegin(); it != cookies.rend(); ++it)
-            blob_nest_end(buf.get(), *it);
-        bxtest::Record rec(type);
-        int ret = JSON_TRANS_STRUCT(type, buf.head(), rec.get());
-        EXPECT_TRUE(ret == 0 || ret == -1) << "type " << type;
-    }
-}
-
 } // namespace

@@ -47,13 +47,10 @@ TraceCapture::~TraceCapture()
 
 void TraceCapture::set_enabled(bool on)
 {
-    if (on) {
-        FILE *f = std::fopen(BLOBXLATE_SWITCH_FILE, "w");
-        if (f)
-            std::fclose(f);
-    } else {
+    if (!on)
         unlink(BLOBXLATE_SWITCH_FILE);
-    }
+    else if (FILE *f = std::fopen(BLOBXLATE_SWITCH_FILE, "w"))
+        std::fclose(f);
 }
 
 std::string TraceCapture::take_raw()
@@ -62,16 +59,8 @@ std::string TraceCapture::take_raw()
     if (fd_ < 0)
         return out;
     char buf[4096];
-    for (;;) {
-        ssize_t n = read(fd_, buf, sizeof buf);
-        if (n > 0) {
-            out.append(buf, static_cast<size_t>(n));
-            continue;
-        }
-        if (n < 0 && errno == EINTR)
-            continue;
-        break;
-    }
+    for (ssize_t n; (n = read(fd_, buf, sizeof buf)) > 0 || (n < 0 && errno == EINTR);)
+        out.append(buf, n > 0 ? static_cast<size_t>(n) : 0);
     return out;
 }
 

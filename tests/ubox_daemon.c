@@ -14,29 +14,6 @@ static const struct blobmsg_policy request_policy[__REQ_MAX] = {
 	[REQ_RAW] = {.name = "list", .type = BLOBMSG_TYPE_UNSPEC},
 };
 
-static const struct blob_attr_info raw_info[3] = {
-	[1] = {.type = BLOB_ATTR_INT32},
-	[2] = {.type = BLOB_ATTR_STRING},
-};
-
-/* Counts what blob_parse finds in a plain blob message. */
-static int plain_blob_found(void)
-{
-	struct blob_buf raw = {0};
-	struct blob_attr *tb[ARRAY_SIZE(raw_info)];
-	int found;
-
-	blob_buf_init(&raw, 0);
-	blob_put_u32(&raw, 1, be32_to_cpu(cpu_to_be32(7)));
-	blob_put_string(&raw, 2, "x");
-	blob_put_u8(&raw, 2, 1); /* not a string: left out */
-	found = blob_parse(raw.head, tb, raw_info, ARRAY_SIZE(raw_info));
-	if (blob_get_u32(tb[1]) != 7 || strcmp(blob_get_string(tb[2]), "x") != 0)
-		found = -1;
-	blob_buf_free(&raw);
-	return found;
-}
-
 /* The reply to a JSON request, as JSON text (malloc'd), or NULL. */
 char *ubox_daemon_answer(const char *request)
 {
@@ -71,7 +48,6 @@ char *ubox_daemon_answer(const char *request)
 	text = blobmsg_realloc_string_buffer(&reply, 6);
 	strcat(text, "cdef");
 	blobmsg_add_string_buffer(&reply);
-	blobmsg_add_u32(&reply, "found", (uint32_t) plain_blob_found());
 
 	copy = blob_memdup(reply.head);
 	blobmsg_add_u8(&reply, "equal", blob_attr_equal(copy, reply.head));
