@@ -136,20 +136,6 @@ TEST(Trace, DispatcherRendersTheMessageAndReportsAFailedConverter)
     EXPECT_EQ(cap.take().size(), 1u);
 }
 
-TEST(Trace, CheckBlobAttrAndTheLinePrefix)
-{
-    BX_REQUIRE_TRACE_CAPTURE();
-    bxtest::TraceCapture cap;
-    EXPECT_EQ(JTS_CheckBlobAttr(nullptr, nullptr), 0);
-    bxtest::Msg msg("a=i32:1");
-    EXPECT_EQ(JTS_CheckBlobAttr("a", msg.get()), 1);
-    EXPECT_EQ(JTS_CheckBlobAttr("mac", nullptr), 0);
-    std::string raw = cap.take_raw();
-    EXPECT_EQ(bxtest::split_trace(raw), (std::vector<std::string>{"JTS_CheckBlobAttr: Illegal parameter: \n",
-                                                                  "JTS_CheckBlobAttr: Illegal parameter: mac\n"}));
-    EXPECT_EQ(raw.rfind("[JTS_CheckBlobAttr.", 0), 0u);
-}
-
 // Without the switch file nothing is opened ("w" would create the console);
 // the switch itself is tested before every line (see test_trace_modes.cpp).
 TEST(Trace, NoSwitchFileNoConsole)
