@@ -360,6 +360,13 @@ constexpr Field parsed_only(Field f)
     return f;
 }
 
+/* A key the policy parses that the record has no member for (see
+ * parsed_only). */
+constexpr Field parsed_key(const char *key, Wire wire)
+{
+    return parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
+}
+
 /* The validity bits of the settings, in a mask whose high bits say other
  * things: the reported state of a configuration goes out whenever any
  * setting was asked about. */

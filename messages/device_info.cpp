@@ -82,7 +82,7 @@ constexpr Field kHwInfo[] = {
     BX_TEXT(HwInfoParam, szCpuSupplier, "cpusupplier", "cpu supplier:%s"),
     BX_TEXT(HwInfoParam, szMemoryProvider, "memoryprovider", "memory provider:%s"),
     BX_U32(HwInfoParam, uiCpuCores, "cpucores", "cpu cores:%d"),
-    bx::parsed_only(Field{"rebootcount", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}),
+    bx::parsed_key("rebootcount", bx::Wire::U32),
     bx::with_quirk(BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr), kLanRates),
     bx::with_quirk(BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr), kWanRates),
     BX_U32(HwInfoParam, ui24gMaxBw, "2.4gmaxbw", "2GMaxBW:%d"),

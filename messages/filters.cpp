@@ -19,6 +19,7 @@
 namespace {
 
 using bx::Field;
+using bx::parsed_key;
 using bx::Quirk;
 using bx::Read;
 using bx::Reading;
@@ -27,21 +28,16 @@ using bx::with_quirk;
 
 /* ---- Shared pieces ------------------------------------------------------------ */
 
-/* A key of the kind's policy that a message parses and leaves alone. */
-constexpr Field parsed(const char *key, Wire wire)
-{
-    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
-}
 /* The keys of the two policies, in groups, for the tables that only parse them. */
-#define URL_RULE_KEYS                                                                                      \
-    parsed("enable", Wire::Text), parsed("urls", Wire::List), parsed("name", Wire::Text),                 \
-        parsed("macs", Wire::List), parsed("mode", Wire::Text), parsed("weekday", Wire::U32)
-#define DNS_RULE_KEYS                                                                                      \
-    parsed("enable", Wire::Text), parsed("hostnames", Wire::List), parsed("name", Wire::Text),            \
-        parsed("macs", Wire::Text), parsed("action", Wire::Text), parsed("mode", Wire::Text),             \
-        parsed("weekday", Wire::U32)
-#define PERIOD_KEYS parsed("starttime", Wire::U32), parsed("endtime", Wire::U32)
-#define LIST_KEYS parsed("count", Wire::U32), parsed("list", Wire::List)
+#define URL_RULE_KEYS                                                                                 \
+    parsed_key("enable", Wire::Text), parsed_key("urls", Wire::List), parsed_key("name", Wire::Text),     \
+        parsed_key("macs", Wire::List), parsed_key("mode", Wire::Text), parsed_key("weekday", Wire::U32)
+#define DNS_RULE_KEYS                                                                                     \
+    parsed_key("enable", Wire::Text), parsed_key("hostnames", Wire::List), parsed_key("name", Wire::Text),    \
+        parsed_key("macs", Wire::Text), parsed_key("action", Wire::Text), parsed_key("mode", Wire::Text), \
+        parsed_key("weekday", Wire::U32)
+#define PERIOD_KEYS parsed_key("starttime", Wire::U32), parsed_key("endtime", Wire::U32)
+#define LIST_KEYS parsed_key("count", Wire::U32), parsed_key("list", Wire::List)
 
 constexpr uint32_t kSecondsPerDay = 86400;
 
@@ -235,10 +231,10 @@ constexpr Quirk kWeekday{nullptr, send_weekday};
 
 /* A period: parsed with the whole URL policy, only its times read. */
 constexpr Field kUrlPeriod[] = {
-    parsed("idx", Wire::U32), URL_RULE_KEYS,
+    parsed_key("idx", Wire::U32), URL_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
-    parsed("timerange", Wire::List), LIST_KEYS,
+    parsed_key("timerange", Wire::List), LIST_KEYS,
 };
 constexpr bx::ListOf kUrlPeriods = BX_TABLES(FilterUrlRule, astTimeRange, kUrlPeriod).by_span();
 
@@ -294,7 +290,7 @@ constexpr bx::ListOf kUrlRules =
     BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
 constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>};
 constexpr Field kUrlList[] = {
-    parsed("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
+    parsed_key("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr), kUrlRuleList),
 };
@@ -302,17 +298,17 @@ constexpr Field kUrlList[] = {
 /* The reply (136): a missing "idx" is no failure, the record stays as it is. */
 constexpr Field kUrlReply[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    URL_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+    URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
 };
 
 /* ---- DNS rules ---------------------------------------------------------------------- */
 
 /* A period: parsed with the whole DNS policy, only its times read. */
 constexpr Field kDnsPeriod[] = {
-    parsed("idx", Wire::U32), DNS_RULE_KEYS,
+    parsed_key("idx", Wire::U32), DNS_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
-    parsed("timerange", Wire::List), LIST_KEYS,
+    parsed_key("timerange", Wire::List), LIST_KEYS,
 };
 constexpr bx::ListOf kDnsPeriods = BX_TABLES(FilterDnsRule, astTimeRange, kDnsPeriod).by_span();
 
@@ -376,7 +372,7 @@ constexpr Field kListedDnsRule[] = {
 constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
 constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>};
 constexpr Field kDnsList[] = {
-    parsed("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List),
+    parsed_key("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr), kDnsRuleList),
 };
@@ -384,7 +380,7 @@ constexpr Field kDnsList[] = {
 /* The reply (139), as the URL reply. */
 constexpr Field kDnsReply[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    DNS_RULE_KEYS, PERIOD_KEYS, parsed("timerange", Wire::List), LIST_KEYS,
+    DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
 };
 
 /* ---- The URL filter switch (132) ------------------------------------------------------ */

@@ -18,6 +18,7 @@
 namespace {
 
 using bx::Field;
+using bx::parsed_key;
 
 /* A MAC written without separators. */
 constexpr size_t kBareMacLen = 12;
@@ -65,21 +66,14 @@ bx::Read read_bare_mac(const bx::Reading &r, const Field &f, blob_attr *attr)
 }
 constexpr bx::Quirk kBareMac{read_bare_mac, nullptr};
 
-/* A key the one policy parses and nothing reads: the query's and the
- * answer's list elements are parsed with the message's own policy, so the
- * message and each element list the same keys. */
-constexpr Field parsed(const char *key, bx::Wire wire)
-{
-    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
-}
-
 /* Sent: as many entries as the caller's count says. Received: the walk
  * ends after 32 entries, once the record's count is reached, or with the
- * list. */
+ * list. The query's and the answer's list elements are parsed with the
+ * message's own policy, so the message and each element list the same keys. */
 constexpr Field kApInfo[] = {
-    parsed("count", bx::Wire::U32),
-    parsed("mac", bx::Wire::Text),
-    parsed("apinfo", bx::Wire::List),
+    parsed_key("count", bx::Wire::U32),
+    parsed_key("mac", bx::Wire::Text),
+    parsed_key("apinfo", bx::Wire::List),
     bx::with_quirk(BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s"), kBareMac),
     BX_U32(RoamingApInfoRec, uiChannel, "channel", "channel:%u"),
 };
@@ -91,13 +85,13 @@ constexpr Field kApQuery[] = {
     BX_U32(RoamingApQueryRec, uiCount, "count", "count:%u"),
     bx::with_quirk(BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s"), kBareMac),
     BX_LIST(RoamingApQueryRec, astApInfo, "apinfo", kApInfos, nullptr),
-    parsed("bssid", bx::Wire::Text),
-    parsed("channel", bx::Wire::U32),
+    parsed_key("bssid", bx::Wire::Text),
+    parsed_key("channel", bx::Wire::U32),
 };
 
 constexpr Field kApRssi[] = {
-    parsed("count", bx::Wire::U32),
-    parsed("aprssi", bx::Wire::List),
+    parsed_key("count", bx::Wire::U32),
+    parsed_key("aprssi", bx::Wire::List),
     bx::with_quirk(BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s"), kBareMac),
     BX_S32(RoamingApRssiRec, iRssi, "rssi", "rssi:%d"),
 };
@@ -108,8 +102,8 @@ constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi)
 constexpr Field kApRsp[] = {
     BX_U32(RoamingApRspRec, uiCount, "count", "count:%u"),
     BX_LIST(RoamingApRspRec, astApRssi, "aprssi", kApRssis, nullptr),
-    parsed("bssid", bx::Wire::Text),
-    parsed("rssi", bx::Wire::S32),
+    parsed_key("bssid", bx::Wire::Text),
+    parsed_key("rssi", bx::Wire::S32),
 };
 
 /* ---- 117: BSS transition ------------------------------------------------------ */

@@ -13,15 +13,9 @@
 namespace {
 
 using bx::Field;
+using bx::parsed_key;
 using bx::Read;
 using bx::Reading;
-
-/* A key a policy parses for another table's sake: never tested, read or
- * sent. */
-constexpr Field parsed(const char *key, bx::Wire wire)
-{
-    return bx::parsed_only(Field{key, wire, -1, 0, 0, nullptr, bx::trace_shape(nullptr)});
-}
 
 /* ---- Lists ---------------------------------------------------------------- */
 
@@ -54,8 +48,8 @@ constexpr Field kTimerTask[] = {
     BX_U32(WifiTimerTask, uiEndHour, "endhour", nullptr),
     BX_U32(WifiTimerTask, uiEndMinute, "endminute", nullptr),
     BX_U32(WifiTimerTask, uiWeek, "week", nullptr),
-    parsed("count", bx::Wire::U32),
-    parsed("timerlist", bx::Wire::List),
+    parsed_key("count", bx::Wire::U32),
+    parsed_key("timerlist", bx::Wire::List),
 };
 
 /* Quirk: a task to be set names a missing key by its own text alone, not by the presence check. */
@@ -211,8 +205,8 @@ constexpr Field kIptvVlan[] = {
     BX_U32(IptvVlan, uiEthPorts, "ethports", "ethPorts:%u"),
     BX_U32(IptvVlan, uiPorts2p4g, "ports2p4g", "2P4GPorts:%u"),
     BX_U32(IptvVlan, uiPorts5g, "ports5g", "5GPorts:%u"),
-    parsed("status", bx::Wire::Word),
-    parsed("vlanlist", bx::Wire::List),
+    parsed_key("status", bx::Wire::Word),
+    parsed_key("vlanlist", bx::Wire::List),
 };
 
 /* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
