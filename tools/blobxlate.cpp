@@ -19,6 +19,7 @@ const char kUsage[] =
     "usage: blobxlate [--trace] TYPE [FILE]\n"
     "       blobxlate list\n"
     "       blobxlate example TYPE\n"
+    "       blobxlate words\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -35,6 +36,10 @@ const char kHelp[] =
     "                struct-to-JSON and in the JSON-to-struct table, record\n"
     "                (two when the directions differ: to JSON, to struct)\n"
     "  example TYPE  prints the example message of the type\n"
+    "  words         one line per enumeration kind: each number from 0 to 63\n"
+    "                (each bit, for the wireless standards) that goes out as a\n"
+    "                word of its own, as word=number, the number being what\n"
+    "                the word reads back as\n"
     "  --trace       prints the conversion's trace lines on standard error\n"
     "  --help        this text\n"
     "  --version     the program's version\n"
@@ -102,6 +107,29 @@ int list()
     return 0;
 }
 
+// The words a kind sends for 0..63, each with the number it reads back as;
+// numbers that go out as the kind's fallback text are left out.
+int words()
+{
+    for (int kind = 0; kind < ENUM_KIND_COUNT; ++kind) {
+        std::string fallback = PARATRANS_Int_To_String(kind, 100000);
+        std::printf("%2d", kind);
+        if (fallback == "100000")
+            std::printf(" (numbers go out as decimal text)");
+        /* The wireless standards are a bit set: one word a bit. */
+        const bool bits = kind == EnumStandard;
+        for (int n = bits ? 1 : 0; n < 64 && fallback != "100000"; n = bits ? n * 2 : n + 1) {
+            std::string word = PARATRANS_Int_To_String(kind, n);
+            if (word == fallback || word.empty())
+                continue;
+            std::string text = word;  // the lookup may cut its text in place
+            std::printf(" \"%s\"=%d", word.c_str(), PARATRANS_String_To_Int(kind, &text[0]));
+        }
+        std::printf("\n");
+    }
+    return 0;
+}
+
 int example(const bxtool::MessageInfo &info)
 {
     const std::string path = bxtool::example_path(info.type);
@@ -144,8 +172,10 @@ int main(int argc, char **argv)
     const std::string command = args.empty() ? "" : args[0];
     if (command == "list" && args.size() == 1)
         return list();
+    if (command == "words" && args.size() == 1)
+        return words();
     const bool is_example = command == "example";
-    if (args.empty() || args.size() > 2 || command == "list" || (is_example && args.size() != 2))
+    if (args.empty() || args.size() > 2 || command == "list" || command == "words" || (is_example && args.size() != 2))
         return usage_error();
 
     std::string error;
