@@ -49,10 +49,8 @@ struct Buf {
 	struct blob_attr *first() const { return static_cast<struct blob_attr *>(blob_data(b.head)); }
 };
 
-// Bytes are built to their exact size, so they sit in a heap block of exactly
-// that size.
-
-std::string json(struct blob_attr *attr, bool list, int indent = -1)
+// The formatter's text (only the deep-nesting test uses it).
+[[maybe_unused]] std::string json(struct blob_attr *attr, bool list, int indent = -1)
 {
 	char *s = blobmsg_format_json_with_cb(attr, list, nullptr, nullptr, indent);
 	if (!s)
