@@ -247,7 +247,7 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
 {
     if (!l.tables) {
         store_field(r.func, l.entry[0], elem, entry);
-        return {false, 0};
+        return kGoOn;
     }
     blob_attr *tb[kMaxEntryFields];
     if (l.spans && r.msg_end != nullptr)
@@ -281,7 +281,7 @@ Read read_list(const Reading &r, const Field &f, blob_attr *attr)
     const uint32_t limit = l.bound == Bound::Count ? count : l.capacity;
     const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
     uint32_t filled = 0;
-    Read done{false, 0};
+    Read done = kGoOn;
     for_each_elem(attr, [&](blob_attr *elem) {
         if (filled >= limit) {
             if (l.past_bound != nullptr)
@@ -360,16 +360,16 @@ Read refuse(const Reading &r, const Field &f)
 Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!f.tested)
-        return {false, 0};
+        return kGoOn;
     if (!JTS_CheckBlobAttr(f.key, attr)) {
         if (f.refusal != nullptr)
             BX_TRACE_AS(r.func, "%s\n", f.refusal);
         if (!f.required)
-            return {false, 0};
+            return kGoOn;
         return {true, f.refused_ret};
     }
     if (!f.stored)
-        return {false, 0};
+        return kGoOn;
     if (f.wire == Wire::List) {
         const Read done = read_list(r, f, attr);
         if (r.mask != nullptr)
@@ -383,7 +383,7 @@ Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
         *r.mask |= f.mask_bit;
     if (f.check == Check::After && !in_range(f, stored_u32(f, r.record)))
         return refuse(r, f);
-    return {false, 0};
+    return kGoOn;
 }
 
 Read read_fields(const Reading &r, const Field *fields, size_t count)
@@ -395,7 +395,7 @@ Read read_fields(const Reading &r, const Field *fields, size_t count)
         if (done.refused)
             return done;
     }
-    return {false, 0};
+    return kGoOn;
 }
 
 Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record, int mask_at)

@@ -29,17 +29,13 @@ namespace bx {
 template <size_t N>
 inline int parse(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *msg)
 {
-    for (blob_attr *&slot : tb)  /* blobmsg_parse clears them too; this says so to the reader */
-        slot = nullptr;
-    return blobmsg_parse(policy, static_cast<int>(N), tb, blob_data(msg), blob_len(msg));
+    return blobmsg_parse(policy, static_cast<int>(N), tb, blob_data(msg), blob_len(msg));  /* clears tb first */
 }
 
 /* Parses a list element (a table inside an array) by its value. */
 template <size_t N>
 inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem)
 {
-    for (blob_attr *&slot : tb)
-        slot = nullptr;
     return blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), blobmsg_data_len(elem));
 }
 
@@ -524,6 +520,9 @@ struct Read {
     bool refused;
     int ret;
 };
+
+/* The slot is done with and reading goes on with the next one. */
+inline constexpr Read kGoOn{false, 0};
 
 /* What reading a slot knows besides the slot itself. */
 struct Reading {

@@ -152,11 +152,11 @@ constexpr size_t kRandPasswordLen = 8;
 bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const char *text = bx::get_text(attr);
     if (strnlen(text, kRandPasswordLen + 1) != kRandPasswordLen) {
         BX_TRACE_AS(r.func, "wrong randpassword:%.31s\n", text);
-        return {false, 0};
+        return bx::kGoOn;
     }
     return bx::read_slot(r, f, attr);
 }

@@ -28,7 +28,7 @@ template <typename Trace>
 bx::Read store_numbers(const bx::Reading &r, const Field &f, blob_attr *list, unsigned slots, Trace trace)
 {
     if (!JTS_CheckBlobAttr(f.key, list))
-        return {false, 0};
+        return bx::kGoOn;
     auto *base = static_cast<unsigned char *>(r.record) + f.offset;
     unsigned stored = 0;
     bx::for_each_elem(list, [&](blob_attr *elem) {
@@ -38,7 +38,7 @@ bx::Read store_numbers(const bx::Reading &r, const Field &f, blob_attr *list, un
         trace(stored, value);
         return stored < slots;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 
 /* Quirk (both lists): rates of any type, traced with their number, one slot
@@ -138,7 +138,7 @@ bx::Read read_cur_ip(const bx::Reading &r, const Field &f, blob_attr *attr)
     constexpr size_t kIpSlot = 0;
     if (JTS_CheckBlobAttr(f.key, r.tb[kIpSlot]))
         bx::store_field(r.func, f, attr, r.record);
-    return {false, 0};
+    return bx::kGoOn;
 }
 
 constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr};

@@ -72,7 +72,7 @@ template <const char *Label, bool Listed>
 Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     const size_t size = l.entry[0].size;
     char *first = static_cast<char *>(r.record) + f.offset;
@@ -88,7 +88,7 @@ Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
             BX_TRACE_AS(r.func, "List[%d]%s%d:%.*s\n", rule, Label, slot, len, text);
         return ++slot < l.capacity;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 
 void trace_time(const char *func, int rule, const char *label, int pair, uint32_t time)
@@ -116,14 +116,14 @@ template <bool Listed, bool DayBound>
 Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     const size_t start = slot_of(l, "starttime");
     const size_t end = slot_of(l, "endtime");
     auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
     const int rule = position<Listed>(r);
     int i = 0;
-    Read done{false, 0};
+    Read done = bx::kGoOn;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
         blob_attr *tb[bx::kMaxEntryFields];
         bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
@@ -187,11 +187,11 @@ void trace_past_bound(const char *func, const char *text, int filled)
 Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     int n = 0;
-    Read done{false, 0};
+    Read done = bx::kGoOn;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
         if (n >= l.capacity) {
             trace_past_bound(r.func, l.past_bound, n);

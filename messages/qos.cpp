@@ -67,7 +67,7 @@ Read read_protocols_to_first_zero(const Reading &r, const Field &, blob_attr *at
         rule->auiProtocol[slot++] = value;
         return slot < QOS_CLASS_PROTOCOL_NUM;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_to_first_zero};
 
@@ -75,7 +75,7 @@ constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_t
 Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
     int slot = 0;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
@@ -87,7 +87,7 @@ Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
         BX_TRACE_AS(r.func, "protocol[%d]: %d\n", slot, static_cast<int>(rule->auiProtocol[slot - 1]));
         return true;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_first_zero};
 
@@ -143,14 +143,14 @@ constexpr Field kRule[] = {
 Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
     bx::for_each_elem(attr, [&](blob_attr *inner) {
         rule->auiProtocol[0] = static_cast<uint32_t>(bx::get_word(f.word_list, inner));
         BX_TRACE_AS(r.func, "protocol:%u\n", rule->auiProtocol[1]);
         return true;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kProtocolWords{read_protocol_words, nullptr};
 
@@ -215,7 +215,7 @@ constexpr Field kListedRule[] = {
 Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     auto *list = static_cast<QosClassRuleList *>(r.record);
     uint32_t stored = 0;
@@ -232,7 +232,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
         bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb}, l.entry, l.fields);
         return true;
     });
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kRules{read_rules, nullptr};
 

@@ -122,7 +122,7 @@ enum { RL_RADIO, RL_APINDEX, RL_USBANDWIDTH, RL_DSBANDWIDTH, RL_CAPAFLAG, RL_MAX
 bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     blob_attr *us = r.tb[RL_USBANDWIDTH];
     if (us == nullptr || bx::get_s32(us) < 0) {
         BX_TRACE_AS(r.func, "[uiDsBandWidth] is not valid.\n");
@@ -165,7 +165,7 @@ bx::Read read_access_rule(const bx::Reading &r, const bx::Field &f, blob_attr *a
     }
     std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &rule, sizeof rule);
     bx::trace_field(r.func, f, nullptr, 0, rule);
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kRuleOrNone{read_access_rule, nullptr};
 

@@ -58,11 +58,11 @@ static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == 
 bx::Read read_bare_mac(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     char *mac = static_cast<char *>(r.record) + f.offset;
     bx::copy_text(mac, kBareMacLen, attr);
     bx::trace_field(r.func, f, mac, strnlen(mac, f.size), 0);
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kBareMac{read_bare_mac, nullptr};
 
@@ -122,11 +122,11 @@ constexpr Field kBssTrans[] = {
 bx::Read read_support_flag(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key, attr))
-        return {false, 0};
+        return bx::kGoOn;
     const uint16_t flag = std::strcmp(bx::get_text(attr), "true") == 0 ? 1 : 0;
     std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &flag, sizeof flag);
     bx::trace_field(r.func, f, nullptr, 0, flag);
-    return {false, 0};
+    return bx::kGoOn;
 }
 void send_support_flag(const Field &f, const void *record, blob_buf *buf)
 {

@@ -230,7 +230,7 @@ Read read_vlans(const Reading &r, const Field &f, blob_attr *attr)
     if (attr != nullptr)
         return bx::read_slot(r, f, attr);
     BX_TRACE_AS(r.func, "No Vlan Task\n");
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kVlans{read_vlans, send_used_vlans};
 

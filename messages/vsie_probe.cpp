@@ -74,7 +74,7 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
             BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
         });
     }
-    return {false, 0};
+    return bx::kGoOn;
 }
 constexpr bx::Quirk kOui{read_oui, nullptr};
 constexpr Field kByte[] = {BX_U8_ENTRY(nullptr)};
