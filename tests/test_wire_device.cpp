@@ -3,6 +3,10 @@
 // gives, and the record is sent back (see bxtest::Case).
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
 #include "support.h"
 
 using bxtest::Case;
@@ -337,5 +341,17 @@ TEST(Wire, Lan) { for (const Case &c : kLan) bxtest::expect_case(c); }
 TEST(Wire, Diagnostics) { for (const Case &c : kDiagnostics) bxtest::expect_case(c); }
 TEST(Wire, Ports) { for (const Case &c : kPorts) bxtest::expect_case(c); }
 TEST(Refusals, Device) { for (const Case &c : kRefusals) bxtest::expect_case(c); }
+
+// The result is traced whole, under the sender's name, before it goes out.
+TEST(Quirks, TraceRouteResultIsTracedBeforeItIsSent)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    TraceRouteResult rec{};
+    std::memcpy(rec.szResult, "hop 1", 5);
+    bxtest::TraceCapture cap;
+    EXPECT_EQ(bxtest::stj_typed(MSG_TRACE_ROUTE_RESULT, &rec), R"(result=s"hop 1")");
+    const std::vector<std::string> lines = cap.take();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "STJ_TraceRoute_Result: STJ_TraceRoute_Result [hop 1] \n\n"), 1);
+}
 
 } // namespace

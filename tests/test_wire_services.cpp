@@ -178,6 +178,7 @@ const Case kVsie[] = {
      R"(mac=s"m" iedata=[])"},
     {MSG_VSIE_PROBERESP_IDX, "idx=i32:3",
      "Idx:3\n"},
+    {MSG_VSIE_PROBERESP_LIST, "", "Illegal parameter: list\n", "list=[]"},  // the count is set to 0
     {MSG_VSIE_PROBERESP_LIST, R"(list=[{idx=i32:1 mac=s"m1" band=s"5G" iedata=[i32:65]} {idx=i32:2} )"
      "{idx=i32:3} {idx=i32:4} {idx=i32:5}]",
      "Idx0:1\nMac0:m1\nBand0:1\nIedata0:A\nIdx1:2\nIllegal parameter: mac\nIllegal parameter: band\n"
@@ -206,6 +207,7 @@ const Case kRefusals[] = {
     {MSG_QOS, "",
      "Illegal parameter: enable\n",
      R"(enable=s"disable")", -1},
+    {MSG_QOS, R"(enable=s"on")", "", R"(enable=s"disable")", -1},  // refused untraced, nothing stored
     {MSG_FILTER_URL_SWITCH, R"(idx=s"3")",
      "Illegal parameter: status\n",
      R"(idx=s"disable")", -1},
