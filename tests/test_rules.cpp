@@ -63,6 +63,16 @@ TEST(ListWalk, EndsAtAnElementLongerThanWhatRemains)
     EXPECT_EQ(rec.auiLanIndex[1], 0u);
 }
 
+// A list that takes elements of any type as texts reads a value without a
+// terminator (here a number's four bytes) as the empty text.
+TEST(ListWalk, TextWithoutTerminatorReadsAsEmpty)
+{
+    CTCCServerInfoParam rec{};
+    rec.aszBackup[0][0] = 'x';
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_CTCC_SERVER_INFO, Msg("backup=[i32:1094861636]"), &rec), 0);  // "ABCD"
+    EXPECT_STREQ(rec.aszBackup[0], "");
+}
+
 // ---- How far an element's parse reaches ------------------------------------------
 
 // An element's parse spans its whole payload, name header included, cut at
