@@ -58,9 +58,6 @@ const char *add_members(blob_buf *buf, const char *p, bool named)
         } else if (std::strncmp(p, "i32:", 4) == 0) {
             blobmsg_add_u32(buf, key, static_cast<uint32_t>(std::strtoll(p + 4, &end, 10)));
             p = end;
-        } else if (std::strncmp(p, "i16:", 4) == 0) {
-            blobmsg_add_u16(buf, key, static_cast<uint16_t>(std::strtol(p + 4, &end, 10)));
-            p = end;
         } else if (std::strncmp(p, "i8:", 3) == 0) {
             blobmsg_add_u8(buf, key, static_cast<uint8_t>(std::strtol(p + 3, &end, 10)));
             p = end;

@@ -354,4 +354,13 @@ TEST(Quirks, TraceRouteResultIsTracedBeforeItIsSent)
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "STJ_TraceRoute_Result: STJ_TraceRoute_Result [hop 1] \n\n"), 1);
 }
 
+// Open ports go out up to the first zero entry, whatever follows it.
+TEST(Quirks, OpenPortsEndAtTheFirstZero)
+{
+    OpenPortParam rec{};
+    rec.auiPorts[0] = 80;
+    rec.auiPorts[2] = 443;
+    EXPECT_EQ(bxtest::stj_typed(MSG_TCP_OPEN_PORT, &rec), "ports=[i32:80]");
+}
+
 } // namespace

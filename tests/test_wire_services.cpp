@@ -208,6 +208,21 @@ const Case kRefusals[] = {
      "Illegal parameter: enable\n",
      R"(enable=s"disable")", -1},
     {MSG_QOS, R"(enable=s"on")", "", R"(enable=s"disable")", -1},  // refused untraced, nothing stored
+    {MSG_WIFI_TIMER_SET, R"(taskid=i32:4 action=s"enable" starthour=i32:7 startminute=i32:30 endhour=i32:22 )"
+     "endminute=i32:0",
+     "Illegal parameter: status\nIllegal parameter: type\nparam week error\n",
+     R"(taskid=i32:4 status=s"disable" action=s"enable" type=s"continuous" starthour=i32:7 startminute=i32:30 )"
+     "endhour=i32:22 endminute=i32:0 week=i32:0", -1},
+    {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" action=s"Ignore" mode=s"Black" weekday=i32:128)",
+     "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
+     "Mode:0\nWeekday:128\n",
+     R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black" weekday=i32:128 )"
+     "timerange=[]", -1},
+    // The beacon list reads an entry's bytes only while the message has "iedata" of its own.
+    {MSG_VSIE_BEACONTX_LIST, R"(count=i32:1 list=[{idx=i32:5 len=i32:1 iedata=[i32:65]}])",
+     "Count:1\nIdx0:5\nIllegal parameter: servicename\nIllegal parameter: ssididx\nIllegal parameter: duration\n"
+     "Len0:1\nIllegal parameter: iedata\nNo IEDATA\n",
+     R"(count=i32:1 list=[{idx=i32:5 servicename=s"" ssididx=i32:0 duration=i32:0 len=i32:1 iedata=[i32:0]}])"},
     {MSG_FILTER_URL_SWITCH, R"(idx=s"3")",
      "Illegal parameter: status\n",
      R"(idx=s"disable")", -1},

@@ -3,6 +3,7 @@
 // gives, and the record is sent back (see bxtest::Case).
 #include <gtest/gtest.h>
 
+#include "records.h"
 #include "support.h"
 
 using bxtest::Case;
@@ -278,5 +279,20 @@ TEST(Wire, Stations) { for (const Case &c : kStations) bxtest::expect_case(c); }
 TEST(Wire, StaCtrl) { for (const Case &c : kStaCtrl) bxtest::expect_case(c); }
 TEST(Wire, Roaming) { for (const Case &c : kRoaming) bxtest::expect_case(c); }
 TEST(Refusals, Wifi) { for (const Case &c : kRefusals) bxtest::expect_case(c); }
+
+// Each stored station "mac" is preceded by the addresses of the caller's
+// first two entries; an entry without "mac" has no such lines.
+TEST(Quirks, StationListTracesTheCallersArrayBeforeEachMac)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    const uint8_t capacity[4] = {2};  // the record starts with the array's capacity
+    bxtest::Record rec(MSG_STA_LIST, capacity, sizeof capacity);
+    bxtest::TraceCapture cap;
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_STA_LIST, bxtest::Msg(R"(stalist=[{mac=s"m"} {ip=s"i"}])"), rec.get()), 0);
+    const std::string raw = cap.take_raw();
+    const size_t first = raw.find("-t- -pstOut->pstListInfo[1] = ");
+    EXPECT_EQ(first, raw.rfind("-t- -pstOut->pstListInfo[1] = "));
+    EXPECT_LT(first, raw.find("mac:m\n"));
+}
 
 } // namespace
