@@ -3,6 +3,9 @@
 // gives, and the record is sent back (see bxtest::Case).
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "records.h"
 #include "support.h"
 
@@ -280,19 +283,24 @@ TEST(Wire, StaCtrl) { for (const Case &c : kStaCtrl) bxtest::expect_case(c); }
 TEST(Wire, Roaming) { for (const Case &c : kRoaming) bxtest::expect_case(c); }
 TEST(Refusals, Wifi) { for (const Case &c : kRefusals) bxtest::expect_case(c); }
 
-// Each stored station "mac" is preceded by the addresses of the caller's
-// first two entries; an entry without "mac" has no such lines.
-TEST(Quirks, StationListTracesTheCallersArrayBeforeEachMac)
+// The station list's walk traces each step; each stored "mac" is preceded
+// by the addresses of the caller's first two entries, and a full array ends
+// the walk.
+TEST(Quirks, StationListTracesItsWalk)
 {
     BX_REQUIRE_TRACE_CAPTURE();
     const uint8_t capacity[4] = {2};  // the record starts with the array's capacity
     bxtest::Record rec(MSG_STA_LIST, capacity, sizeof capacity);
     bxtest::TraceCapture cap;
-    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_STA_LIST, bxtest::Msg(R"(stalist=[{mac=s"m"} {ip=s"i"}])"), rec.get()), 0);
-    const std::string raw = cap.take_raw();
-    const size_t first = raw.find("-t- -pstOut->pstListInfo[1] = ");
-    EXPECT_EQ(first, raw.rfind("-t- -pstOut->pstListInfo[1] = "));
-    EXPECT_LT(first, raw.find("mac:m\n"));
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_STA_LIST, bxtest::Msg(R"(stalist=[{mac=s"m"} {ip=s"i"} {}])"), rec.get()), 0);
+    std::vector<std::string> steps;
+    for (const std::string &text : cap.take_texts())
+        if (text.rfind("-t-", 0) == 0 || text.rfind("blobmsg", 0) == 0 || text.rfind("mac:", 0) == 0)
+            steps.push_back(text.substr(0, text.find(" = ")));
+    const std::string each = "-t- blobmsg_parse: -blobmsg_for_each_attr_1\n", parse = "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n",
+                      policy = "-t- blobmsg_parse: g_stStaList_Array_policy\n";
+    EXPECT_EQ(steps, (std::vector<std::string>{each, parse, policy, "-t- -pstOut->pstListInfo[0]", "-t- -pstOut->pstListInfo[1]",
+                                               "mac:m\n", each, parse, policy, each, "blobmsg parse failed\n"}));
 }
 
 } // namespace
