@@ -219,6 +219,11 @@ const Case kRefusals[] = {
      R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black" weekday=i32:128 )"
      "timerange=[]", -1},
     // The beacon list reads an entry's bytes only while the message has "iedata" of its own.
+    // "count" bounds the beacon list: an element past it is traced and skipped.
+    {MSG_VSIE_BEACONTX_LIST, R"(count=i32:1 iedata=[] list=[{idx=i32:5} {idx=i32:6}])",
+     "Count:1\nIdx0:5\nIllegal parameter: servicename\nIllegal parameter: ssididx\nIllegal parameter: duration\n"
+     "Illegal parameter: len\nIllegal parameter: iedata\nNULL == cur\n\n",
+     R"(count=i32:1 list=[{idx=i32:5 servicename=s"" ssididx=i32:0 duration=i32:0 len=i32:0 iedata=[]}])"},
     {MSG_VSIE_BEACONTX_LIST, R"(count=i32:1 list=[{idx=i32:5 len=i32:1 iedata=[i32:65]}])",
      "Count:1\nIdx0:5\nIllegal parameter: servicename\nIllegal parameter: ssididx\nIllegal parameter: duration\n"
      "Len0:1\nIllegal parameter: iedata\nNo IEDATA\n",
