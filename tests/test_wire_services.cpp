@@ -99,13 +99,13 @@ const Case kFilters[] = {
      R"(macs=[s"aa:bb"] mode=s"White" weekday=i32:31 timerange=[{starttime=i32:60 endtime=i32:120}]}])",
      "count: 1\nIdx:3\nEnable:1\nList[0]Urls0:a.com\nName:kids\nList[0]Macs0:aa:bb\nMode:1\nWeekday:31\n"
      "List[0]Starttime0:60\nList[0]Endtime0:120\n"},
-    {MSG_FILTER_URL, R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org"] name=s"kids" macs=[s"aa:bb"] )"
-     R"(mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} {starttime=i32:0 )"
-     "endtime=i32:86400} {starttime=i32:5 endtime=i32:0}]",
-     "Idx:3\nEnable:1\nUrls0:a.com\nUrls1:b.org\nName:kids\nMacs0:aa:bb\nMode:1\nWeekday:31\nStarttime0:3600\n"
+    {MSG_FILTER_URL, R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org/xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"] name=s"kids" )"
+     R"(macs=[s"aa:bb"] mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} )"
+     "{starttime=i32:0 endtime=i32:86400} {starttime=i32:5 endtime=i32:0}]",
+     "Idx:3\nEnable:1\nUrls0:a.com\nUrls1:b.org/xxxxxxxxxxxxxxxxxxxxxxxxx\nName:kids\nMacs0:aa:bb\nMode:1\nWeekday:31\nStarttime0:3600\n"
      "Endtime0:7200\nStarttime1:0\nEndtime1:86400\nStarttime2:5\nEndtime2:0\n",
-     R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org"] name=s"kids" macs=[s"aa:bb"] mode=s"White" )"
-     "weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} {starttime=i32:0 endtime=i32:86400}]"},
+     R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org/xxxxxxxxxxxxxxxxxxxxxxxxx"] name=s"kids" macs=[s"aa:bb"] )"
+     R"(mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} {starttime=i32:0 endtime=i32:86400}])"},
     {MSG_FILTER_URL_REPLY, "idx=i32:-2",
      "Idx:-2\n"},
     {MSG_FILTER_DNS_LIST, R"(count=i32:1 list=[{idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"kids" )"
