@@ -178,4 +178,13 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
     return 0;
 }
 
+BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount)
+{
+    const bx::Converter *c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
+    const blobmsg_policy *policy = c != nullptr && c->policy_count > 0 ? c->policy : nullptr;
+    if (piCount != nullptr)
+        *piCount = policy != nullptr ? c->policy_count : 0;
+    return policy;
+}
+
 } // extern "C"

@@ -2280,6 +2280,12 @@ BX_API int BLOBXLATE_FieldCount(const BlobxlateFields *pstFields);
  * null argument). */
 BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, BlobxlateField *pstOut);
 
+/* The top-level policy the JSON-to-struct converter of message type iType
+ * parses its message with, ready for a ubus method (UBUS_METHOD with it and
+ * *piCount); null and a count of 0 for a type without that converter.
+ * piCount may be null. */
+BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount);
+
 #ifdef __cplusplus
 }
 #endif

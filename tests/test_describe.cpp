@@ -62,6 +62,14 @@ TEST(Describe, ChosenMessages)
     EXPECT_NE(sta.pcNote, nullptr);
     EXPECT_STREQ(field(BLOBXLATE_TO_STRUCT, MSG_STA_LIST, 1).szCType, "struct *");
 
+    int count = -1;
+    const blobmsg_policy *p = BLOBXLATE_Policy(MSG_WAN_STATUS, &count);
+    ASSERT_EQ(count, 13);
+    EXPECT_STREQ(p[2].name, "ip");
+    EXPECT_EQ(p[2].type, BLOBMSG_TYPE_STRING);
+    EXPECT_EQ(BLOBXLATE_Policy(MSG_UPGRADE_STATUS, &count), nullptr);
+    EXPECT_EQ(count, 0);
+
     BlobxlateMessage none{};
     EXPECT_EQ(BLOBXLATE_Describe(BLOBXLATE_TO_STRUCT, MSG_UPGRADE_STATUS, &none), -1);
     EXPECT_EQ(BLOBXLATE_Describe(BLOBXLATE_TO_JSON, 13, &none), -1);
