@@ -267,15 +267,17 @@ void inspect_area(Inspection &in, const Area &a);
 
 /* ---- Lists ------------------------------------------------------------------- */
 
-/* The count a list's walk is bounded by: the record's count as this table
- * stores it from the message, else unknown (the caller's): the capacity.
- * A capacity of 0 is the caller's array: no bound known here. */
-uint32_t list_limit(const Area &a, const ListOf &l)
+/* The count a list's walk is bounded by: the record's count as a row read
+ * before the list's stores it from the message, else unknown (the
+ * caller's): the capacity. A capacity of 0 is the caller's array: no bound
+ * known here. */
+uint32_t list_limit(const Area &a, const Field &list)
 {
+    const ListOf &l = *list.list;
     const uint32_t capacity = l.capacity != 0 ? l.capacity : UINT32_MAX;
     if (l.bound == Bound::Capacity || l.count_at < 0)
         return capacity;
-    for (uint8_t i = 0; i < a.table.fields; ++i) {
+    for (uint8_t i = 0; i < a.table.fields && &a.table.entry[i] != &list; ++i) {
         const Field &f = a.table.entry[i];
         blob_attr *slot = f.stored && f.offset == static_cast<uint16_t>(l.count_at) && f.wire != Wire::List
                               ? slot_of(a.data, a.len, f)
@@ -306,7 +308,7 @@ void inspect_element(Inspection &in, const ListOf &l, blob_attr *elem)
 void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr)
 {
     const ListOf &l = *f.list;
-    const uint32_t limit = list_limit(a, l);
+    const uint32_t limit = list_limit(a, f);
     const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
     unsigned index = 0;
     uint32_t filled = 0;
