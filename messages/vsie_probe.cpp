@@ -76,7 +76,7 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
     }
     return bx::kGoOn;
 }
-constexpr bx::Quirk kOui{read_oui, nullptr};
+constexpr bx::Quirk kOui{read_oui, nullptr, "elements of any type read as bytes, each traced with its place"};
 constexpr Field kByte[] = {BX_U8_ENTRY(nullptr)};
 constexpr bx::ListOf kOuiBytes = BX_VALUES(VsieProbeRxEntry, aucOui, kByte);
 
@@ -125,7 +125,7 @@ void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
         blobmsg_add_u32(buf, nullptr, rec.aucVsie[k]);
     blob_nest_end(buf, vsie);
 }
-constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload};
+constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload, "sent as the three OUI bytes followed by uiVsieLen payload bytes"};
 
 /* An added station record goes out as the one element of a "record" list. */
 constexpr Field kOneRecordSent[] = {
@@ -164,6 +164,12 @@ constexpr Field kRespEntrySent[] = {
 constexpr bx::ListOf kRespEntries =
     BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
 constexpr Field kRespListSent[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
+
+/* The two lists as received: three entries at most, counted. */
+constexpr bx::ListOf kRxEntriesRead = bx::vsie::read_at_most(kRxEntries, kProbeListEntries);
+constexpr Field kRxListReceived[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntriesRead, nullptr)};
+constexpr bx::ListOf kRespEntriesRead = bx::vsie::read_at_most(kRespEntries, kProbeListEntries);
+constexpr Field kRespListReceived[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntriesRead, nullptr)};
 
 } // namespace
 
@@ -316,6 +322,9 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "one counter places both the OUI bytes and the records, so an entry's OUI starts at the "
+             "previous entry's record count; a record's \"band\" stores its entry's word")
 
 /* ---- Type 148 ---- */
 
@@ -376,6 +385,9 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberx_Record_Add, kRecordAddSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "only the first \"record\" element, of any type, is read into the record itself; \"mac\" is copied "
+             "with the whole array; \"vsie\" fills the OUI then the payload, uiVsieLen counting both")
 
 /* ---- Type 150 ---- */
 
@@ -436,5 +448,8 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListReceived, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
+             "uiCount is 0 without \"list\"; \"iedata\" elements of any type are read as bytes, "
+             "and entry traces carry the entry's index")
 
 } // extern "C"
