@@ -12,14 +12,15 @@
 #include "catalogue.h"
 #include "convert.h"
 #include "examples.h"
+#include "kinds.h"
 
 namespace {
 
 const char kUsage[] =
     "usage: blobxlate [--trace] TYPE [FILE]\n"
-    "       blobxlate list\n"
+    "       blobxlate list [WORD]\n"
     "       blobxlate example TYPE\n"
-    "       blobxlate words\n"
+    "       blobxlate words [KIND]\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -32,20 +33,28 @@ const char kHelp[] =
     "\n"
     "TYPE is a number or a name text of either dispatch table, in any case.\n"
     "\n"
-    "  list          one line per message type: number, name text in the\n"
+    "  list [WORD]   one line per message type: number, name text in the\n"
     "                struct-to-JSON and in the JSON-to-struct table, record\n"
-    "                (two when the directions differ: to JSON, to struct)\n"
-    "  example TYPE  prints the example message of the type\n"
-    "  words         one line per enumeration kind: each number from 0 to 63\n"
-    "                (each bit, for the wireless standards) that goes out as a\n"
-    "                word of its own, as word=number, the number being what\n"
-    "                the word reads back as\n"
+    "                (two when the directions differ: to JSON, to struct);\n"
+    "                with WORD only the types whose name texts or records\n"
+    "                contain it in any case (or, when none does, have a name\n"
+    "                word it begins with: \"Sta\" for \"station\")\n"
+    "  example TYPE  prints the example message of the type; for a type that\n"
+    "                is only sent, what the library sends for a zeroed record\n"
+    "  words [KIND]  one line per enumeration kind (or the one KIND, a number\n"
+    "                or a name such as EnumWanMode or wanmode): its number,\n"
+    "                its name and each number from 0 to 63 (each bit, for the\n"
+    "                wireless standards) that goes out as a word of its own,\n"
+    "                as word=number, the number being what the word reads\n"
+    "                back as\n"
     "  --trace       prints the conversion's trace lines on standard error\n"
     "  --help        this text\n"
     "  --version     the program's version\n"
     "\n"
     "Exit status: 0 when both directions returned 0, 1 when a converter\n"
-    "failed, 2 for bad usage, an unknown type or unreadable input.\n";
+    "failed or list found no type, 2 for bad usage, an unknown type or kind,\n"
+    "a type without a JSON-to-struct converter, or input that is not one JSON\n"
+    "object a message can hold.\n";
 
 int usage_error()
 {
@@ -94,10 +103,10 @@ private:
 
 std::string quoted(const char *name) { return name != nullptr ? "\"" + std::string(name) + "\"" : "(no row)"; }
 
-int list()
+int list(const std::vector<bxtool::MessageInfo> &types)
 {
     std::printf("%4s  %-30s  %-30s  %s\n", "TYPE", "STRUCT-TO-JSON", "JSON-TO-STRUCT", "RECORD");
-    for (const bxtool::MessageInfo &info : bxtool::message_types()) {
+    for (const bxtool::MessageInfo &info : types) {
         std::string record = info.to_json_record;
         if (record != info.to_struct_record)
             record += " / " + std::string(info.to_struct_record);
@@ -107,31 +116,45 @@ int list()
     return 0;
 }
 
-// The words a kind sends for 0..63, each with the number it reads back as;
-// numbers that go out as the kind's fallback text are left out.
-int words()
+int list_named_like(const std::string &word)
 {
-    for (int kind = 0; kind < ENUM_KIND_COUNT; ++kind) {
-        std::string fallback = PARATRANS_Int_To_String(kind, 100000);
-        std::printf("%2d", kind);
-        if (fallback == "100000")
-            std::printf(" (numbers go out as decimal text)");
-        /* The wireless standards are a bit set: one word a bit. */
-        const bool bits = kind == EnumStandard;
-        for (int n = bits ? 1 : 0; n < 64 && fallback != "100000"; n = bits ? n * 2 : n + 1) {
-            std::string word = PARATRANS_Int_To_String(kind, n);
-            if (word == fallback || word.empty())
-                continue;
-            std::string text = word;  // the lookup may cut its text in place
-            std::printf(" \"%s\"=%d", word.c_str(), PARATRANS_String_To_Int(kind, &text[0]));
-        }
-        std::printf("\n");
+    const std::vector<bxtool::MessageInfo> types = bxtool::types_named_like(word);
+    if (!types.empty())
+        return list(types);
+    std::fprintf(stderr, "blobxlate: no message type's name text or record contains \"%s\"\n", word.c_str());
+    return 1;
+}
+
+void print_words(int kind)
+{
+    std::printf("%2d %s", kind, bxtool::kind_name(kind));
+    if (bxtool::sends_decimal(kind))
+        std::printf(" (numbers go out as decimal text)");
+    for (const bxtool::KindWord &w : bxtool::sent_words(kind))
+        std::printf(" \"%s\"=%d", w.word.c_str(), w.reads_as);
+    std::printf("\n");
+}
+
+int words(const std::string *name)
+{
+    if (name == nullptr) {
+        for (int kind = 0; kind < ENUM_KIND_COUNT; ++kind)
+            print_words(kind);
+        return 0;
     }
+    const std::optional<int> kind = bxtool::find_kind(*name);
+    if (!kind) {
+        std::fprintf(stderr, "blobxlate: unknown enumeration kind \"%s\" (blobxlate words lists them)\n", name->c_str());
+        return 2;
+    }
+    print_words(*kind);
     return 0;
 }
 
 int example(const bxtool::MessageInfo &info)
 {
+    if (info.to_struct_name == nullptr)
+        return bxtool::print_sent_for_zeroed(info);
     const std::string path = bxtool::example_path(info.type);
     FILE *in = std::fopen(path.c_str(), "r");
     if (in == nullptr) {
@@ -170,10 +193,11 @@ int main(int argc, char **argv)
             args.push_back(arg);
     }
     const std::string command = args.empty() ? "" : args[0];
-    if (command == "list" && args.size() == 1)
-        return list();
-    if (command == "words" && args.size() == 1)
-        return words();
+    const std::string *operand = args.size() == 2 ? &args[1] : nullptr;
+    if (command == "list" && args.size() <= 2)
+        return operand != nullptr ? list_named_like(*operand) : list(bxtool::message_types());
+    if (command == "words" && args.size() <= 2)
+        return words(operand);
     const bool is_example = command == "example";
     if (args.empty() || args.size() > 2 || command == "list" || command == "words" || (is_example && args.size() != 2))
         return usage_error();
@@ -186,6 +210,11 @@ int main(int argc, char **argv)
     }
     if (is_example)
         return example(*info);
+    if (info->to_struct_name == nullptr) {
+        std::fprintf(stderr, "blobxlate: type %d has no JSON-to-struct converter: the library only sends it "
+                             "(blobxlate example %d shows what it sends)\n", info->type, info->type);
+        return 2;
+    }
     std::optional<StderrTrace> stderr_trace;
     if (trace)
         stderr_trace.emplace();

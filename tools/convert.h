@@ -14,6 +14,10 @@ namespace bxtool {
 // JSON object.
 int convert(const MessageInfo &info, const char *path);
 
+// Prints what STRUCT_TRANS_JSON sends for a zeroed record of the type, as
+// a JSON object; 0, or 1 when the converter failed.
+int print_sent_for_zeroed(const MessageInfo &info);
+
 } // namespace bxtool
 
 #endif
