@@ -219,6 +219,7 @@ struct Field {
     uint16_t size;
     const char *trace;  /* trace after storing (no line end), or nullptr */
     TraceShape shape;   /* how trace's value is passed */
+    const char *member = nullptr;  /* the record member's name, for the description */
     /* The rules, packed: a router keeps these rows in flash. */
     bool sent : 1 = true;            /* false: only ever received */
     bool whole : 1 = false;          /* a text copied with the array's whole size */
@@ -250,15 +251,15 @@ consteval uint16_t fits16(size_t n)
 #define BX_FIELD_AT(Rec, member) ::bx::fits16(offsetof(Rec, member))
 #define BX_TEXT(Rec, member, key, trace)                                                              \
     ::bx::Field{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
-                trace, ::bx::trace_shape(trace)}
+                trace, ::bx::trace_shape(trace), #member}
 #define BX_U32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
+    ::bx::Field{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 #define BX_S32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
+    ::bx::Field{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 #define BX_U64(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace)}
+    ::bx::Field{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace), #member}
 #define BX_WORD(Rec, member, word_list, key, trace) \
-    ::bx::Field{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace)}
+    ::bx::Field{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 
 /* A text array's size, held to what sending can terminate. */
 void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
@@ -452,8 +453,10 @@ consteval uint8_t entry_fields(size_t count)
 /* Rec::member sent and received as the list `key`; `trace` (or nullptr)
  * follows a received list with the number of entries filled. The row's
  * size stays 0: the list's entries and capacity say how far it reaches. */
-#define BX_LIST(Rec, member, key, list, trace) \
-    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace)}, list)
+#define BX_LIST(Rec, member, key, list, trace)                                                                  \
+    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace), \
+                                #member},                                                                     \
+                    list)
 
 constexpr Field with_list(Field f, const ListOf &list)
 {
@@ -538,10 +541,14 @@ struct Reading {
 struct Quirk {
     Read (*read)(const Reading &r, const Field &f, blob_attr *attr);
     void (*send)(const Field &f, const void *record, blob_buf *buf);
+    const char *note = nullptr;  /* one line: what it reads or sends that the row does not say */
 };
 
+void quirk_without_note();  /* never defined: stops the compile */
 constexpr Field with_quirk(Field f, const Quirk &quirk)
 {
+    if (quirk.note == nullptr)
+        quirk_without_note();
     f.quirk = &quirk;
     return f;
 }
@@ -601,6 +608,42 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_a
     return read_area<Table>(func, blob_data(msg), blob_len(msg), record, mask_at).ret;
 }
 
+/* ---- What a converter reads or sends ---------------------------------------- */
+
+/* Each converter is described by the table it runs on, for the description
+ * API (core/describe.cpp): the table as a list of one entry (the record), the
+ * policy a JSON-to-struct converter parses the message with, the record's
+ * mask, and, for a hand-written converter, how it departs from the table.
+ * The catalogue names every converter, and the description of converter C
+ * is bx::described::C: a converter without one stops the link. */
+struct Converter {
+    ListOf fields;
+    const blobmsg_policy *policy;  /* nullptr for a struct-to-JSON converter */
+    uint16_t policy_count;
+    int32_t mask_at;               /* byte offset of the record's mask, or kNoMask */
+    const char *note;              /* how a hand-written converter departs from its table, or nullptr */
+};
+
+void table_longer_than_255_rows();  /* never defined: stops the compile */
+consteval uint8_t table_rows(size_t count)
+{
+    if (count > 0xFFu)
+        table_longer_than_255_rows();
+    return static_cast<uint8_t>(count);
+}
+
+/* A message's table as the one entry of a list. */
+constexpr ListOf whole_record(const Field *fields, uint8_t count) { return ListOf{fields, nullptr, count, true, 0, 1}; }
+
+#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note)                                     \
+    extern "C++" {                                                                                             \
+    namespace bx::described {                                                                                  \
+    extern const ::bx::Converter converter{                                                                    \
+        ::bx::whole_record(table, ::bx::table_rows(sizeof(table) / sizeof((table)[0]))), policy, policy_count, \
+        mask_at, note};                                                                                        \
+    }                                                                                                          \
+    }
+
 /* Defines a message's two converters: sent by one field table, received by
  * another (often the same), with the record's mask at byte offset mask_at
  * (kNoMask: none). */
@@ -615,7 +658,8 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_a
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
         return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
-    }
+    }                                                                                      \
+    BX_DESCRIBED(stj_name, sent, nullptr, 0, mask_at, nullptr)
 
 /* ... and the JSON-to-struct converter of a table. */
 #define BX_RECEIVED_ROW(jts_name, received, mask_at)                                        \
@@ -623,7 +667,9 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_a
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
         return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
-    }
+    }                                                                                      \
+    BX_DESCRIBED(jts_name, received, ::bx::Described<received>::policy.entries,              \
+                 ::bx::Described<received>::count, mask_at, nullptr)
 
 /* A message sent and received by one table. */
 #define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \

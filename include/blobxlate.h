@@ -2181,6 +2181,111 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord);
 /* ==== END VSIE ==== */
 
 
+/* ------------------------------------------------------------------------ */
+/* What each message is                                                     */
+/* ------------------------------------------------------------------------ */
+
+/* A read-only description of each converter, read from the very tables the
+ * converters run on: a daemon takes its ubus policy from it, a web page or a
+ * cloud agent its keys, types, words and limits. Nothing here converts. */
+
+/* The fields of a message, or of one entry of a list: opaque, read through
+ * BLOBXLATE_FieldCount and BLOBXLATE_Field. */
+typedef struct BlobxlateFields BlobxlateFields;
+
+/* What a JSON-to-struct converter does with a key (a struct-to-JSON
+ * converter sends every field with iSent, see uiSentIf). */
+enum BlobxlatePresence {
+    BLOBXLATE_OPTIONAL = 0,    /* read when present; when absent the member stays as it was */
+    BLOBXLATE_REQUIRED = 1,    /* absent: pcRefusal traced (if any), the converter returns iRefusedRet */
+    BLOBXLATE_REPORTED = 2,    /* optional, but its absence is traced with pcRefusal */
+    BLOBXLATE_TESTED_ONLY = 3, /* looked for (its absence traced), never read; sent */
+    BLOBXLATE_LISTED_ONLY = 4, /* looked for, never read, never sent */
+    BLOBXLATE_PARSED_ONLY = 5, /* parsed by the policy only: never tested, read or sent */
+};
+
+/* When a value's range uiLowest..uiHighest is tested (unsigned, so a
+ * range from 1 refuses 0). */
+enum BlobxlateRangeCheck {
+    BLOBXLATE_RANGE_NONE = 0,
+    BLOBXLATE_RANGE_BEFORE = 1, /* outside: refused (-1), never stored */
+    BLOBXLATE_RANGE_AFTER = 2,  /* stored and traced first, then refused (-1) */
+};
+
+/* What bounds a received list besides the record's capacity. */
+enum BlobxlateListBound {
+    BLOBXLATE_BOUND_CAPACITY = 0,    /* the record's array only */
+    BLOBXLATE_BOUND_COUNT = 1,       /* also the count already in the record (iCountAt) */
+    BLOBXLATE_BOUND_COUNT_AFTER = 2, /* that count, tested after each entry: one entry at least */
+};
+
+/* A list's shape: an array of uiCapacity entries, uiStride bytes apart,
+ * starting at the field's offset. */
+typedef struct BlobxlateList {
+    const BlobxlateFields *pstEntry; /* an entry's fields; a bare value is one field without key at offset 0 */
+    int iTables;                     /* 1: elements are tables; 0: bare values */
+    uint32_t uiCapacity;             /* entries the record holds; 0: the caller's array (see the note) */
+    uint32_t uiStride;
+    int32_t iCountAt;                /* byte offset of the record's uint32_t count of entries, -1: none */
+    int iBound;                      /* enum BlobxlateListBound */
+    int iFillsCount;                 /* 1: a received list sets the count to the entries filled */
+    int iAnyType;                    /* 1: elements of any blobmsg type are read as entries */
+    int iSurplusSkipped;             /* 1: elements past the bound are skipped, the walk goes on */
+    int iToFirstEmpty;               /* 1: sent up to the first entry whose first field is zero */
+} BlobxlateList;
+
+/* One field, in the order the converter tests (or sends) it. */
+typedef struct BlobxlateField {
+    const char *pcKey;       /* null: the value of a bare list entry */
+    int iBlobType;           /* BLOBMSG_TYPE_* the key travels as (and is parsed with) */
+    const char *pcMember;    /* the record member, null for a key without one */
+    uint32_t uiOffset;       /* byte offset of the member in the record (or list entry) */
+    uint32_t uiSize;         /* bytes of the member (a list: its whole array) */
+    char szCType[24];        /* the member's C type as converted: "char[33]", "uint32_t", "struct[16]" */
+    int iPresence;           /* enum BlobxlatePresence */
+    int iRefusedRet;         /* BLOBXLATE_REQUIRED: the converter's result without it */
+    const char *pcRefusal;   /* REQUIRED or REPORTED: the trace line of its absence, or null */
+    int iSent;               /* 1: the struct-to-JSON converter sends it */
+    int iWholeText;          /* 1: a text copied with its array's whole size (may lack a terminator) */
+    uint32_t uiMaskBit;      /* set in the record's mask once stored, 0: none */
+    uint32_t uiSentIf;       /* sent only while the mask has one of these bits, 0: always */
+    int iRangeCheck;         /* enum BlobxlateRangeCheck */
+    uint32_t uiLowest;
+    uint32_t uiHighest;
+    const char *pcOutOfRange; /* trace line of a value outside the range, or null */
+    int iEnumKind;           /* the EnumKind of a word, -1: not a word */
+    int iIsList;             /* 1: stList describes the list */
+    BlobxlateList stList;
+    const char *pcNote;      /* where the converter departs from these columns, or null */
+} BlobxlateField;
+
+/* One converter: the fields of its message. */
+typedef struct BlobxlateMessage {
+    int iType;
+    int iDirection;                 /* BLOBXLATE_TO_JSON or BLOBXLATE_TO_STRUCT */
+    const char *pcName;             /* the row's name text */
+    const BlobxlateFields *pstFields;
+    int32_t iMaskAt;                /* byte offset of the record's uint32_t validity mask, -1: none */
+    const char *pcNote;             /* how a hand-written converter departs from its fields, or null */
+} BlobxlateMessage;
+
+/* The converter of message type iType in direction iDirection: 0 and
+ * *pstOut filled, or -1 (no such converter, or a null pstOut). */
+BX_API int BLOBXLATE_Describe(int iDirection, int iType, BlobxlateMessage *pstOut);
+
+/* The number of fields of pstFields (0 for null). */
+BX_API int BLOBXLATE_FieldCount(const BlobxlateFields *pstFields);
+
+/* Field iIndex of pstFields: 0 and *pstOut filled, or -1 (index outside,
+ * null argument). */
+BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, BlobxlateField *pstOut);
+
+/* The top-level policy the JSON-to-struct converter of message type iType
+ * parses its message with, ready for a ubus method (UBUS_METHOD with it and
+ * *piCount); null and a count of 0 for a type without that converter.
+ * piCount may be null. */
+BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount);
+
 #ifdef __cplusplus
 }
 #endif

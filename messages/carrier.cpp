@@ -161,7 +161,7 @@ bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *att
     return bx::read_slot(r, f, attr);
 }
 
-constexpr bx::Quirk kRandPasswordRead{read_rand_password, nullptr};
+constexpr bx::Quirk kRandPasswordRead{read_rand_password, nullptr, "only a text of exactly eight characters is stored; any other is traced and left out"};
 
 constexpr Field kCustomFactoryInfo[] = {
     bx::with_quirk(BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", "randpassword:%s"), kRandPasswordRead),

@@ -56,7 +56,7 @@ bx::Read read_first_led_colour(const bx::Reading &r, const Field &f, blob_attr *
     return bx::read_slot(r, f, attr);
 }
 
-constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr};
+constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr, "the converter traces its own name before this field"};
 
 /* Quirk: EnumLedColour has no words towards the bus, so the colour is sent
  * as its decimal number ("1") but received as a word ("green"). */

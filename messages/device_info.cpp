@@ -55,8 +55,8 @@ bx::Read read_wan_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
                          [&r](unsigned n, uint32_t rate) { BX_TRACE_AS(r.func, "wan port[%d]: %dMbps\n", n, rate); });
 }
 
-constexpr bx::Quirk kLanRates{read_lan_rates, nullptr};
-constexpr bx::Quirk kWanRates{read_wan_rates, nullptr};
+constexpr bx::Quirk kLanRates{read_lan_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
+constexpr bx::Quirk kWanRates{read_wan_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
 
 /* Sent as the whole arrays, unnamed numbers. */
 constexpr Field kRate[] = {BX_U32_ENTRY(nullptr)};
@@ -141,7 +141,7 @@ bx::Read read_cur_ip(const bx::Reading &r, const Field &f, blob_attr *attr)
     return bx::kGoOn;
 }
 
-constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr};
+constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr, "read only when \"ip\" is present, whatever its own presence (absent: stored as the empty text)"};
 
 /* In policy order: ip, domainname, curip. */
 constexpr Field kManageInfo[] = {

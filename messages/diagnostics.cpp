@@ -104,7 +104,7 @@ void send_traced_result(const bx::Field &f, const void *record, blob_buf *buf)
     bx::emit_field(f, record, buf);
 }
 
-constexpr bx::Quirk kTracedResult{nullptr, send_traced_result};
+constexpr bx::Quirk kTracedResult{nullptr, send_traced_result, "the sender traces the whole result before sending it"};
 
 constexpr bx::Field kTraceRouteResult[] = {
     bx::with_quirk(BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s"), kTracedResult),

@@ -225,7 +225,7 @@ void send_rules(const Field &f, const void *record, blob_buf *buf)
     blob_nest_end(buf, array);
 }
 
-constexpr Quirk kWeekday{nullptr, send_weekday};
+constexpr Quirk kWeekday{nullptr, send_weekday, "not sent while 0"};
 
 /* ---- URL rules ------------------------------------------------------------------- */
 
@@ -249,13 +249,13 @@ Read read_url_mode(const Reading &r, const Field &f, blob_attr *attr)
     return bx::read_slot(r, f, attr);
 }
 
-constexpr Quirk kUrlMode{read_url_mode, nullptr};
-constexpr Quirk kUrls{read_texts<kUrlsLabel, false>, nullptr};
-constexpr Quirk kUrlMacs{read_texts<kMacsLabel, false>, nullptr};
-constexpr Quirk kUrlTimes{read_periods<false, false>, send_periods<FilterUrlRule>};
-constexpr Quirk kListedUrls{read_texts<kUrlsLabel, true>, nullptr};
-constexpr Quirk kListedUrlMacs{read_texts<kMacsLabel, true>, nullptr};
-constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUrlRule>};
+constexpr Quirk kUrlMode{read_url_mode, nullptr, "an unknown word refuses the message (-1) before it is stored"};
+constexpr Quirk kUrls{read_texts<kUrlsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kUrlMacs{read_texts<kMacsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kUrlTimes{read_periods<false, false>, send_periods<FilterUrlRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
+constexpr Quirk kListedUrls{read_texts<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedUrlMacs{read_texts<kMacsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUrlRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
 
 /* The set message (135): "enable" and "mode" required, any day mask taken. */
 constexpr Field kUrlRule[] = {
@@ -288,7 +288,7 @@ constexpr Field kListedUrlRule[] = {
 /* The list (134): "count" does not bound the walk; at most 32 rules. */
 constexpr bx::ListOf kUrlRules =
     BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
-constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>};
+constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr Field kUrlList[] = {
     parsed_key("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
@@ -326,12 +326,12 @@ Read read_dns_name(const Reading &r, const Field &f, blob_attr *attr)
     return done;
 }
 
-constexpr Quirk kDnsName{read_dns_name, nullptr};
-constexpr Quirk kHostnames{read_texts<kHostLabel, false>, nullptr};
-constexpr Quirk kDnsTimes{read_periods<false, true>, send_periods<FilterDnsRule>};
+constexpr Quirk kDnsName{read_dns_name, nullptr, "a name longer than 31 characters refuses the message (-1) only in a record the caller did not zero"};
+constexpr Quirk kHostnames{read_texts<kHostLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kDnsTimes{read_periods<false, true>, send_periods<FilterDnsRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); a time above 86400 refuses the message once its pair is stored; not sent while \"weekday\" is 0, sent up to the first end time 0"};
 /* Quirk: in the list the host names are traced with the URL list's label. */
-constexpr Quirk kListedHostnames{read_texts<kUrlsLabel, true>, nullptr};
-constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDnsRule>};
+constexpr Quirk kListedHostnames{read_texts<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDnsRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
 
 /* The set message (138): each range test runs after its value has been
  * stored, so a refused rule keeps what was read up to the bad value. */
@@ -370,7 +370,7 @@ constexpr Field kListedDnsRule[] = {
 
 /* The list (137): as the URL list, without a word on stopping. */
 constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
-constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>};
+constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr Field kDnsList[] = {
     parsed_key("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),

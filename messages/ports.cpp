@@ -36,7 +36,7 @@ bx::Read read_rx_packets(const bx::Reading &r, const Field &f, blob_attr *attr)
     return done;
 }
 
-constexpr bx::Quirk kRxPacketsRead{read_rx_packets, nullptr};
+constexpr bx::Quirk kRxPacketsRead{read_rx_packets, nullptr, "traced with the transmit counter's label and value"};
 
 constexpr Field kPortTraffic[] = {
     PORT_ID_FIELDS(PortTraffic),

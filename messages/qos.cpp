@@ -27,7 +27,7 @@ Read read_on_or_off(const Reading &r, const Field &f, blob_attr *attr)
         return {true, -1};
     return bx::read_slot(r, f, attr);
 }
-constexpr bx::Quirk kOnOrOff{read_on_or_off, nullptr};
+constexpr bx::Quirk kOnOrOff{read_on_or_off, nullptr, "a word other than \"enable\" or \"disable\" refuses the message (-1) before it is stored"};
 
 /* "enable" is required and must be "enable" or "disable". */
 constexpr Field kQosSwitch[] = {
@@ -69,7 +69,7 @@ Read read_protocols_to_first_zero(const Reading &r, const Field &, blob_attr *at
     });
     return bx::kGoOn;
 }
-constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_to_first_zero};
+constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_to_first_zero, "elements of any type read as numbers, untested; a 0 after the first ends them; sent up to the first 0 after the first"};
 
 /* Quirk: every protocol element is stored, zeros and any type included; a ninth ends them, traced. */
 Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
@@ -89,7 +89,7 @@ Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
     });
     return bx::kGoOn;
 }
-constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_first_zero};
+constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_first_zero, "every element stored as a number, zeros and any type included; a ninth ends them; sent up to the first 0 after the first"};
 
 constexpr Field kProtocol[] = {BX_U32_ENTRY(nullptr)};
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
@@ -152,7 +152,7 @@ Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
     });
     return bx::kGoOn;
 }
-constexpr bx::Quirk kProtocolWords{read_protocol_words, nullptr};
+constexpr bx::Quirk kProtocolWords{read_protocol_words, nullptr, "a STRING of words walked as attributes: each word overwrites slot 0"};
 
 /* Quirk: the ports arrive as strings read as numbers: the text's first four bytes, big-endian. */
 Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
@@ -161,7 +161,7 @@ Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
     number.wire = bx::Wire::U32;
     return bx::read_slot(r, number, attr);
 }
-constexpr bx::Quirk kPortText{read_port_text, nullptr};
+constexpr bx::Quirk kPortText{read_port_text, nullptr, "a STRING whose first four bytes are read as a big-endian number"};
 #define SET_PORT(member, key, trace)                                                                  \
     bx::with_quirk(Field{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
                          bx::trace_shape(trace)},                                                     \
@@ -234,7 +234,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     });
     return bx::kGoOn;
 }
-constexpr bx::Quirk kRules{read_rules, nullptr};
+constexpr bx::Quirk kRules{read_rules, nullptr, "elements of any type read as rules, parsed over their whole span; bounded by \"count\" (as stored) and the array"};
 
 /* uiCount travels under "index"; without it the caller's uiCount bounds the
  * received list. */

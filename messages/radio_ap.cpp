@@ -130,7 +130,7 @@ bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *a
     }
     return bx::read_slot(r, f, attr);
 }
-constexpr bx::Quirk kTestedOnUpstream{read_dsbandwidth, nullptr};
+constexpr bx::Quirk kTestedOnUpstream{read_dsbandwidth, nullptr, "refuses the message (-1) when \"usbandwidth\" is absent or negative"};
 
 constexpr bx::Field kApRateLimit[RL_MAX] = {
     /* RL_RADIO */ required(RADIO(ApRateLimitRec), kNoRadio),
@@ -167,7 +167,7 @@ bx::Read read_access_rule(const bx::Reading &r, const bx::Field &f, blob_attr *a
     bx::trace_field(r.func, f, nullptr, 0, rule);
     return bx::kGoOn;
 }
-constexpr bx::Quirk kRuleOrNone{read_access_rule, nullptr};
+constexpr bx::Quirk kRuleOrNone{read_access_rule, nullptr, "absent or an unknown word stores 3"};
 
 constexpr bx::Field kApAccessIp[] = {
     BX_TEXT(ApAccessIpRec, szIp, "ip", "ip:%s"),

@@ -64,7 +64,7 @@ bx::Read read_bare_mac(const bx::Reading &r, const Field &f, blob_attr *attr)
     bx::trace_field(r.func, f, mac, strnlen(mac, f.size), 0);
     return bx::kGoOn;
 }
-constexpr bx::Quirk kBareMac{read_bare_mac, nullptr};
+constexpr bx::Quirk kBareMac{read_bare_mac, nullptr, "at most 12 characters copied; the bytes after them stay the caller's"};
 
 /* Sent: as many entries as the caller's count says. Received: the walk
  * ends after 32 entries, once the record's count is reached, or with the
@@ -134,7 +134,7 @@ void send_support_flag(const Field &f, const void *record, blob_buf *buf)
     std::memcpy(&flag, static_cast<const uint8_t *>(record) + f.offset, sizeof flag);
     bx::add_word(buf, f.key, f.word_list, flag);
 }
-constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag};
+constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag, "a 16-bit member: only the word \"true\" stores 1, any other text 0"};
 #define SUPPORT_FLAG(member, key, trace)                                                                \
     bx::with_quirk(Field{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
                          BX_FIELD_SIZE(RoamingReportRec, member), trace, bx::trace_shape(trace)},         \

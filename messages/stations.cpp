@@ -5,6 +5,7 @@
  *
  * Every key is optional on the way in and no value is refused. */
 #include <cstddef>
+#include <iterator>
 
 #include "blobxlate.h"
 #include "core/codec.h"
@@ -87,6 +88,25 @@ constexpr StaKeysOut sta_keys_out()
 }
 constexpr StaKeysOut kStaEntryOut = sta_keys_out();
 
+/* The list's two keys. The entries live in the caller's array behind
+ * pstListInfo (no capacity of the record's own), as many as uiStaNumofEsps
+ * says: sent up to it, received up to it as a capacity. */
+constexpr bx::ListOf sta_entries(const Field *entry)
+{
+    return bx::ListOf{entry, nullptr, STA_MAX, true, sizeof(StaEntry), 0}.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
+}
+constexpr bx::ListOf kStaEntriesOut = sta_entries(kStaEntryOut.fields);
+constexpr bx::ListOf kStaEntriesIn = sta_entries(kStaEntry).bounded_by_count().of_any_type();
+constexpr Field kStaListSent[] = {
+    BX_U32(StaListInfo, uiStaNumofEsps, "count", nullptr),
+    BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesOut, nullptr),
+};
+/* The sender's count is only traced. */
+constexpr Field kStaListReceived[] = {
+    bx::tested_only(BX_U32(StaListInfo, uiStaNumofEsps, "count", "uiStaNumofEsps: %d")),
+    BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesIn, nullptr),
+};
+
 /* Stores every present key of one element of the station list, in policy
  * order. Each stored "mac" is preceded by the addresses of the array's
  * first two entries (only printed, never read). */
@@ -161,15 +181,15 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     blob_nest_end(pstBuf, list);
     return 0;
 }
+BX_DESCRIBED(STJ_StaList, kStaListSent, nullptr, 0, ::bx::kNoMask,
+             "the entries are read through pstListInfo, uiStaNumofEsps of them; none without the array")
 
 /* Hand-written: the entries fill the caller's array through the record's pointer; its count is a capacity, never written back. */
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
-    static const blobmsg_policy policy[LIST_MAX] = {
-        /* LIST_COUNT   */ {"count", BLOBMSG_TYPE_INT32},
-        /* LIST_STALIST */ {"stalist", BLOBMSG_TYPE_ARRAY},
-    };
+    const auto &policy = bx::Described<kStaListReceived>::policy.entries;
+    static_assert(std::size(bx::Described<kStaListReceived>::policy.entries) == LIST_MAX);
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<StaListInfo *>(pvRecord);
@@ -205,6 +225,9 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
+BX_DESCRIBED(JTS_StaList, kStaListReceived, bx::Described<kStaListReceived>::policy.entries, 2, ::bx::kNoMask,
+             "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
+             "array); an element past them ends the walk; each element uses an entry, even without keys")
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 

@@ -60,7 +60,7 @@ Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
     BX_TRACE_AS(r.func, "%s\n", f.refusal);
     return {true, f.refused_ret};
 }
-constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr};
+constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr, "absence is traced with the refusal text alone, not by the presence check"};
 constexpr Field set_required(Field f, const char *refusal)
 {
     return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal);
@@ -114,7 +114,7 @@ void send_switch_as_bool(const Field &f, const void *record, blob_buf *buf)
     std::memcpy(&value, static_cast<const uint8_t *>(record) + f.offset, sizeof value);
     bx::add_word(buf, f.key, f.word_list, value != 0);
 }
-constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool};
+constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool, "sent as the word of 0 or 1 (any non-zero value sends 1)"};
 
 /* The switch and the two rates go out only when their flag bit says they
  * were given; each rate received sets its bit. "ratelimitenable" is stored
@@ -139,7 +139,7 @@ Read read_marking_rx(const Reading &r, const Field &f, blob_attr *attr)
         static_cast<RateLimitEntry *>(r.record)->uiValidFlags |= RATE_LIMIT_VALID_RX;
     return done;
 }
-constexpr bx::Quirk kMarkingRx{read_marking_rx, nullptr};
+constexpr bx::Quirk kMarkingRx{read_marking_rx, nullptr, "storing it sets the rx validity bit (the tx bit is never set)"};
 
 /* Every entry of the list carries all five members, whatever its flags. */
 constexpr Field kRateLimitEntry[] = {
@@ -183,7 +183,7 @@ Read read_rate_traced_crossed(const Reading &r, const Field &f, blob_attr *attr)
     bx::trace_field(r.func, f, nullptr, 0, tx ? report->uiRxRateRt : report->uiTxRateRt);
     return done;
 }
-constexpr bx::Quirk kRateTracedCrossed{read_rate_traced_crossed, nullptr};
+constexpr bx::Quirk kRateTracedCrossed{read_rate_traced_crossed, nullptr, "traced with the other rate's value"};
 
 constexpr Field kPeriodRateReport[] = {
     BX_WORD(PeriodRateReport, eTaskType, EnumPortRole, "tasktype", "period tasktype:%u"),
@@ -232,7 +232,7 @@ Read read_vlans(const Reading &r, const Field &f, blob_attr *attr)
     BX_TRACE_AS(r.func, "No Vlan Task\n");
     return bx::kGoOn;
 }
-constexpr bx::Quirk kVlans{read_vlans, send_used_vlans};
+constexpr bx::Quirk kVlans{read_vlans, send_used_vlans, "absence traced as \"No Vlan Task\"; a VLAN with id 0 is not sent"};
 
 /* The record has two VLAN slots: a third element ends the walk. */
 constexpr bx::ListOf kIptvVlans =

@@ -180,6 +180,9 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListSent, kListPolicy, BTX_MAX, ::bx::kNoMask,
+             "\"count\" is stored and bounds the list (elements past it skipped); entries are read only while "
+             "the message itself has an \"iedata\" array; an entry's \"iedata\" stops at its \"len\"")
 
 /* ---- Type 144 ---- */
 

@@ -52,7 +52,7 @@ inline bool found(const Reading &r, const Field &f, blob_attr *attr)
  * `key`, read and sent by `quirk` (the columns know no byte entries). */
 #define BX_VSIE_BYTES(Rec, member, key, quirk)                                                              \
     ::bx::with_quirk(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
-                                 nullptr, ::bx::trace_shape(nullptr)},                                        \
+                                 nullptr, ::bx::trace_shape(nullptr), #member},                               \
                      quirk)
 
 #endif

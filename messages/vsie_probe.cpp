@@ -76,7 +76,7 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
     }
     return bx::kGoOn;
 }
-constexpr bx::Quirk kOui{read_oui, nullptr};
+constexpr bx::Quirk kOui{read_oui, nullptr, "elements of any type read as bytes, each traced with its place"};
 constexpr Field kByte[] = {BX_U8_ENTRY(nullptr)};
 constexpr bx::ListOf kOuiBytes = BX_VALUES(VsieProbeRxEntry, aucOui, kByte);
 
@@ -125,7 +125,7 @@ void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
         blobmsg_add_u32(buf, nullptr, rec.aucVsie[k]);
     blob_nest_end(buf, vsie);
 }
-constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload};
+constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload, "sent as the three OUI bytes followed by uiVsieLen payload bytes"};
 
 /* An added station record goes out as the one element of a "record" list. */
 constexpr Field kOneRecordSent[] = {
@@ -316,6 +316,10 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "at most three entries, uiCount set to the entries read; one counter places both the OUI bytes and "
+             "the records, so an entry's OUI starts at the previous entry's record count; a record's \"band\" "
+             "stores its entry's word; at most eight records")
 
 /* ---- Type 148 ---- */
 
@@ -376,6 +380,9 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberx_Record_Add, kRecordAddSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "only the first \"record\" element, of any type, is read into the record itself; \"mac\" is copied "
+             "with the whole array; \"vsie\" fills the OUI then the payload, uiVsieLen counting both")
 
 /* ---- Type 150 ---- */
 
@@ -436,5 +443,8 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
+BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListSent, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
+             "at most three entries, uiCount set to the entries read (0 without \"list\"); \"iedata\" elements of "
+             "any type are read as bytes")
 
 } // extern "C"

@@ -102,7 +102,7 @@ bx::Read read_server(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
     return done;
 }
 
-constexpr bx::Quirk kServerShowsPwd{read_server, nullptr};
+constexpr bx::Quirk kServerShowsPwd{read_server, nullptr, "traced with the password's value"};
 
 /* PPPoE as received, "mtu" third. Quirk: the texts are copied with their
  * whole array, so 32 characters or more leave no terminator. */

@@ -1,0 +1,190 @@
+/* The description API: each converter's table, read row by row into the
+ * public structs. The rows stay internal; a handle to a table is the list
+ * it is an entry of (a message's table is the one entry of its record). */
+#include <cstdio>
+#include <cstring>
+
+#include "blobxlate.h"
+#include "core/catalogue.h"
+#include "core/codec.h"
+#include "core/describe.h"
+
+/* Every converter the catalogue names has a description of the same name. */
+#define BX_ROW(position, name, converter) extern const Converter converter;
+#define BX_NO_ROW
+#define BX_LINE(type, sent, received, to_json, to_struct) to_json to_struct
+namespace bx::described {
+BX_CATALOGUE(BX_LINE)
+} // namespace bx::described
+#undef BX_LINE
+#undef BX_NO_ROW
+#undef BX_ROW
+
+namespace bx {
+
+namespace {
+
+struct DescribedLine {
+    int32_t type;
+    const Converter *to_json;
+    const Converter *to_struct;
+};
+
+#define BX_ROW(position, name, converter) &described::converter
+#define BX_NO_ROW nullptr
+#define BX_LINE(type, sent, received, to_json, to_struct) DescribedLine{type, to_json, to_struct},
+constexpr DescribedLine kDescribed[] = {BX_CATALOGUE(BX_LINE)};
+#undef BX_LINE
+#undef BX_NO_ROW
+#undef BX_ROW
+
+const BlobxlateFields *handle(const ListOf *list)
+{
+    return static_cast<const BlobxlateFields *>(static_cast<const void *>(list));
+}
+
+int presence(const Field &f)
+{
+    if (!f.tested)
+        return BLOBXLATE_PARSED_ONLY;
+    if (!f.stored)
+        return f.sent ? BLOBXLATE_TESTED_ONLY : BLOBXLATE_LISTED_ONLY;
+    if (f.required)
+        return BLOBXLATE_REQUIRED;
+    return f.refusal != nullptr ? BLOBXLATE_REPORTED : BLOBXLATE_OPTIONAL;
+}
+
+const char *scalar_ctype(Wire wire)
+{
+    switch (wire) {
+    case Wire::U32:
+    case Wire::Word:
+        return "uint32_t";
+    case Wire::S32:
+        return "int32_t";
+    case Wire::U64:
+        return "uint64_t";
+    case Wire::U8:
+        return "uint8_t";
+    case Wire::Text:
+    case Wire::List:
+        break;
+    }
+    return "";
+}
+
+/* The C type of a member as its row converts it. */
+void ctype_of(const Field &f, char (&out)[24])
+{
+    if (f.wire == Wire::Text) {
+        std::snprintf(out, sizeof out, "char[%u]", static_cast<unsigned>(f.size));
+        return;
+    }
+    if (f.wire != Wire::List) {
+        std::snprintf(out, sizeof out, "%s", scalar_ctype(f.wire));
+        return;
+    }
+    if (f.list == nullptr) {  /* packed element bytes read and sent by a quirk */
+        std::snprintf(out, sizeof out, "uint8_t[%u]", static_cast<unsigned>(f.size));
+        return;
+    }
+    const ListOf &l = *f.list;
+    char entry[24] = "struct";
+    if (!l.tables)
+        ctype_of(l.entry[0], entry);
+    if (l.capacity == 0)
+        std::snprintf(out, sizeof out, "%s *", entry);
+    else
+        std::snprintf(out, sizeof out, "%s[%u]", entry, static_cast<unsigned>(l.capacity));
+}
+
+BlobxlateList list_of(const ListOf &l)
+{
+    return BlobxlateList{handle(&l), l.tables ? 1 : 0, l.capacity, l.stride, l.count_at, static_cast<int>(l.bound),
+                         l.fills_count ? 1 : 0, l.any_type ? 1 : 0, l.surplus_skipped ? 1 : 0,
+                         l.to_first_empty ? 1 : 0};
+}
+
+void describe_field(const Field &f, BlobxlateField &out)
+{
+    out = BlobxlateField{};
+    out.pcKey = f.key;
+    out.iBlobType = wire_type(f.wire);
+    out.pcMember = f.member;
+    out.uiOffset = f.offset;
+    out.uiSize = f.list != nullptr ? static_cast<uint32_t>(f.list->stride) * f.list->capacity : f.size;
+    ctype_of(f, out.szCType);
+    out.iPresence = presence(f);
+    out.iRefusedRet = f.refused_ret;
+    out.pcRefusal = f.refusal;
+    out.iSent = f.sent ? 1 : 0;
+    out.iWholeText = f.whole ? 1 : 0;
+    out.uiMaskBit = f.mask_bit;
+    out.uiSentIf = f.sent_if;
+    out.iRangeCheck = static_cast<int>(f.check);
+    out.uiLowest = f.lowest;
+    out.uiHighest = f.highest;
+    out.pcOutOfRange = f.out_of_range;
+    out.iEnumKind = f.word_list;
+    out.iIsList = f.list != nullptr ? 1 : 0;
+    if (f.list != nullptr)
+        out.stList = list_of(*f.list);
+    out.pcNote = f.quirk != nullptr ? f.quirk->note : nullptr;
+}
+
+} // namespace
+
+const Converter *converter_of(int direction, int type)
+{
+    for (const DescribedLine &line : kDescribed) {
+        if (line.type != type)
+            continue;
+        if (direction == BLOBXLATE_TO_JSON)
+            return line.to_json;
+        return direction == BLOBXLATE_TO_STRUCT ? line.to_struct : nullptr;
+    }
+    return nullptr;
+}
+
+const ListOf *table_of(const BlobxlateFields *fields)
+{
+    return static_cast<const ListOf *>(static_cast<const void *>(fields));
+}
+
+} // namespace bx
+
+extern "C" {
+
+BX_API int BLOBXLATE_Describe(int iDirection, int iType, BlobxlateMessage *pstOut)
+{
+    const bx::Converter *c = bx::converter_of(iDirection, iType);
+    const MessageTransEntry *row = BLOBXLATE_FindRow(iDirection, iType);
+    if (c == nullptr || row == nullptr || pstOut == nullptr)
+        return -1;
+    *pstOut = BlobxlateMessage{iType, iDirection, row->name, bx::handle(&c->fields), c->mask_at, c->note};
+    return 0;
+}
+
+BX_API int BLOBXLATE_FieldCount(const BlobxlateFields *pstFields)
+{
+    return pstFields != nullptr ? bx::table_of(pstFields)->fields : 0;
+}
+
+BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, BlobxlateField *pstOut)
+{
+    if (pstFields == nullptr || pstOut == nullptr || iIndex < 0 || iIndex >= BLOBXLATE_FieldCount(pstFields))
+        return -1;
+    bx::describe_field(bx::table_of(pstFields)->entry[iIndex], *pstOut);
+    return 0;
+}
+
+BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount)
+{
+    const bx::Converter *c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
+    const blobmsg_policy *policy = c != nullptr && c->policy_count > 0 ? c->policy : nullptr;
+    if (piCount != nullptr)
+        *piCount = policy != nullptr ? c->policy_count : 0;
+    return policy;
+}
+
+} // extern "C"
