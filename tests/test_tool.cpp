@@ -86,7 +86,8 @@ TEST_F(Tool, ExitCodesAndOutput)
         {"list WANSTATUS", "", 0, "TYPE  STRUCT-TO-JSON                  JSON-TO-STRUCT                  RECORD\n"
                                   "  22  \"WanStatus\"", ""},
         {"list zzz", "", 1, "", "blobxlate: no message type's name text or record contains \"zzz\"\n"},
-        {"words wanmode", "", 0, " 2 EnumWanMode \"DHCP\"=1 \"PPPOE\"=2 \"STATIC\"=3 \"BRIDGE\"=4 \"REPEATER\"=5\n", ""},
+        {"words wanmode", "", 0, " 2 EnumWanMode \"DHCP\"=1 \"PPPOE\"=2 \"STATIC\"=3 \"BRIDGE\"=4 \"REPEATER\"=5 \"any\"=6\n", ""},
+        {"words boolean", "", 0, " 7 EnumBoolean \"false\"=0 \"true\"=1\n", ""},
         {"words 36", "", 0, "36 EnumLedColour (numbers go out as decimal text)\n", ""},
         {"words 39", "", 2, "", "blobxlate: unknown enumeration kind \"39\""},
         {"example 19", "", 0, "{\n\t\"UpgradeStatus\": \"NOMAL-NotUpgrade\"\n}\n", ""},

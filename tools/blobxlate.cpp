@@ -13,6 +13,7 @@
 #include "convert.h"
 #include "examples.h"
 #include "kinds.h"
+#include "schema.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ const char kUsage[] =
     "       blobxlate list [WORD]\n"
     "       blobxlate example TYPE\n"
     "       blobxlate words [KIND]\n"
+    "       blobxlate schema [--sent] TYPE|all\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -47,6 +49,11 @@ const char kHelp[] =
     "                wireless standards) that goes out as a word of its own,\n"
     "                as word=number, the number being what the word reads\n"
     "                back as\n"
+    "  schema TYPE   a JSON Schema (draft 2020-12) of the message the type's\n"
+    "                JSON-to-struct converter reads: its keys, their JSON types,\n"
+    "                words, text lengths, number bounds, required keys, list\n"
+    "                lengths; with --sent, of what its struct-to-JSON converter\n"
+    "                sends; \"all\": one object of every type's, by number\n"
     "  --trace       prints the conversion's trace lines on standard error\n"
     "  --help        this text\n"
     "  --version     the program's version\n"
@@ -151,6 +158,26 @@ int words(const std::string *name)
     return 0;
 }
 
+int schema(const std::string &type, int direction)
+{
+    if (type == "all") {
+        std::printf("%s", bxtool::all_schemas_text(direction).c_str());
+        return 0;
+    }
+    std::string error;
+    const auto info = bxtool::find_type(type, error);
+    const std::string text = info ? bxtool::schema_text(*info, direction) : "";
+    if (info && text.empty())
+        error = "type " + std::to_string(info->type) + " has no " +
+                (direction == BLOBXLATE_TO_JSON ? "struct-to-JSON" : "JSON-to-struct") + " converter";
+    if (text.empty()) {
+        std::fprintf(stderr, "blobxlate: %s\n", error.c_str());
+        return 2;
+    }
+    std::printf("%s", text.c_str());
+    return 0;
+}
+
 int example(const bxtool::MessageInfo &info)
 {
     if (info.to_struct_name == nullptr)
@@ -174,6 +201,7 @@ int example(const bxtool::MessageInfo &info)
 int main(int argc, char **argv)
 {
     bool trace = false;
+    bool sent = false;
     std::vector<std::string> args;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
@@ -187,6 +215,8 @@ int main(int argc, char **argv)
         }
         if (arg == "--trace")
             trace = true;
+        else if (arg == "--sent")
+            sent = true;
         else if (arg.size() > 1 && arg.compare(0, 2, "--") == 0)
             return usage_error();
         else
@@ -194,10 +224,14 @@ int main(int argc, char **argv)
     }
     const std::string command = args.empty() ? "" : args[0];
     const std::string *operand = args.size() == 2 ? &args[1] : nullptr;
+    if (sent && command != "schema")
+        return usage_error();
     if (command == "list" && args.size() <= 2)
         return operand != nullptr ? list_named_like(*operand) : list(bxtool::message_types());
     if (command == "words" && args.size() <= 2)
         return words(operand);
+    if (command == "schema" && operand != nullptr)
+        return schema(*operand, sent ? BLOBXLATE_TO_JSON : BLOBXLATE_TO_STRUCT);
     const bool is_example = command == "example";
     if (args.empty() || args.size() > 2 || command == "list" || command == "words" || (is_example && args.size() != 2))
         return usage_error();

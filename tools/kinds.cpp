@@ -72,20 +72,24 @@ bool sends_decimal(int kind)
     return std::string(PARATRANS_Int_To_String(kind, kNoSuchNumber)) == std::to_string(kNoSuchNumber);
 }
 
+std::string fallback_word(int kind) { return PARATRANS_Int_To_String(kind, kNoSuchNumber); }
+
 std::vector<KindWord> sent_words(int kind)
 {
     std::vector<KindWord> words;
     if (sends_decimal(kind))
         return words;
-    const std::string fallback = PARATRANS_Int_To_String(kind, kNoSuchNumber);
+    const std::string fallback = fallback_word(kind);
     /* The wireless standards are a bit set: one word a bit. */
     const bool bits = kind == EnumStandard;
     for (int n = bits ? 1 : 0; n < 64; n = bits ? n * 2 : n + 1) {
         std::string word = PARATRANS_Int_To_String(kind, n);
-        if (word == fallback || word.empty())
-            continue;
         std::string text = word;  // the lookup may cut its text in place
-        words.push_back({word, n, PARATRANS_String_To_Int(kind, text.data())});
+        const int reads_as = PARATRANS_String_To_Int(kind, text.data());
+        /* The fallback is a word of its own only for the number it reads
+         * back as ("false" for 0). */
+        if (!word.empty() && (word != fallback || reads_as == n))
+            words.push_back({word, n, reads_as});
     }
     return words;
 }

@@ -19,6 +19,9 @@ std::optional<int> find_kind(const std::string &text);
 // True when the kind sends every number as decimal text.
 bool sends_decimal(int kind);
 
+// The text the kind sends for a number without a word of its own.
+std::string fallback_word(int kind);
+
 struct KindWord {
     std::string word;
     int sent_for;  // the number it is sent for
@@ -27,7 +30,7 @@ struct KindWord {
 
 // The words the kind sends for 0..63 (each bit, for the wireless
 // standards), with what each reads back as; numbers that go out as the
-// kind's fallback text are left out.
+// kind's fallback text are left out, but for the one it reads back as.
 std::vector<KindWord> sent_words(int kind);
 
 } // namespace bxtool
