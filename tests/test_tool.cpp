@@ -90,6 +90,10 @@ TEST_F(Tool, ExitCodesAndOutput)
         {"words boolean", "", 0, " 7 EnumBoolean \"false\"=0 \"true\"=1\n", ""},
         {"words 36", "", 0, "36 EnumLedColour (numbers go out as decimal text)\n", ""},
         {"words 39", "", 2, "", "blobxlate: unknown enumeration kind \"39\""},
+        {"keys 40", "", 0, "| `host` | STRING | `szHost` char[64] | required (refused: -1) | always | up to 63 characters |  |\n"
+                           "| `num` | INT32 | `uiNum` uint32_t | optional | while the mask has 0x2 | 0..65535 (refused outside) |  |\n", ""},
+        {"schema --sent 119", "", 2, "", "blobxlate: type 119 has no struct-to-JSON converter\n"},
+        {"--sent list", "", 2, "", "usage: blobxlate"},
         {"example 19", "", 0, "{\n\t\"UpgradeStatus\": \"NOMAL-NotUpgrade\"\n}\n", ""},
     };
     for (const auto &c : cases) {

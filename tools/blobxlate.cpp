@@ -12,6 +12,7 @@
 #include "catalogue.h"
 #include "convert.h"
 #include "examples.h"
+#include "keys.h"
 #include "kinds.h"
 #include "schema.h"
 
@@ -23,6 +24,7 @@ const char kUsage[] =
     "       blobxlate example TYPE\n"
     "       blobxlate words [KIND]\n"
     "       blobxlate schema [--sent] TYPE|all\n"
+    "       blobxlate keys TYPE\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -54,6 +56,11 @@ const char kHelp[] =
     "                words, text lengths, number bounds, required keys, list\n"
     "                lengths; with --sent, of what its struct-to-JSON converter\n"
     "                sends; \"all\": one object of every type's, by number\n"
+    "  keys TYPE     the type's keys as a Markdown table: blobmsg type, record\n"
+    "                member, what the JSON-to-struct converter does without it\n"
+    "                (Read) and when the struct-to-JSON one sends it (Sent),\n"
+    "                words, text length or range, list capacity; the notes of\n"
+    "                what a converter does beyond its columns follow\n"
     "  --trace       prints the conversion's trace lines on standard error\n"
     "  --help        this text\n"
     "  --version     the program's version\n"
@@ -232,8 +239,9 @@ int main(int argc, char **argv)
         return words(operand);
     if (command == "schema" && operand != nullptr)
         return schema(*operand, sent ? BLOBXLATE_TO_JSON : BLOBXLATE_TO_STRUCT);
-    const bool is_example = command == "example";
-    if (args.empty() || args.size() > 2 || command == "list" || command == "words" || (is_example && args.size() != 2))
+    const bool is_example = command == "example" || command == "keys";
+    if (args.empty() || args.size() > 2 || command == "list" || command == "words" || command == "schema" ||
+        (is_example && args.size() != 2))
         return usage_error();
 
     std::string error;
@@ -241,6 +249,10 @@ int main(int argc, char **argv)
     if (!info) {
         std::fprintf(stderr, "blobxlate: %s\n", error.c_str());
         return 2;
+    }
+    if (command == "keys") {
+        std::printf("%s", bxtool::keys_text(*info).c_str());
+        return 0;
     }
     if (is_example)
         return example(*info);
