@@ -2286,6 +2286,41 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
  * piCount may be null. */
 BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount);
 
+/* What BLOBXLATE_Check finds: each says what the JSON-to-struct converter
+ * will do with that part of the message. */
+enum BlobxlateFindingKind {
+    BLOBXLATE_FINDING_UNKNOWN_KEY = 1,  /* a key the message does not have: ignored */
+    BLOBXLATE_FINDING_NOT_READ = 2,     /* a key the converter parses but never reads: ignored */
+    BLOBXLATE_FINDING_DUPLICATE = 3,    /* a key given twice: the first is read */
+    BLOBXLATE_FINDING_MISSING = 4,      /* a required key missing: the message is refused */
+    BLOBXLATE_FINDING_WRONG_TYPE = 5,   /* another blobmsg type: ignored (an element: skipped or read as a number) */
+    BLOBXLATE_FINDING_SEND_AS_U64 = 6,  /* INT32 where INT64 is read: ignored; send it with blobmsg_add_u64 */
+    BLOBXLATE_FINDING_UNKNOWN_WORD = 7, /* no word of its list: stored as llNumber */
+    BLOBXLATE_FINDING_OUT_OF_RANGE = 8, /* outside the message's range: refused */
+    BLOBXLATE_FINDING_TEXT_CUT = 9,     /* longer than its member: cut */
+    BLOBXLATE_FINDING_LIST_CUT = 10,    /* more elements than are read: the rest dropped */
+    BLOBXLATE_FINDING_MALFORMED = 11,   /* a malformed attribute: it and what follows are not read */
+};
+
+/* One finding. The texts are valid only during the callback. */
+typedef struct BlobxlateFinding {
+    const char *pcPath;  /* where: "stalist[3].txpackets", "oui[4]" */
+    const char *pcKey;   /* the key, null for a list element or a malformed attribute */
+    int iKind;           /* enum BlobxlateFindingKind */
+    const char *pcText;  /* what the converter does with it, one line without line end */
+    int iHasNumber;      /* 1: llNumber is the number stored or tested */
+    int64_t llNumber;
+} BlobxlateFinding;
+
+typedef void (*BlobxlateFindingFunc)(void *pvContext, const BlobxlateFinding *pstFinding);
+
+/* Reads pstMsg the way the JSON-to-struct converter of iType reads it and
+ * calls pfnReport (may be null) for each problem, converting nothing.
+ * Returns the number of findings, or -1 for a null message or a type
+ * without a JSON-to-struct converter. A hand-written converter (its
+ * description's pcNote) is checked against its fields as described. */
+BX_API int BLOBXLATE_Check(int iType, struct blob_attr *pstMsg, BlobxlateFindingFunc pfnReport, void *pvContext);
+
 #ifdef __cplusplus
 }
 #endif

@@ -3,6 +3,7 @@
 // converter really stores.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <string>
@@ -128,6 +129,45 @@ TEST(Describe, MembersAreWhereTheConvertersStore)
                 store_one(type, m, f, quirked);
         }
     }
+}
+
+void collect(void *ctx, const BlobxlateFinding *f)
+{
+    auto &out = *static_cast<std::string *>(ctx);
+    out += std::string(out.empty() ? "" : " ") + f->pcPath + ":" + std::to_string(f->iKind);
+    if (f->iHasNumber)
+        out += "=" + std::to_string(f->llNumber);
+}
+
+// A message a careful sender never sends, and where the converter will
+// lose what it says.
+TEST(Check, NamesEachProblemWhereItIs)
+{
+    const struct {
+        int type;
+        const char *msg;
+        const char *found;
+    } cases[] = {
+        {MSG_WAN_STATUS, "ip=s\"192.0.2.1\" linkspeed=i32:1000", ""},
+        {MSG_WAN_STATUS, "ip=s\"192.0.2.1\" bogus=i32:1", "bogus:1"},
+        {MSG_IPV6_ENABLE, "", "IPv6status:4"},
+        {MSG_DHCP, "mtu=s\"1500\"", "mtu:5"},
+        {MSG_STA_LIST, "stalist=[{mac=s\"aa\" rxbytes=i64:5 txpackets=i32:5}]", "stalist[0].txpackets:6"},
+        {MSG_WAN_STATUS, "workmode=s\"dhcp-bogus\"", "workmode:7=6"},
+        {MSG_FILTER_DNS, "idx=i32:17 enable=s\"enable\" action=s\"Ignore\" mode=s\"Black\" weekday=i32:1", "idx:8=17"},
+        {MSG_WAN_STATUS, "ip=s\"192.0.2.100/255.255.255.0\"", "ip:9"},
+        {MSG_VSIE_BEACONTX_ADD, "len=i32:2 iedata=[i32:221 i32:8 i32:9]", "iedata[2]:10"},
+    };
+    for (const auto &c : cases) {
+        bxtest::Msg msg(c.msg);
+        std::string found;
+        const int n = BLOBXLATE_Check(c.type, msg, collect, &found);
+        EXPECT_EQ(n, found.empty() ? 0 : 1 + int(std::count(found.begin(), found.end(), ' ')));
+        EXPECT_EQ(found, c.found) << c.msg;
+    }
+    bxtest::Msg empty("");
+    EXPECT_EQ(BLOBXLATE_Check(MSG_UPGRADE_STATUS, empty, collect, nullptr), -1);
+    EXPECT_EQ(BLOBXLATE_Check(MSG_WAN_STATUS, nullptr, collect, nullptr), -1);
 }
 
 } // namespace
