@@ -11,7 +11,11 @@ import os
 import subprocess
 import sys
 
-from jsonschema import Draft202012Validator
+try:
+    from jsonschema import Draft202012Validator
+except ImportError:
+    print("no python3-jsonschema: skipped (scripts/setup installs it)")
+    sys.exit(77)
 
 # type, message, what `blobxlate check` says (a fragment of its line)
 CARELESS = [
@@ -24,6 +28,8 @@ CARELESS = [
     (22, {"ip": "100.100.100.100.1"}, "ip"),                           # longer than its slot
     (45, {"lanindex": list(range(9))}, "lanindex"),                    # more entries than the record holds
 ]
+# JSON text has one kind of number: a small counter becomes INT32, which only the checker sees.
+CHECKED_ONLY = [(47, {"txerrors": 5}, "txerrors: INT32 where INT64 is read: ignored; send it with blobmsg_add_u64")]
 
 
 def run(*args, stdin=None):
@@ -54,9 +60,9 @@ def main(tool, examples):
         if number in sent:
             answer = run(tool, number, path).stdout.split("\n", 2)[2]
             failures += [f"{name}, sent back: {e}" for e in errors(sent[number], json.loads(answer))]
-    for number, message, named in CARELESS:
+    for number, message, named in CARELESS + CHECKED_ONLY:
         text = json.dumps(message)
-        if not errors(received[str(number)], message):
+        if not errors(received[str(number)], message) and (number, message, named) not in CHECKED_ONLY:
             failures.append(f"type {number}: the schema lets {text} pass")
         check = run(tool, "check", str(number), stdin=text)
         if check.returncode != 1 or named not in check.stdout:

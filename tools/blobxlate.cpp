@@ -10,6 +10,7 @@
 
 #include "blobxlate.h"
 #include "catalogue.h"
+#include "check.h"
 #include "convert.h"
 #include "examples.h"
 #include "keys.h"
@@ -25,6 +26,7 @@ const char kUsage[] =
     "       blobxlate words [KIND]\n"
     "       blobxlate schema [--sent] TYPE|all\n"
     "       blobxlate keys TYPE\n"
+    "       blobxlate check TYPE [FILE]\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -33,7 +35,7 @@ const char kHelp[] =
     "is absent or \"-\"), with JSON_TRANS_STRUCT into a zeroed record of message\n"
     "type TYPE and back with STRUCT_TRANS_JSON, the way a daemon receives and\n"
     "answers it, and prints both return codes and the message rebuilt from the\n"
-    "record.\n"
+    "record; what check finds in the message goes to standard error first.\n"
     "\n"
     "TYPE is a number or a name text of either dispatch table, in any case.\n"
     "\n"
@@ -56,6 +58,11 @@ const char kHelp[] =
     "                words, text lengths, number bounds, required keys, list\n"
     "                lengths; with --sent, of what its struct-to-JSON converter\n"
     "                sends; \"all\": one object of every type's, by number\n"
+    "  check TYPE [FILE]\n"
+    "                converts nothing: one line per part of the message the\n"
+    "                type's JSON-to-struct converter will ignore, cut, store\n"
+    "                otherwise than sent, or refuse the message for, with its\n"
+    "                path (stalist[3].txpackets) and what the converter does\n"
     "  keys TYPE     the type's keys as a Markdown table: blobmsg type, record\n"
     "                member, what the JSON-to-struct converter does without it\n"
     "                (Read) and when the struct-to-JSON one sends it (Sent),\n"
@@ -66,7 +73,7 @@ const char kHelp[] =
     "  --version     the program's version\n"
     "\n"
     "Exit status: 0 when both directions returned 0, 1 when a converter\n"
-    "failed or list found no type, 2 for bad usage, an unknown type or kind,\n"
+    "failed, check found something or list found no type, 2 for bad usage, an unknown type or kind,\n"
     "a type without a JSON-to-struct converter, or input that is not one JSON\n"
     "object a message can hold.\n";
 
@@ -203,6 +210,40 @@ int example(const bxtool::MessageInfo &info)
     return 0;
 }
 
+// The commands that name a type: example, keys, check, and a conversion.
+int typed_command(const std::vector<std::string> &args, bool trace)
+{
+    const std::string &command = args[0];
+    const bool named = command == "example" || command == "keys" || command == "check";
+    const size_t operands = args.size() - (named ? 1 : 0);  // the type and the file
+    if (operands < 1 || operands > (command == "example" || command == "keys" ? 1u : 2u))
+        return usage_error();
+    std::string error;
+    const auto info = bxtool::find_type(args[named ? 1 : 0], error);
+    if (!info) {
+        std::fprintf(stderr, "blobxlate: %s\n", error.c_str());
+        return 2;
+    }
+    if (command == "keys") {
+        std::printf("%s", bxtool::keys_text(*info).c_str());
+        return 0;
+    }
+    if (command == "example")
+        return example(*info);
+    if (info->to_struct_name == nullptr) {
+        std::fprintf(stderr, "blobxlate: type %d has no JSON-to-struct converter: the library only sends it "
+                             "(blobxlate example %d shows what it sends)\n", info->type, info->type);
+        return 2;
+    }
+    const char *path = operands == 2 ? args.back().c_str() : "-";
+    if (command == "check")
+        return bxtool::check(*info, path);
+    std::optional<StderrTrace> stderr_trace;
+    if (trace)
+        stderr_trace.emplace();
+    return bxtool::convert(*info, path);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -239,30 +280,8 @@ int main(int argc, char **argv)
         return words(operand);
     if (command == "schema" && operand != nullptr)
         return schema(*operand, sent ? BLOBXLATE_TO_JSON : BLOBXLATE_TO_STRUCT);
-    const bool is_example = command == "example" || command == "keys";
-    if (args.empty() || args.size() > 2 || command == "list" || command == "words" || command == "schema" ||
-        (is_example && args.size() != 2))
+    if (args.empty() || command == "list" || command == "words" || command == "schema")
         return usage_error();
-
-    std::string error;
-    const auto info = bxtool::find_type(args[is_example ? 1 : 0], error);
-    if (!info) {
-        std::fprintf(stderr, "blobxlate: %s\n", error.c_str());
-        return 2;
-    }
-    if (command == "keys") {
-        std::printf("%s", bxtool::keys_text(*info).c_str());
-        return 0;
-    }
-    if (is_example)
-        return example(*info);
-    if (info->to_struct_name == nullptr) {
-        std::fprintf(stderr, "blobxlate: type %d has no JSON-to-struct converter: the library only sends it "
-                             "(blobxlate example %d shows what it sends)\n", info->type, info->type);
-        return 2;
-    }
-    std::optional<StderrTrace> stderr_trace;
-    if (trace)
-        stderr_trace.emplace();
-    return bxtool::convert(*info, args.size() == 2 ? args[1].c_str() : "-");
+    return typed_command(args, trace);
 }
+

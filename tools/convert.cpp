@@ -11,6 +11,7 @@ extern "C" {
 }
 
 #include "blobxlate.h"
+#include "check.h"
 #include "input.h"
 
 namespace bxtool {
@@ -44,6 +45,7 @@ int convert(const MessageInfo &info, const char *path)
     BlobBuf msg;
     if (!read_message(path, msg))
         return 2;
+    print_findings(info.type, msg.buf.head, stderr, "blobxlate: ");
 
     // A zeroed record of the type, as the converters expect. The station
     // list keeps its entries in a caller-owned array whose capacity is the
