@@ -59,7 +59,10 @@ size_t blob_size(const char *name, json_object *obj)
         value = v >= INT32_MIN && v <= INT32_MAX ? 4 : 8;
     }
     if (type == json_type_object) {
-        json_object_object_foreach(obj, key, member) value += blob_size(key, member);
+        json_object_iterator it = json_object_iter_begin(obj);
+        const json_object_iterator end = json_object_iter_end(obj);
+        for (; !json_object_iter_equal(&it, &end); json_object_iter_next(&it))
+            value += blob_size(json_object_iter_peek_name(&it), json_object_iter_peek_value(&it));
     }
     for (size_t i = 0; type == json_type_array && i < json_object_array_length(obj); ++i)
         value += blob_size("", json_object_array_get_idx(obj, i));

@@ -12,7 +12,8 @@ namespace {
 // A JSON object built member by member, freed unless handed on.
 class Obj {
 public:
-    Obj() : obj_(json_object_new_object()) {}
+    // A new object, or `adopted` to be added to.
+    explicit Obj(json_object *adopted = nullptr) : obj_(adopted != nullptr ? adopted : json_object_new_object()) {}
     ~Obj() { json_object_put(obj_); }
     Obj(const Obj &) = delete;
     Obj &operator=(const Obj &) = delete;
@@ -35,7 +36,8 @@ private:
     json_object *obj_;
 };
 
-json_object *object_schema(const std::vector<BlobxlateField> &fields, int direction, const char *note);
+json_object *object_schema(const std::vector<BlobxlateField> &fields, int direction, const char *note,
+                           json_object *head = nullptr);
 
 // A pattern for a set of words joined by "/" (the wireless standards).
 std::string word_set_pattern(const std::vector<std::string> &words)
@@ -155,9 +157,11 @@ bool must_carry(const BlobxlateField &f, int direction)
     return f.uiSentIf == 0 && f.pcNote == nullptr && !(f.iIsList && f.stList.iToFirstEmpty);
 }
 
-json_object *object_schema(const std::vector<BlobxlateField> &fields, int direction, const char *note)
+// The schema of a table, added to the members of `head` when given.
+json_object *object_schema(const std::vector<BlobxlateField> &fields, int direction, const char *note,
+                           json_object *head)
 {
-    Obj s, properties;
+    Obj s(head), properties;
     json_object *required = json_object_new_array();
     s.set("type", "object");
     if (note != nullptr)
@@ -213,19 +217,17 @@ void allow_policy_keys(json_object *schema, int type)
 
 json_object *message_schema(const MessageInfo &info, const BlobxlateMessage &msg)
 {
-    json_object *s = object_schema(fields_of(msg.pstFields), msg.iDirection, msg.pcNote);
-    if (msg.iDirection == BLOBXLATE_TO_STRUCT) {
-        allow_policy_keys(s, info.type);
-        allow_sent_keys(s, info.type);
-    }
     const std::string title = std::to_string(info.type) + " \"" + msg.pcName + "\", " +
                               (msg.iDirection == BLOBXLATE_TO_STRUCT ? "as JSON_TRANS_STRUCT reads it"
                                                                      : "as STRUCT_TRANS_JSON sends it");
     Obj head;
     head.set("$schema", "https://json-schema.org/draft/2020-12/schema").set("title", title.c_str());
-    json_object_object_foreach(s, key, value) head.set(key, json_object_get(value));
-    json_object_put(s);
-    return head.release();
+    json_object *s = object_schema(fields_of(msg.pstFields), msg.iDirection, msg.pcNote, head.release());
+    if (msg.iDirection == BLOBXLATE_TO_STRUCT) {
+        allow_policy_keys(s, info.type);
+        allow_sent_keys(s, info.type);
+    }
+    return s;
 }
 
 std::string text_of(json_object *obj)
