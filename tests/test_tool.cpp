@@ -73,13 +73,31 @@ TEST_F(Tool, ExitCodesAndOutput)
         {"WANSTATU", "{}", 2, "", "unknown message type \"WANSTATU\"; close matches: 22 \"WanStatus\"\n"},
         {"0 /nonexistent/msg.json", "", 2, "", "blobxlate: cannot open /nonexistent/msg.json: No such file or directory\n"},
         {"0", "[1, 2]", 2, "", "blobxlate: - is not a JSON object\n"},
+        {"0", "{\"espResult\": 7} {}", 2, "", "blobxlate: - has more text after the JSON object, at byte 17\n"},
+        {"0", "{\"espResult\": 7", 2, "", "blobxlate: - is not JSON: it ends early"},
+        {"19 -", "{}", 2, "", "blobxlate: type 19 has no JSON-to-struct converter"},
         {"ret -", "{\"espResult\": 7}", 0, "JSON_TRANS_STRUCT: 0\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 7\n}\n", ""},
-        {"0", "{}", 1, "JSON_TRANS_STRUCT: -1\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 0\n}\n", ""},
+        {"0", "{}", 1, "JSON_TRANS_STRUCT: -1\nSTRUCT_TRANS_JSON: 0\n{\n\t\"espResult\": 0\n}\n",
+         "blobxlate: espResult: a required key is missing: the message is refused (-1)\n"},
+        {"check ret", "{\"espResult\": 7}", 0, "", ""},
+        {"check ret - -", "{}", 2, "", "usage: blobxlate"},
         {"LED", "{\"status\": \"enable\"}", 0, "\t\"status\": \"enable\"\n", ""},
         {"--trace ret", "{\"espResult\": 7}", 0, "STRUCT_TRANS_JSON: 0\n", kTraceLine},
         {"list", "", 0, "\n  19  \"UpgradeStatus\"", ""},
         {"list", "", 0, " 128  \"Qos_Classification_Get\"        \"Qos_Classification_Get\"        QosClassRule / QosClassIndex\n", ""},
-        {"example 19", "", 2, "", "blobxlate: no example message of type 19"},
+        {"list station", "", 0, "\n  88  \"StaList\"", ""},
+        {"list WANSTATUS", "", 0, "TYPE  STRUCT-TO-JSON                  JSON-TO-STRUCT                  RECORD\n"
+                                  "  22  \"WanStatus\"", ""},
+        {"list zzz", "", 1, "", "blobxlate: no message type's name text or record contains \"zzz\"\n"},
+        {"words wanmode", "", 0, " 2 EnumWanMode \"DHCP\"=1 \"PPPOE\"=2 \"STATIC\"=3 \"BRIDGE\"=4 \"REPEATER\"=5 \"any\"=6\n", ""},
+        {"words boolean", "", 0, " 7 EnumBoolean \"false\"=0 \"true\"=1\n", ""},
+        {"words 36", "", 0, "36 EnumLedColour (numbers go out as decimal text)\n", ""},
+        {"words 39", "", 2, "", "blobxlate: unknown enumeration kind \"39\""},
+        {"keys 40", "", 0, "| `host` | STRING | `szHost` char[64] | required (refused: -1) | always | up to 63 characters |  |\n"
+                           "| `num` | INT32 | `uiNum` uint32_t | optional | while the mask has 0x2 | 0..65535 (refused outside) |  |\n", ""},
+        {"schema --sent 119", "", 2, "", "blobxlate: type 119 has no struct-to-JSON converter\n"},
+        {"--sent list", "", 2, "", "usage: blobxlate"},
+        {"example 19", "", 0, "{\n\t\"UpgradeStatus\": \"NOMAL-NotUpgrade\"\n}\n", ""},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.args);
@@ -88,6 +106,18 @@ TEST_F(Tool, ExitCodesAndOutput)
         EXPECT_NE(r.out.find(c.out), std::string::npos) << r.out;
         EXPECT_TRUE(*c.err == 0 ? r.err.empty() : r.err.find(c.err) != std::string::npos) << r.err;
     }
+}
+
+// Input a message cannot hold is refused with its size, before parsing.
+TEST_F(Tool, RefusesAnInputTooLargeForAMessage)
+{
+    const fs::path big = fs::temp_directory_path() / ("blobxlate-test-big-" + std::to_string(getpid()));
+    std::ofstream(big).close();
+    fs::resize_file(big, 16u << 20);
+    ToolRun r = run(BLOBXLATE_TOOL, "0 " + big.string());
+    fs::remove(big);
+    EXPECT_EQ(r.exit_code, 2);
+    EXPECT_NE(r.err.find(" is 16777216 bytes, more than the 16777215 a message can hold\n"), std::string::npos) << r.err;
 }
 
 // One line per type with a row in either table, each with its record.

@@ -112,7 +112,63 @@ std::string close_matches(const std::string &wanted, const std::vector<MessageIn
     return text.empty() ? "none (blobxlate list shows them all)" : text;
 }
 
+// The names a type goes by: its name texts and records.
+std::vector<std::string> names_of(const MessageInfo &info)
+{
+    std::vector<std::string> names{info.to_json_record, info.to_struct_record};
+    for (const char *name : {info.to_json_name, info.to_struct_name})
+        if (name != nullptr)
+            names.emplace_back(name);
+    return names;
+}
+
+// The words of a name: split at spaces, underscores and digits, and before
+// each capital that follows a small letter ("StaListInfo": Sta List Info).
+std::vector<std::string> name_words(const std::string &name)
+{
+    std::vector<std::string> words(1);
+    for (size_t i = 0; i < name.size(); ++i) {
+        const auto c = static_cast<unsigned char>(name[i]);
+        const bool starts = std::isupper(c) && i > 0 && std::islower(static_cast<unsigned char>(name[i - 1]));
+        if (!std::isalpha(c) || starts)
+            words.emplace_back();
+        if (std::isalpha(c))
+            words.back() += static_cast<char>(std::tolower(c));
+    }
+    return words;
+}
+
+bool contains(const MessageInfo &info, const std::string &word)
+{
+    const std::vector<std::string> names = names_of(info);
+    return std::any_of(names.begin(), names.end(), [&](const std::string &n) { return lower(n).find(word) != std::string::npos; });
+}
+
+// An abbreviation is three letters at least.
+bool abbreviates(const MessageInfo &info, const std::string &word)
+{
+    for (const std::string &name : names_of(info))
+        for (const std::string &w : name_words(name))
+            if (w.size() >= 3 && word.compare(0, w.size(), w) == 0)
+                return true;
+    return false;
+}
+
 } // namespace
+
+std::vector<MessageInfo> types_named_like(const std::string &word)
+{
+    const std::string wanted = lower(word);
+    std::vector<MessageInfo> found;
+    for (auto *test : {&contains, &abbreviates}) {
+        for (const MessageInfo &info : message_types())
+            if ((*test)(info, wanted))
+                found.push_back(info);
+        if (!found.empty())
+            break;
+    }
+    return found;
+}
 
 std::vector<MessageInfo> message_types()
 {

@@ -27,6 +27,11 @@ std::vector<MessageInfo> message_types();
 // one-line reason that lists close matches.
 std::optional<MessageInfo> find_type(const std::string &text, std::string &error);
 
+// The types whose name texts or records contain `word` in any case; when
+// none does, those with a name word that `word` begins with, read as its
+// abbreviation ("Sta" for "station").
+std::vector<MessageInfo> types_named_like(const std::string &word);
+
 } // namespace bxtool
 
 #endif
