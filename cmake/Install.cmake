@@ -1,25 +1,28 @@
 # Installs the libraries, the header, a CMake package (find_package(blobxlate))
-# and a pkg-config file. With the bundled libubox its headers go under
+# and a pkg-config file, neither naming a path of the build machine: the
+# package finds json-c and libubox with the find modules installed beside it,
+# and blobxlate.pc gives its prefix relative to itself. With the bundled libubox its headers go under
 # include/blobxlate/ and its archive is installed beside the library, so that
 # consumers build against exactly the layer the library was built with.
 set(BLOBXLATE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/blobxlate)
 
 install(FILES include/blobxlate.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set(BLOBXLATE_EXPORTED blobxlate blobxlate_static blobxlate_ubox_deps)
+set(BLOBXLATE_PC_REQUIRES "json-c")
 if(BLOBXLATE_UBOX_KIND STREQUAL "bundled")
   list(APPEND BLOBXLATE_EXPORTED blobxlate_ubox)
   install(DIRECTORY ubox/include/libubox DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/blobxlate)
   set(BLOBXLATE_PC_CFLAGS "-I\${includedir}/blobxlate")
+  set(BLOBXLATE_PC_LIBS_EXTRA "")
   set(BLOBXLATE_PC_LIBS_PRIVATE "-lblobxlate_ubox")
-  set(BLOBXLATE_PC_REQUIRES "json-c")
 else()
-  set(BLOBXLATE_PC_CFLAGS "")
+  include(cmake/PkgConfigDirs.cmake)
+  blobxlate_pc_dir(ubox_inc -I "${UBOX_INCLUDE_DIR}" "${CMAKE_INSTALL_FULL_INCLUDEDIR}" ${CMAKE_C_IMPLICIT_INCLUDE_DIRECTORIES})
+  get_filename_component(ubox_libdir "${UBOX_LIBRARY}" DIRECTORY)
+  blobxlate_pc_dir(ubox_lib -L "${ubox_libdir}" "${CMAKE_INSTALL_FULL_LIBDIR}" ${CMAKE_C_IMPLICIT_LINK_DIRECTORIES})
+  set(BLOBXLATE_PC_CFLAGS "${ubox_inc}")
+  set(BLOBXLATE_PC_LIBS_EXTRA "${ubox_lib}-lblobmsg_json -lubox")
   set(BLOBXLATE_PC_LIBS_PRIVATE "")
-  set(BLOBXLATE_PC_REQUIRES "json-c")
-  set(BLOBXLATE_PC_LIBS_EXTRA "-lblobmsg_json -lubox")
-endif()
-if(TARGET blobxlate_jsonc)
-  list(APPEND BLOBXLATE_EXPORTED blobxlate_jsonc)
 endif()
 
 install(TARGETS ${BLOBXLATE_EXPORTED}
@@ -36,6 +39,7 @@ configure_package_config_file(cmake/blobxlateConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/blobxlateConfig.cmake ${PROJECT_BINARY_DIR}/blobxlateConfigVersion.cmake
+  cmake/modules/FindJsonC.cmake cmake/modules/FindLibubox.cmake
   DESTINATION ${BLOBXLATE_CMAKE_DIR})
 
 # The prefix relative to the .pc file, so that the installed tree can move.

@@ -139,6 +139,11 @@ int main(int argc, char **argv)
 		socket_path = optarg;
 	}
 
+	/* The trace goes to the system log, under a switch of this daemon's own:
+	 * touch /tmp/debug_blobxlate_ubusd to follow the conversions in logread. */
+	BLOBXLATE_SetTraceSwitch("/tmp/debug_blobxlate_ubusd");
+	BLOBXLATE_TraceToSyslog("blobxlate-ubusd");
+
 	n = make_methods(&methods);
 	if (n < 0) {
 		fprintf(stderr, "out of memory\n");

@@ -328,6 +328,16 @@ BX_API void BLOBXLATE_SetTraceSink(BlobxlateTraceSink pfnSink, void *pvContext);
  * touching the machine-wide switch. Set it at start-up, like the sink. */
 BX_API void BLOBXLATE_SetTraceSwitch(const char *pcPath);
 
+/* Sends the trace to the system log: through libubox's ulog where the
+ * library is built against the platform's libubox, through syslog with the
+ * bundled one. Each line of a trace text becomes one entry at LOG_DEBUG with
+ * the "[function.line]: " prefix, so the incoming message's JSON dump comes
+ * out as one entry per line; empty lines are left out. pcIdent, the daemon's
+ * name, opens the log (facility LOG_DAEMON) under that name; null leaves the
+ * log as the daemon opened it. It installs a sink, so the sink's rules hold:
+ * call it at start-up; the switch file still decides. */
+BX_API void BLOBXLATE_TraceToSyslog(const char *pcIdent);
+
 /* ------------------------------------------------------------------------ */
 /* Records and converters, one section per message family                   */
 /* ------------------------------------------------------------------------ */
