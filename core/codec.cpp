@@ -104,7 +104,7 @@ void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob
     auto *data = static_cast<char *>(blobmsg_data(elem));
     const size_t span = blob_len(elem);
     const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(span < room ? span : room));
+    parse_keys(policy, count, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
@@ -253,7 +253,7 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
     if (l.spans && r.msg_end != nullptr)
         parse_span(l.policy, l.fields, tb, elem, r.msg_end);
     else
-        blobmsg_parse(l.policy, l.fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
+        parse_keys(l.policy, l.fields, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
     return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry, l.fields);
 }
 
