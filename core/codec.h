@@ -41,6 +41,11 @@ inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], bl
     return parse_keys(policy, N, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
 
+/* The same by a field table's policy and its key index, built at compile
+ * time (see KeysOf below). */
+template <const auto &Table, size_t N>
+inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem);
+
 /* JTS_CheckBlobAttr for slot `slot`, with the policy's own key. */
 template <size_t N>
 inline bool present(const blobmsg_policy (&policy)[N], blob_attr *const (&tb)[N], size_t slot)
@@ -514,6 +519,14 @@ template <const auto &Table>
 struct KeysOf {
     static constexpr KeyIndex<Described<Table>::count> index = index_keys(Described<Table>::policy.entries);
 };
+
+template <const auto &Table, size_t N>
+inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem)
+{
+    static_assert(N == Described<Table>::count, "one slot per row");
+    return parse_indexed(Described<Table>::policy.entries, ref(KeysOf<Table>::index), N, tb, blobmsg_data(elem),
+                         static_cast<unsigned>(blobmsg_data_len(elem)));
+}
 
 /* No record's mask (see jts_fields). */
 constexpr int kNoMask = -1;

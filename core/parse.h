@@ -114,6 +114,15 @@ inline bool type_fits(int want, unsigned id)
     return id == static_cast<unsigned>(want);
 }
 
+/* memcmp(a, b, n) == 0 for the short keys of a bucket, without a call. */
+inline bool same_bytes(const char *a, const char *b, size_t n)
+{
+    for (size_t k = 0; k < n; ++k)
+        if (a[k] != b[k])
+            return false;
+    return true;
+}
+
 /* The slots one checked, extended attribute fills. */
 inline void fill_slots(const blobmsg_policy *policy, KeyIndexRef ix, blob_attr **tb, blob_attr *attr)
 {
@@ -125,7 +134,7 @@ inline void fill_slots(const blobmsg_policy *policy, KeyIndexRef ix, blob_attr *
     for (unsigned s = ix.head[key_bucket(name, namelen)]; s != 0; s = ix.next[s - 1]) {
         const size_t i = s - 1;
         if (ix.len[i] == namelen && tb[i] == nullptr && type_fits(policy[i].type, blob_id(attr)) &&
-            std::memcmp(policy[i].name, name, namelen) == 0)
+            same_bytes(policy[i].name, name, namelen))
             tb[i] = attr;
     }
 }
