@@ -117,8 +117,9 @@ void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
 {
     size_t n = strnlen(text, size);
+    /* blobmsg_add_string, with the length already known. */
     if (n < size)
-        return blobmsg_add_string(buf, key, text);
+        return blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, key, text, static_cast<unsigned>(n + 1));
     /* A text that fills its whole array has no terminator: the member is
      * made from a run of zeros one byte longer, then the array's bytes are
      * copied over it inside the buffer. A new member always starts where

@@ -157,8 +157,9 @@ inline int parse_indexed(const blobmsg_policy *policy, KeyIndexRef ix, size_t co
     return 0;
 }
 
-/* The same for a policy known only at run time: indexed on the stack. */
-inline int parse_keys(const blobmsg_policy *policy, size_t count, blob_attr **tb, void *data, unsigned int len)
+/* The same for a policy known only at run time: indexed on the stack, in a
+ * frame of its own rather than in each caller's. */
+[[gnu::noinline]] inline int parse_keys(const blobmsg_policy *policy, size_t count, blob_attr **tb, void *data, unsigned int len)
 {
     if (count > kMaxRunTimeKeys)
         return blobmsg_parse(policy, static_cast<int>(count), tb, data, len);
