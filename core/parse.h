@@ -41,7 +41,7 @@ extern "C" {
 namespace bx {
 inline namespace BX_PARSE_NS {
 
-constexpr size_t kKeyBuckets = 32;
+constexpr size_t kKeyBuckets = 64;
 /* The longest key that can match (see above). */
 constexpr size_t kLongestKey = 255;
 /* The most keys a policy given at run time is indexed for on the stack;
