@@ -7,23 +7,29 @@ namespace bx {
 
 namespace {
 
-/* Big-endian value of up to `want` bytes, from the bytes the attribute has. */
-uint64_t read_be(const blob_attr *attr, size_t want)
+/* Big-endian value of up to `Want` bytes, from the bytes the attribute has. */
+template <size_t Want>
+uint64_t read_be(const blob_attr *attr)
 {
     if (attr == nullptr)
         return 0;
-    size_t have = blobmsg_data_len(attr);
+    const size_t have = blobmsg_data_len(attr);
     const auto *p = static_cast<const uint8_t *>(blobmsg_data(attr));
     uint64_t v = 0;
-    for (size_t i = 0; i < want; ++i)
+    if (have >= Want) {  /* the usual case, a load the compiler swaps at once */
+        for (size_t i = 0; i < Want; ++i)
+            v = (v << 8) | p[i];
+        return v;
+    }
+    for (size_t i = 0; i < Want; ++i)
         v = (v << 8) | (i < have ? p[i] : 0u);
     return v;
 }
 
 } // namespace
 
-uint32_t get_u32(const blob_attr *attr) { return static_cast<uint32_t>(read_be(attr, 4)); }
-uint64_t get_u64(const blob_attr *attr) { return read_be(attr, 8); }
+uint32_t get_u32(const blob_attr *attr) { return static_cast<uint32_t>(read_be<4>(attr)); }
+uint64_t get_u64(const blob_attr *attr) { return read_be<8>(attr); }
 
 char *get_text(blob_attr *attr)
 {
@@ -32,8 +38,9 @@ char *get_text(blob_attr *attr)
         return empty;
     size_t len = blobmsg_data_len(attr);
     auto *s = static_cast<char *>(blobmsg_data(attr));
-    /* Only a value that is terminated inside the attribute is a text. */
-    if (len == 0 || std::memchr(s, 0, len) == nullptr)
+    /* Only a value that is terminated inside the attribute is a text; a
+     * checked STRING ends in its terminator, the rest is searched. */
+    if (len == 0 || (s[len - 1] != 0 && std::memchr(s, 0, len) == nullptr))
         return empty;
     return s;
 }
@@ -104,14 +111,15 @@ void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob
     auto *data = static_cast<char *>(blobmsg_data(elem));
     const size_t span = blob_len(elem);
     const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    blobmsg_parse(policy, static_cast<int>(count), tb, data, static_cast<unsigned>(span < room ? span : room));
+    parse_keys(policy, count, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
 {
     size_t n = strnlen(text, size);
+    /* blobmsg_add_string, with the length already known. */
     if (n < size)
-        return blobmsg_add_string(buf, key, text);
+        return blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, key, text, static_cast<unsigned>(n + 1));
     /* A text that fills its whole array has no terminator: the member is
      * made from a run of zeros one byte longer, then the array's bytes are
      * copied over it inside the buffer. A new member always starts where
@@ -253,7 +261,7 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
     if (l.spans && r.msg_end != nullptr)
         parse_span(l.policy, l.fields, tb, elem, r.msg_end);
     else
-        blobmsg_parse(l.policy, l.fields, tb, blobmsg_data(elem), blobmsg_data_len(elem));
+        parse_keys(l.policy, l.fields, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
     return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry, l.fields);
 }
 

@@ -7,7 +7,7 @@
  * function that says where it departs from its table.
  *
  * Everything here reads only inside the message it is given: attributes
- * found by blobmsg_parse have been validated against the message, and the
+ * found by a parse (core/parse.h) have been validated against the message, and the
  * readers below re-check the rest (list elements, untyped slots) before they
  * look into a value. */
 #ifndef BLOBXLATE_CORE_CODEC_H
@@ -18,6 +18,7 @@
 #include <cstring>
 
 #include "blobxlate.h"
+#include "core/parse.h"
 #include "core/trace.h"
 
 namespace bx {
@@ -25,19 +26,25 @@ namespace bx {
 /* ---- Parsing ------------------------------------------------------------ */
 
 /* Parses the members of msg (its raw blob payload: converters get the
- * message table itself) against policy into tb, one slot per policy entry. */
+ * message table itself) against policy into tb, one slot per policy entry,
+ * as blobmsg_parse does (see core/parse.h). */
 template <size_t N>
 inline int parse(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *msg)
 {
-    return blobmsg_parse(policy, static_cast<int>(N), tb, blob_data(msg), blob_len(msg));  /* clears tb first */
+    return parse_keys(policy, N, tb, blob_data(msg), blob_len(msg));  /* clears tb first */
 }
 
 /* Parses a list element (a table inside an array) by its value. */
 template <size_t N>
 inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem)
 {
-    return blobmsg_parse(policy, static_cast<int>(N), tb, blobmsg_data(elem), blobmsg_data_len(elem));
+    return parse_keys(policy, N, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
+
+/* The same by a field table's policy and its key index, built at compile
+ * time (see KeysOf below). */
+template <const auto &Table, size_t N>
+inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem);
 
 /* JTS_CheckBlobAttr for slot `slot`, with the policy's own key. */
 template <size_t N>
@@ -510,6 +517,20 @@ struct Described {
     static constexpr FieldPolicy<count> policy = policy_of(Table);
 };
 
+/* The key index of a field table's policy, built at compile time. */
+template <const auto &Table>
+struct KeysOf {
+    static constexpr KeyIndex<Described<Table>::count> index = index_keys(Described<Table>::policy.entries);
+};
+
+template <const auto &Table, size_t N>
+inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem)
+{
+    static_assert(N == Described<Table>::count, "one slot per row");
+    return parse_indexed(Described<Table>::policy.entries, ref(KeysOf<Table>::index), N, tb, blobmsg_data(elem),
+                         static_cast<unsigned>(blobmsg_data_len(elem)));
+}
+
 /* No record's mask (see jts_fields). */
 constexpr int kNoMask = -1;
 
@@ -593,7 +614,7 @@ inline Read read_area(const char *func, void *data, size_t len, void *record, in
 {
     using D = Described<Table>;
     blob_attr *tb[D::count];
-    blobmsg_parse(D::policy.entries, static_cast<int>(D::count), tb, data, static_cast<unsigned>(len));
+    parse_indexed(D::policy.entries, ref(KeysOf<Table>::index), D::count, tb, data, static_cast<unsigned>(len));
     uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
     return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, Table, D::count);
 }

@@ -10,6 +10,8 @@
 // also holds the entry point, which compares the two texts; the first line
 // that differs is printed and the run traps.
 //
+// Every blobmsg_parse is also run through the converters' one-pass parse
+// (core/parse.h) on the same side, which must fill the same slots.
 // The tags: parse, parse_array, empty_parse, empty_parse_array (policies from
 // the input), check, check_array, name, data, value, walk (checks, accessors
 // and walks of every member), from_string, add_element (JSON text in), build
@@ -37,6 +39,10 @@ extern "C" {
 #ifndef UBOX_DIFF_SIDE
 #error "UBOX_DIFF_SIDE must name the side being compiled"
 #endif
+
+// The converters' one-pass parse, built against this side's libubox.
+#define BX_PARSE_NS UBOX_DIFF_SIDE
+#include "core/parse.h"
 
 // What both sides offer, and what the entry point calls.
 namespace real_side {
@@ -196,12 +202,32 @@ void note_value(std::string &out, blob_attr *a)
 	}
 }
 
+// The converters' parse must fill the slots blobmsg_parse fills and return
+// what it returns, on this side's libubox; a difference traps at once.
+void one_pass_as_parse(const Input &in, blob_attr *const *tb, int ret, void *data, size_t len)
+{
+	blob_attr *mine[kMaxPolicy];
+	int mine_ret = bx::parse_keys(in.policy, static_cast<size_t>(in.policy_len), mine, data,
+				      static_cast<unsigned int>(len));
+	bool same = mine_ret == ret;
+	for (int i = 0; i < in.policy_len; i++)
+		same = same && mine[i] == tb[i];
+	if (same)
+		return;
+	fprintf(stderr, "one-pass parse differs from blobmsg_parse: ret %d, blobmsg_parse %d\n", mine_ret, ret);
+	for (int i = 0; i < in.policy_len; i++)
+		fprintf(stderr, "  slot %d: %p, blobmsg_parse %p\n", i, static_cast<void *>(mine[i]),
+			static_cast<void *>(tb[i]));
+	__builtin_trap();
+}
+
 // Lines of blobmsg_parse are tagged tag, those of blobmsg_parse_array tag_array.
 void parse_area(std::string &out, const char *tag, const Input &in, const blob_attr *base, void *data,
 		size_t len)
 {
 	blob_attr *tb[kMaxPolicy];
 	int ret = blobmsg_parse(in.policy, in.policy_len, tb, data, static_cast<unsigned int>(len));
+	one_pass_as_parse(in, tb, ret, data, len);
 	note(out, "%s at %ld len %zu ret %d", tag, offset_of(base, data), len, ret);
 	for (int i = 0; i < in.policy_len; i++)
 		note(out, "%s slot %d -> %ld", tag, i, offset_of(base, tb[i]));

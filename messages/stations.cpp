@@ -216,7 +216,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
         }
         BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n");
         blob_attr *entry_tb[STA_MAX];
-        bx::parse_elem(g_stStaList_Array_policy.entries, entry_tb, elem);
+        bx::parse_elem<kStaEntry>(entry_tb, elem);
         BX_TRACE_AS(func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
         fill_entry(func, entry_tb, &rec->pstListInfo[filled], rec->pstListInfo);
         /* Every element uses up one entry, even one without any key. */

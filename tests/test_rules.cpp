@@ -138,4 +138,33 @@ TEST(ListedKeys, TestedForPresenceAndNeverStored)
     EXPECT_EQ(ap.capaflag, 0u);
 }
 
+// ---- Which attribute fills a slot ---------------------------------------------------
+
+// As blobmsg_parse: a key's first attribute of the policy's type fills its
+// slot, one of another type is no attribute of that key, and a malformed
+// attribute ends the message with what came before it kept.
+TEST(Slots, FirstOfTheKeysTypeKeptAndAMalformedAttributeEndsTheMessage)
+{
+    struct Case {
+        const char *msg;
+        uint32_t lan, wan;
+    };
+    for (const Case &c : {Case{"lan=i32:3 lan=i32:5 wan=i32:1", 3, 1}, Case{"lan=s\"9\" lan=i64:8 lan=i32:4", 4, 0},
+                          Case{"wan=i8:1 wan=i32:2 lan=[i32:6]", 0, 2}}) {
+        SCOPED_TRACE(c.msg);
+        PortNum rec{};
+        ASSERT_EQ(JSON_TRANS_STRUCT(MSG_PORT_NUM, Msg(c.msg), &rec), 0);
+        EXPECT_EQ(rec.uiLanNum, c.lan);
+        EXPECT_EQ(rec.uiWanNum, c.wan);
+    }
+    Buf b;
+    blobmsg_add_u32(b.get(), "lan", 3);
+    add_number(b.get(), 7, 2);
+    blobmsg_add_u32(b.get(), "wan", 2);
+    PortNum rec{};
+    ASSERT_EQ(JSON_TRANS_STRUCT(MSG_PORT_NUM, b.head(), &rec), 0);
+    EXPECT_EQ(rec.uiLanNum, 3u);
+    EXPECT_EQ(rec.uiWanNum, 0u);
+}
+
 } // namespace
