@@ -73,15 +73,22 @@ const char *scalar_ctype(Wire wire)
     return "";
 }
 
-/* The C type of a member as its row converts it. */
+/* The C type of a text or number member as its row converts it. */
+void value_ctype(const Field &f, char (&out)[16])
+{
+    if (f.wire == Wire::Text)
+        std::snprintf(out, sizeof out, "char[%u]", static_cast<unsigned>(f.size));
+    else
+        std::snprintf(out, sizeof out, "%s", scalar_ctype(f.wire));
+}
+
+/* The C type of a member: a list's is its entry's, times its capacity. */
 void ctype_of(const Field &f, char (&out)[24])
 {
-    if (f.wire == Wire::Text) {
-        std::snprintf(out, sizeof out, "char[%u]", static_cast<unsigned>(f.size));
-        return;
-    }
+    char entry[16] = "struct";
     if (f.wire != Wire::List) {
-        std::snprintf(out, sizeof out, "%s", scalar_ctype(f.wire));
+        value_ctype(f, entry);
+        std::snprintf(out, sizeof out, "%s", entry);
         return;
     }
     if (f.list == nullptr) {  /* packed element bytes read and sent by a quirk */
@@ -89,9 +96,8 @@ void ctype_of(const Field &f, char (&out)[24])
         return;
     }
     const ListOf &l = *f.list;
-    char entry[24] = "struct";
     if (!l.tables)
-        ctype_of(l.entry[0], entry);
+        value_ctype(l.entry[0], entry);
     if (l.capacity == 0)
         std::snprintf(out, sizeof out, "%s *", entry);
     else
