@@ -7,7 +7,6 @@
  * attribute of its key and type. The rows are then read in table order, as
  * read_slot reads them. A row with a quirk reads its own way: only its
  * presence and type are checked here, its note says the rest. */
-#include <cstdarg>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -66,13 +65,7 @@ void report(Inspection &in, int kind, const char *key, bool has_number = false, 
 }
 
 /* Formats the finding's text. */
-__attribute__((format(printf, 2, 3))) void say(Inspection &in, const char *fmt, ...)
-{
-    va_list args;
-    va_start(args, fmt);
-    std::vsnprintf(in.text, sizeof in.text, fmt, args);
-    va_end(args);
-}
+#define BX_SAY(in, ...) std::snprintf((in).text, sizeof (in).text, __VA_ARGS__)
 
 const char *type_name(int type)
 {
@@ -157,11 +150,11 @@ void inspect_wrong_type(Inspection &in, const Field &f, const blob_attr *attr, c
     const int have = blobmsg_type(attr);
     const int want = wire_type(f.wire);
     if (want == BLOBMSG_TYPE_INT64 && have == BLOBMSG_TYPE_INT32) {
-        say(in, "INT32 where INT64 is read: ignored; send it with blobmsg_add_u64");
+        BX_SAY(in, "INT32 where INT64 is read: ignored; send it with blobmsg_add_u64");
         report(in, BLOBXLATE_FINDING_SEND_AS_U64, key);
         return;
     }
-    say(in, "%s where %s is read: ignored, the member keeps its value", type_name(have), type_name(want));
+    BX_SAY(in, "%s where %s is read: ignored, the member keeps its value", type_name(have), type_name(want));
     report(in, BLOBXLATE_FINDING_WRONG_TYPE, key);
 }
 
@@ -181,15 +174,15 @@ void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
             row = &a.table.entry[i];
     }
     if (row == nullptr && !in_policy(a, attr)) {
-        say(in, "not a key of this message: ignored");
+        BX_SAY(in, "not a key of this message: ignored");
         report(in, BLOBXLATE_FINDING_UNKNOWN_KEY, key);
     } else if (row != nullptr && blobmsg_type(attr) != wire_type(row->wire)) {
         inspect_wrong_type(in, *row, attr, key);
     } else if (row != nullptr && slot_of(a.data, a.len, *row) != attr) {
-        say(in, "a second \"%s\": ignored, the first is read", row->key);
+        BX_SAY(in, "a second \"%s\": ignored, the first is read", row->key);
         report(in, BLOBXLATE_FINDING_DUPLICATE, key);
     } else if (row != nullptr && (!row->tested || (!row->stored && !row->sent))) {
-        say(in, "never read: ignored");
+        BX_SAY(in, "never read: ignored");
         report(in, BLOBXLATE_FINDING_NOT_READ, key);
     }
     pop(in, was);
@@ -203,7 +196,7 @@ void inspect_text(Inspection &in, const Field &f, blob_attr *attr)
     const size_t len = std::strlen(get_text(attr));
     if (len <= bound)
         return;
-    say(in, "a text of %zu characters: cut to %zu", len, bound);
+    BX_SAY(in, "a text of %zu characters: cut to %zu", len, bound);
     report(in, BLOBXLATE_FINDING_TEXT_CUT, f.key);
 }
 
@@ -257,7 +250,7 @@ void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
     const uint32_t stored = stored_number(f, attr, &unknown);
     const bool refused_after = f.check == Check::After && !within(f, stored);
     if (unknown) {
-        say(in, "\"%s\" is no word of its list: stored as %d%s", get_text(attr), static_cast<int>(stored),
+        BX_SAY(in, "\"%s\" is no word of its list: stored as %d%s", get_text(attr), static_cast<int>(stored),
             refused_after ? ", then the message is refused" : "");
         report(in, BLOBXLATE_FINDING_UNKNOWN_WORD, f.key, true, static_cast<int32_t>(stored));
         return;
@@ -265,7 +258,7 @@ void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
     const uint32_t tested = f.check == Check::Before ? get_u32(attr) : stored;
     if (f.check == Check::None || within(f, tested))
         return;
-    say(in, "%u is outside %u..%u: the message is refused%s", tested, f.lowest, f.highest,
+    BX_SAY(in, "%u is outside %u..%u: the message is refused%s", tested, f.lowest, f.highest,
         f.check == Check::After ? " once it is stored" : "");
     report(in, BLOBXLATE_FINDING_OUT_OF_RANGE, f.key, true, tested);
 }
@@ -274,15 +267,17 @@ void inspect_area(Inspection &in, const Area &a);
 
 /* ---- Lists ------------------------------------------------------------------- */
 
-/* The count a list's walk is bounded by: the record's count as this table
- * stores it from the message, else unknown (the caller's): the capacity.
- * A capacity of 0 is the caller's array: no bound known here. */
-uint32_t list_limit(const Area &a, const ListOf &l)
+/* The count a list's walk is bounded by: the record's count as a row read
+ * before the list's stores it from the message, else unknown (the
+ * caller's): the capacity. A capacity of 0 is the caller's array: no bound
+ * known here. */
+uint32_t list_limit(const Area &a, const Field &list)
 {
+    const ListOf &l = *list.list;
     const uint32_t capacity = l.capacity != 0 ? l.capacity : UINT32_MAX;
     if (l.bound == Bound::Capacity || l.count_at < 0)
         return capacity;
-    for (uint8_t i = 0; i < a.table.fields; ++i) {
+    for (uint8_t i = 0; i < a.table.fields && &a.table.entry[i] != &list; ++i) {
         const Field &f = a.table.entry[i];
         blob_attr *slot = f.stored && f.offset == static_cast<uint16_t>(l.count_at) && f.wire != Wire::List
                               ? slot_of(a.data, a.len, f)
@@ -301,7 +296,7 @@ void inspect_element(Inspection &in, const ListOf &l, blob_attr *elem)
     if (l.tables) {
         inspect_area(in, Area{blobmsg_data(elem), blobmsg_data_len(elem), l, nullptr, 0});
     } else if (blobmsg_type(elem) != wire_type(entry.wire)) {
-        say(in, "a %s element read as the number %u", type_name(blobmsg_type(elem)), get_u32(elem));
+        BX_SAY(in, "a %s element read as the number %u", type_name(blobmsg_type(elem)), get_u32(elem));
         report(in, BLOBXLATE_FINDING_WRONG_TYPE, nullptr, true, get_u32(elem));
     } else if (entry.wire == Wire::Text) {
         inspect_text(in, entry, elem);
@@ -313,7 +308,7 @@ void inspect_element(Inspection &in, const ListOf &l, blob_attr *elem)
 void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr)
 {
     const ListOf &l = *f.list;
-    const uint32_t limit = list_limit(a, l);
+    const uint32_t limit = list_limit(a, f);
     const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
     unsigned index = 0;
     uint32_t filled = 0;
@@ -322,10 +317,10 @@ void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr
         const bool past = filled >= limit;
         if (past) {
             /* The walk ends here, or skips every element from here on. */
-            say(in, "past the %u entries read: dropped with every element after it", limit);
+            BX_SAY(in, "past the %u entries read: dropped with every element after it", limit);
             report(in, BLOBXLATE_FINDING_LIST_CUT, nullptr);
         } else if (blobmsg_type(elem) != type && !l.any_type) {
-            say(in, "a %s element where %s is read: skipped", type_name(blobmsg_type(elem)), type_name(type));
+            BX_SAY(in, "a %s element where %s is read: skipped", type_name(blobmsg_type(elem)), type_name(type));
             report(in, BLOBXLATE_FINDING_WRONG_TYPE, nullptr);
         } else {
             inspect_element(in, l, elem);
@@ -345,7 +340,7 @@ void inspect_row(Inspection &in, const Area &a, const Field &f)
     blob_attr *attr = slot_of(a.data, a.len, f);
     const size_t was = push_key(in, f.key, std::strlen(f.key));
     if (attr == nullptr && f.required) {
-        say(in, "a required key is missing: the message is refused (%d)", f.refused_ret);
+        BX_SAY(in, "a required key is missing: the message is refused (%d)", f.refused_ret);
         report(in, BLOBXLATE_FINDING_MISSING, f.key);
     } else if (attr != nullptr && f.stored && f.quirk == nullptr) {
         if (f.wire == Wire::List && f.list != nullptr)
@@ -362,7 +357,7 @@ void inspect_area(Inspection &in, const Area &a)
 {
     blob_attr *bad = walk_area(a.data, a.len, [&](blob_attr *attr) { inspect_key(in, a, attr); });
     if (bad != nullptr) {
-        say(in, "a malformed attribute: it and everything after it are not read");
+        BX_SAY(in, "a malformed attribute: it and everything after it are not read");
         report(in, BLOBXLATE_FINDING_MALFORMED, nullptr);
     }
     for (uint8_t i = 0; i < a.table.fields; ++i)

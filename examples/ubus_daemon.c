@@ -94,7 +94,9 @@ static int convert(struct ubus_context *ctx, struct ubus_object *obj, struct ubu
 	return ubus_send_reply(ctx, req, g_reply.head);
 }
 
-/* One method per type with a row in both dispatch tables. */
+/* One method per type with a row in both dispatch tables; its arguments
+ * are the policy the type's JSON-to-struct converter parses with, so that
+ * `ubus -v list` shows them. */
 static int make_methods(struct ubus_method **methods)
 {
 	struct ubus_method *m = calloc((size_t) g_iJsonToStruct_FuncNum, sizeof(*m));
@@ -113,6 +115,7 @@ static int make_methods(struct ubus_method **methods)
 		snprintf(name, 8, "t%d", type);
 		m[n].name = name;
 		m[n].handler = convert;
+		m[n].policy = BLOBXLATE_Policy(type, &m[n].n_policy);
 		n++;
 	}
 	*methods = m;

@@ -59,6 +59,12 @@ constexpr Field kListSent[] = {
     BX_COUNT(VsieBeaconTxList),
     BX_LIST(VsieBeaconTxList, astEntry, "list", kEntries, nullptr),
 };
+/* As received: "count" bounds the list, the elements past it skipped. */
+constexpr bx::ListOf kEntriesRead = kEntries.bounded_by_count().past_bound_traced("NULL == cur\n\n", true);
+constexpr Field kListReceived[] = {
+    kListSent[0],
+    BX_LIST(VsieBeaconTxList, astEntry, "list", kEntriesRead, nullptr),
+};
 
 constexpr Field kSwitchFields[] = {
     BX_U32(VsieBeaconTxSwitch, uiIdx, "idx", "Idx:%u"),
@@ -180,9 +186,9 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListSent, kListPolicy, BTX_MAX, ::bx::kNoMask,
-             "\"count\" is stored and bounds the list (elements past it skipped); entries are read only while "
-             "the message itself has an \"iedata\" array; an entry's \"iedata\" stops at its \"len\"")
+BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListReceived, kListPolicy, BTX_MAX, ::bx::kNoMask,
+             "entries are read only while the message itself has an \"iedata\" array (any content), "
+             "and entry traces carry the entry's index")
 
 /* ---- Type 144 ---- */
 

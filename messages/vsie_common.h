@@ -38,6 +38,14 @@ inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored store
     return k;
 }
 
+/* A list as a hand-written converter reads it: no more than `read`
+ * entries, the count set to those filled. */
+constexpr ListOf read_at_most(ListOf l, uint16_t read)
+{
+    l.capacity = read < l.capacity ? read : l.capacity;
+    return l.filling_count();
+}
+
 /* The row's own presence test and report, for a quirk that reads its list
  * its own way: true when the key is there. */
 inline bool found(const Reading &r, const Field &f, blob_attr *attr)

@@ -165,6 +165,12 @@ constexpr bx::ListOf kRespEntries =
     BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
 constexpr Field kRespListSent[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
 
+/* The two lists as received: three entries at most, counted. */
+constexpr bx::ListOf kRxEntriesRead = bx::vsie::read_at_most(kRxEntries, kProbeListEntries);
+constexpr Field kRxListReceived[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntriesRead, nullptr)};
+constexpr bx::ListOf kRespEntriesRead = bx::vsie::read_at_most(kRespEntries, kProbeListEntries);
+constexpr Field kRespListReceived[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntriesRead, nullptr)};
+
 } // namespace
 
 extern "C" {
@@ -316,10 +322,9 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
-             "at most three entries, uiCount set to the entries read; one counter places both the OUI bytes and "
-             "the records, so an entry's OUI starts at the previous entry's record count; a record's \"band\" "
-             "stores its entry's word; at most eight records")
+BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "one counter places both the OUI bytes and the records, so an entry's OUI starts at the "
+             "previous entry's record count; a record's \"band\" stores its entry's word")
 
 /* ---- Type 148 ---- */
 
@@ -443,8 +448,8 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListSent, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
-             "at most three entries, uiCount set to the entries read (0 without \"list\"); \"iedata\" elements of "
-             "any type are read as bytes")
+BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListReceived, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
+             "uiCount is 0 without \"list\"; \"iedata\" elements of any type are read as bytes, "
+             "and entry traces carry the entry's index")
 
 } // extern "C"

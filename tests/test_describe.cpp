@@ -157,6 +157,7 @@ TEST(Check, NamesEachProblemWhereItIs)
         {MSG_FILTER_DNS, "idx=i32:17 enable=s\"enable\" action=s\"Ignore\" mode=s\"Black\" weekday=i32:1", "idx:8=17"},
         {MSG_WAN_STATUS, "ip=s\"192.0.2.100/255.255.255.0\"", "ip:9"},
         {MSG_VSIE_BEACONTX_ADD, "len=i32:2 iedata=[i32:221 i32:8 i32:9]", "iedata[2]:10"},
+        {MSG_VSIE_PROBERX_LIST, "list=[{idx=i32:1} {} {} {}]", "list[3]:10"},
     };
     for (const auto &c : cases) {
         bxtest::Msg msg(c.msg);
