@@ -115,9 +115,18 @@ TEST_F(Tool, RefusesAnInputTooLargeForAMessage)
     std::ofstream(big).close();
     fs::resize_file(big, 16u << 20);
     ToolRun r = run(BLOBXLATE_TOOL, "0 " + big.string());
-    fs::remove(big);
     EXPECT_EQ(r.exit_code, 2);
     EXPECT_NE(r.err.find(" is 16777216 bytes, more than the 16777215 a message can hold\n"), std::string::npos) << r.err;
+    // Each element of [1,1,...] takes 12 bytes as blobmsg: one more than fits.
+    std::string ones(2 * 1398101, ',');
+    for (size_t i = 0; i < ones.size(); i += 2)
+        ones[i] = '1';
+    std::ofstream(big, std::ios::trunc) << "{\"a\":[" << ones.substr(0, ones.size() - 1) << "]}";
+    r = run(BLOBXLATE_TOOL, "0 " + big.string());
+    fs::remove(big);
+    EXPECT_EQ(r.exit_code, 2);
+    EXPECT_NE(r.err.find(" is 2796209 bytes of JSON whose message takes 16777224 bytes, more than the 16777215"),
+              std::string::npos) << r.err;
 }
 
 // One line per type with a row in either table, each with its record.
