@@ -1,9 +1,10 @@
 # Installs the libraries, the header, a CMake package (find_package(blobxlate))
 # and a pkg-config file, neither naming a path of the build machine: the
 # package finds json-c and libubox with the find modules installed beside it,
-# and blobxlate.pc gives its prefix relative to itself. With the bundled libubox its headers go under
-# include/blobxlate/ and its archive is installed beside the library, so that
-# consumers build against exactly the layer the library was built with.
+# and blobxlate.pc gives its prefix relative to itself. With the bundled
+# libubox its headers go under include/blobxlate/ and its archive is
+# installed beside the library, so that consumers build against exactly the
+# layer the library was built with.
 set(BLOBXLATE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/blobxlate)
 
 install(FILES include/blobxlate.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})

@@ -1,7 +1,8 @@
 /* A program built against an installed blobxlate with nothing but what the
- * install gives it (pkg-config or find_package): a WAN status record sent as
- * a message and received back, printed as JSON text. Exits 0 when its
- * address and link speed came back. */
+ * install gives it: pkg-config (scripts/consumer-test) or find_package (the
+ * CMakeLists.txt beside it). It sends a WAN status record as a message,
+ * receives it back and prints it as JSON text; it exits 0 when the address
+ * and the link speed came back. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
