@@ -115,7 +115,7 @@ inline bool type_fits(int want, unsigned id)
 }
 
 /* memcmp(a, b, n) == 0 for the short keys of a bucket, without a call:
- * eight bytes at a time, then the rest one by one. */
+ * eight bytes at a time, then four, then the rest one by one. */
 inline bool same_bytes(const char *a, const char *b, size_t n)
 {
     uint64_t x = 0;
@@ -125,6 +125,17 @@ inline bool same_bytes(const char *a, const char *b, size_t n)
         std::memcpy(&y, b, sizeof y);
         if (x != y)
             return false;
+    }
+    uint32_t u = 0;
+    uint32_t v = 0;
+    if (n >= sizeof u) {
+        std::memcpy(&u, a, sizeof u);
+        std::memcpy(&v, b, sizeof v);
+        if (u != v)
+            return false;
+        a += sizeof u;
+        b += sizeof u;
+        n -= sizeof u;
     }
     for (size_t k = 0; k < n; ++k)
         if (a[k] != b[k])
