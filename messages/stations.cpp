@@ -68,9 +68,6 @@ constexpr Field kStaEntry[STA_MAX] = {
     BX_U64(StaEntry, uiTxDiscard, "txdiscard", "uiTxDiscard:%llu"),
 };
 
-/* Shared by the station list's elements and the lookup by MAC address. */
-constexpr const auto &g_stStaList_Array_policy = bx::Described<kStaEntry>::policy;
-
 /* The station's keys as they go out: the policy's order, except that
  * "fromwifi6" goes out before "macstatus". */
 struct StaKeysOut {

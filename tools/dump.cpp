@@ -57,7 +57,8 @@ std::string addresses_masked(const char *text)
         out.append(text, hex);
         char *end = nullptr;
         const uintptr_t v = std::strtoull(hex, &end, 16);
-        std::string shown(hex, static_cast<size_t>(end - hex));
+        const char *stop = end;
+        std::string shown(hex, stop);
         for (const Area &a : g_areas)
             if (v >= a.from && v - a.from < a.len)
                 shown = std::string(a.name) + "+" + std::to_string(v - a.from);
