@@ -66,7 +66,7 @@ void trace_field(const char *func, const Field &f, const char *text, size_t text
 {
 #ifndef BLOBXLATE_TRACE_OFF
     /* In the per-call mode a call whose switch is off builds no line. */
-    if (f.trace == nullptr || !trace_may_print())
+    if (f.trace() == nullptr || !trace_may_print())
         return;
     /* Table texts leave the line end to us: one print, one line. A text
      * value is printed with its length, so an array without a terminator of
@@ -74,9 +74,9 @@ void trace_field(const char *func, const Field &f, const char *text, size_t text
     char line_fmt[160];
     const size_t at = f.shape.at;
     if (f.shape.arg == TraceArg::Text)
-        std::snprintf(line_fmt, sizeof line_fmt, "%.*s.*%s\n", static_cast<int>(at), f.trace, f.trace + at);
+        std::snprintf(line_fmt, sizeof line_fmt, "%.*s.*%s\n", static_cast<int>(at), f.trace(), f.trace() + at);
     else
-        std::snprintf(line_fmt, sizeof line_fmt, "%s\n", f.trace);
+        std::snprintf(line_fmt, sizeof line_fmt, "%s\n", f.trace());
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
     switch (f.shape.arg) {
@@ -126,6 +126,21 @@ void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob
     parse_keys(policy, count, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
+void parse_span(const Field *rows, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end)
+{
+    auto *data = static_cast<char *>(blobmsg_data(elem));
+    const size_t span = blob_len(elem);
+    const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
+    parse_rows(rows, count, tb, data, static_cast<unsigned>(span < room ? span : room));
+}
+
+int parse_rows(const Field *rows, size_t count, blob_attr **tb, void *data, unsigned int len)
+{
+    count = count < kMaxEntryFields ? count : kMaxEntryFields;  /* entry_fields holds every list to it */
+    const KeyIndex<kMaxEntryFields> ix = index_keys<kMaxEntryFields>(RowKeys{rows}, count);
+    return parse_by_keys(RowKeys{rows}, ref(ix), count, tb, data, len);
+}
+
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
 {
     size_t n = strnlen(text, size);
@@ -156,23 +171,23 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
     uint64_t u64 = 0;
     switch (f.wire) {
     case Wire::Text:
-        add_text(buf, f.key, reinterpret_cast<const char *>(base), f.size);
+        add_text(buf, f.key(), reinterpret_cast<const char *>(base), f.size);
         break;
     case Wire::U32:
     case Wire::S32:
         std::memcpy(&u32, base, sizeof u32);
-        blobmsg_add_u32(buf, f.key, u32);
+        blobmsg_add_u32(buf, f.key(), u32);
         break;
     case Wire::U64:
         std::memcpy(&u64, base, sizeof u64);
-        blobmsg_add_u64(buf, f.key, u64);
+        blobmsg_add_u64(buf, f.key(), u64);
         break;
     case Wire::Word:
         std::memcpy(&u32, base, sizeof u32);
-        add_word(buf, f.key, f.word_list, u32);
+        add_word(buf, f.key(), f.word_list, u32);
         break;
     case Wire::U8:
-        blobmsg_add_u32(buf, f.key, *base);
+        blobmsg_add_u32(buf, f.key(), *base);
         break;
     case Wire::List:
         emit_list(f, record, buf);
@@ -216,10 +231,15 @@ int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t co
 
 void store_field(const char *func, const Field &f, blob_attr *attr, void *record)
 {
+    store_as(func, f, f.wire, attr, record);
+}
+
+void store_as(const char *func, const Field &f, Wire wire, blob_attr *attr, void *record)
+{
     auto *base = static_cast<uint8_t *>(record) + f.offset;
     uint32_t u32 = 0;
     uint64_t u64 = 0;
-    switch (f.wire) {
+    switch (wire) {
     case Wire::Text:
         copy_text(reinterpret_cast<char *>(base), f.whole ? f.size : f.size - 1u, attr);
         /* The last byte is the caller's: trace only what the array holds. */
@@ -266,15 +286,15 @@ uint32_t count_of(const void *record, const ListOf &l)
 Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
 {
     if (!l.tables) {
-        store_field(r.func, l.entry[0], elem, entry);
+        store_field(r.func, l.entry()[0], elem, entry);
         return kGoOn;
     }
     blob_attr *tb[kMaxEntryFields];
     if (l.spans && r.msg_end != nullptr)
-        parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
     else
-        parse_keys(l.policy, l.fields, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
-    return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry, l.fields);
+        parse_rows(l.entry(), l.fields, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
+    return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry(), l.fields);
 }
 
 void trace_with_count(const char *func, const char *text, uint32_t n)
@@ -299,7 +319,7 @@ Read read_list(const Reading &r, const Field &f, blob_attr *attr)
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     const uint32_t count = l.bound == Bound::Capacity ? l.capacity : at_most(count_of(r.record, l), l.capacity);
     const uint32_t limit = l.bound == Bound::Count ? count : l.capacity;
-    const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
+    const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry()[0].wire);
     uint32_t filled = 0;
     Read done = kGoOn;
     for_each_elem(attr, [&](blob_attr *elem) {
@@ -341,17 +361,17 @@ void emit_list(const Field &f, const void *record, blob_buf *buf)
     const ListOf &l = *f.list;
     const auto *first = static_cast<const uint8_t *>(record) + f.offset;
     const uint32_t n = l.count_at >= 0 ? at_most(count_of(record, l), l.capacity) : l.capacity;
-    void *array = blobmsg_open_array(buf, f.key);
+    void *array = blobmsg_open_array(buf, f.key());
     for (uint32_t i = 0; i < n; ++i) {
         const uint8_t *entry = first + i * l.stride;
-        if (l.to_first_empty && entry_empty(l.entry[0], entry))
+        if (l.to_first_empty && entry_empty(l.entry()[0], entry))
             break;
         if (!l.tables) {
-            emit_field(l.entry[0], entry, buf);
+            emit_field(l.entry()[0], entry, buf);
             continue;
         }
         void *table = blobmsg_open_table(buf, nullptr);
-        emit_fields(l.entry, l.fields, entry, buf, kNoMask);
+        emit_fields(l.entry(), l.fields, entry, buf, kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -370,28 +390,36 @@ uint32_t stored_u32(const Field &f, const void *record)
 
 Read refuse(const Reading &r, const Field &f)
 {
-    if (f.out_of_range != nullptr)
-        BX_TRACE_AS(r.func, "%s\n", f.out_of_range);
+    if (f.out_of_range() != nullptr)
+        BX_TRACE_AS(r.func, "%s\n", f.out_of_range());
     return {true, -1};
 }
 
 } // namespace
 
-Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
+Read test_slot(const Reading &r, const Field &f, blob_attr *attr)
+{
+    /* JTS_CheckBlobAttr answers 1 for any attribute: called for the missing. */
+    if (!f.tested || attr != nullptr || JTS_CheckBlobAttr(f.key(), attr))
+        return kGoOn;
+    if (f.refusal() != nullptr)
+        BX_TRACE_AS(r.func, "%s\n", f.refusal());
+    if (!f.required)
+        return kGoOn;
+    return {true, f.refused_ret};
+}
+
+Read read_slot(const Reading &r, const Field &f, blob_attr *attr) { return read_slot_as(r, f, f.wire, attr); }
+
+Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
 {
     if (!f.tested)
         return kGoOn;
-    /* JTS_CheckBlobAttr answers 1 for any attribute: called for the missing. */
-    if (attr == nullptr && !JTS_CheckBlobAttr(f.key, attr)) {
-        if (f.refusal != nullptr)
-            BX_TRACE_AS(r.func, "%s\n", f.refusal);
-        if (!f.required)
-            return kGoOn;
-        return {true, f.refused_ret};
-    }
+    if (attr == nullptr)
+        return test_slot(r, f, attr);
     if (!f.stored)
         return kGoOn;
-    if (f.wire == Wire::List) {
+    if (wire == Wire::List) {
         const Read done = read_list(r, f, attr);
         if (r.mask != nullptr)
             *r.mask |= f.mask_bit;
@@ -399,7 +427,7 @@ Read read_slot(const Reading &r, const Field &f, blob_attr *attr)
     }
     if (f.check == Check::Before && !in_range(f, get_u32(attr)))
         return refuse(r, f);
-    store_field(r.func, f, attr, r.record);
+    store_as(r.func, f, wire, attr, r.record);
     if (r.mask != nullptr)
         *r.mask |= f.mask_bit;
     if (f.check == Check::After && !in_range(f, stored_u32(f, r.record)))

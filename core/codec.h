@@ -16,12 +16,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 #include "blobxlate.h"
 #include "core/parse.h"
 #include "core/trace.h"
 
 namespace bx {
+
+struct Field;
 
 /* ---- Parsing ------------------------------------------------------------ */
 
@@ -138,6 +141,7 @@ inline const char *end_of(blob_attr *msg) { return static_cast<const char *>(blo
  * list in the message. The span is cut at the end of the message (msg_end,
  * see end_of) so that the parse never leaves it. */
 void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
+void parse_span(const Field *rows, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
 template <size_t N>
 inline void parse_span(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem, const char *msg_end)
 {
@@ -215,10 +219,12 @@ enum class Check : uint8_t {
     After,   /* stored and traced first, then refused: the record keeps it */
 };
 
-/* One member of a message: where it lives in the record, how it travels,
- * and every rule the message keeps for it. The rules default to "optional,
- * always sent, any value": a regular member is just its BX_* line. */
-struct Field {
+/* One member of a message as a table is written: where it lives in the
+ * record, how it travels, and every rule the message keeps for it. The
+ * rules default to "optional, always sent, any value": a regular member is
+ * just its BX_* line. This form exists only while compiling: BX_PACKED
+ * turns a table of them into the rows the library keeps (Field, below). */
+struct FieldDef {
     const char *key;
     Wire wire;
     int8_t word_list;  /* EnumKind of a Word, else -1 */
@@ -227,7 +233,6 @@ struct Field {
     const char *trace;  /* trace after storing (no line end), or nullptr */
     TraceShape shape;   /* how trace's value is passed */
     const char *member = nullptr;  /* the record member's name, for the description */
-    /* The rules, packed: a router keeps these rows in flash. */
     bool sent : 1 = true;            /* false: only ever received */
     bool whole : 1 = false;          /* a text copied with the array's whole size */
     bool tested : 1 = true;          /* false: parsed by the policy, never tested */
@@ -245,6 +250,54 @@ struct Field {
     uint32_t highest = 0;
 };
 
+/* One member of a message as the library keeps it: FieldDef's columns, with
+ * each text an offset from the row itself into its table's text pool, which
+ * follows the rows (see Packed). A row holds no pointer to a text, so the
+ * loader relocates nothing in it and its pages stay shared between the
+ * processes that load the library. Rows live only inside their table: a
+ * copy would lose its texts, so a row cannot be copied. */
+struct Field {
+    uint16_t key_at = 0;           /* each text: 0 when there is none */
+    uint16_t trace_at = 0;
+    uint16_t member_at = 0;
+    uint16_t refusal_at = 0;
+    uint16_t out_of_range_at = 0;
+    Wire wire = Wire::U32;
+    int8_t word_list = -1;
+    uint16_t offset = 0;
+    uint16_t size = 0;
+    TraceShape shape{};
+    bool sent : 1 = true;
+    bool whole : 1 = false;
+    bool tested : 1 = true;
+    bool stored : 1 = true;
+    bool required : 1 = false;
+    Check check = Check::None;
+    int8_t refused_ret = -1;
+    uint32_t mask_bit = 0;
+    uint32_t sent_if = 0;
+    uint32_t lowest = 0;
+    uint32_t highest = 0;
+    const ListOf *list = nullptr;
+    const Quirk *quirk = nullptr;
+
+    constexpr Field() = default;
+    Field(const Field &) = delete;
+    Field &operator=(const Field &) = delete;
+
+    const char *key() const { return text_at(key_at); }
+    const char *trace() const { return text_at(trace_at); }
+    const char *member() const { return text_at(member_at); }
+    const char *refusal() const { return text_at(refusal_at); }
+    const char *out_of_range() const { return text_at(out_of_range_at); }
+
+private:
+    const char *text_at(uint16_t at) const
+    {
+        return at == 0 ? nullptr : reinterpret_cast<const char *>(this) + at;
+    }
+};
+
 /* Offsets and sizes of members are 16-bit columns: one that does not fit
  * stops the compile rather than wrap. */
 void member_beyond_16_bits();  /* never defined: stops the compile */
@@ -257,16 +310,16 @@ consteval uint16_t fits16(size_t n)
 #define BX_FIELD_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member))
 #define BX_FIELD_AT(Rec, member) ::bx::fits16(offsetof(Rec, member))
 #define BX_TEXT(Rec, member, key, trace)                                                              \
-    ::bx::Field{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
+    ::bx::FieldDef{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
                 trace, ::bx::trace_shape(trace), #member}
 #define BX_U32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
+    ::bx::FieldDef{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 #define BX_S32(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
+    ::bx::FieldDef{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 #define BX_U64(Rec, member, key, trace) \
-    ::bx::Field{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace), #member}
+    ::bx::FieldDef{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace), #member}
 #define BX_WORD(Rec, member, word_list, key, trace) \
-    ::bx::Field{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
+    ::bx::FieldDef{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
 
 /* A text array's size, held to what sending can terminate. */
 void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
@@ -280,7 +333,7 @@ consteval uint16_t text_size(uint16_t size)
 /* A member without which the message is refused: `refusal` (when not null)
  * is traced and the converter returns `ret` (-1, or 0 where the message
  * says so). */
-constexpr Field required(Field f, const char *refusal, int8_t ret = -1)
+constexpr FieldDef required(FieldDef f, const char *refusal, int8_t ret = -1)
 {
     f.required = true;
     f.refusal = refusal;
@@ -290,7 +343,7 @@ constexpr Field required(Field f, const char *refusal, int8_t ret = -1)
 
 /* An optional member whose absence is reported like a refusal (`report`
  * traced), though the message goes on. */
-constexpr Field reported(Field f, const char *report)
+constexpr FieldDef reported(FieldDef f, const char *report)
 {
     f.refusal = report;
     return f;
@@ -298,16 +351,16 @@ constexpr Field reported(Field f, const char *report)
 
 /* A member with a validity bit in the record's mask: storing it sets `bit`,
  * sending needs one of `sent_if` in the mask. */
-constexpr Field flagged(Field f, uint32_t bit, uint32_t sent_if)
+constexpr FieldDef flagged(FieldDef f, uint32_t bit, uint32_t sent_if)
 {
     f.mask_bit = bit;
     f.sent_if = sent_if;
     return f;
 }
-constexpr Field flagged(Field f, uint32_t bit) { return flagged(f, bit, bit); }
+constexpr FieldDef flagged(FieldDef f, uint32_t bit) { return flagged(f, bit, bit); }
 
 /* A number refused (trace `refusal`, result -1) outside lowest..highest. */
-constexpr Field ranged(Field f, uint32_t lowest, uint32_t highest, const char *refusal)
+constexpr FieldDef ranged(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
 {
     f.check = Check::Before;
     f.lowest = lowest;
@@ -318,7 +371,7 @@ constexpr Field ranged(Field f, uint32_t lowest, uint32_t highest, const char *r
 
 /* The same test made once the value is stored and traced (refusal may be
  * nullptr: the store's own trace is the only line). */
-constexpr Field ranged_after(Field f, uint32_t lowest, uint32_t highest, const char *refusal)
+constexpr FieldDef ranged_after(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
 {
     f = ranged(f, lowest, highest, refusal);
     f.check = Check::After;
@@ -327,11 +380,11 @@ constexpr Field ranged_after(Field f, uint32_t lowest, uint32_t highest, const c
 
 /* An enumeration word refused once stored when its list does not know it
  * (stored as -1). */
-constexpr Field known_word(Field f) { return ranged_after(f, 0, 0x7FFFFFFFu, nullptr); }
+constexpr FieldDef known_word(FieldDef f) { return ranged_after(f, 0, 0x7FFFFFFFu, nullptr); }
 
 /* A key the message's policy lists and tests (its absence is traced) but
  * that no converter reads. */
-constexpr Field tested_only(Field f)
+constexpr FieldDef tested_only(FieldDef f)
 {
     f.stored = false;
     return f;
@@ -339,7 +392,7 @@ constexpr Field tested_only(Field f)
 
 /* A text copied with its array's whole size: one that fills the array
  * is stored without a terminator. */
-constexpr Field whole(Field f)
+constexpr FieldDef whole(FieldDef f)
 {
     f.whole = true;
     return f;
@@ -347,7 +400,7 @@ constexpr Field whole(Field f)
 
 /* A key that only the message's policy lists: tested, never read, never
  * sent. */
-constexpr Field listed_only(Field f)
+constexpr FieldDef listed_only(FieldDef f)
 {
     f.stored = false;
     f.sent = false;
@@ -356,7 +409,7 @@ constexpr Field listed_only(Field f)
 
 /* A key the message's policy parses but nothing tests, reads or sends: the
  * policy keeps the slots the daemons have always parsed, in their order. */
-constexpr Field parsed_only(Field f)
+constexpr FieldDef parsed_only(FieldDef f)
 {
     f.tested = false;
     f.stored = false;
@@ -366,9 +419,9 @@ constexpr Field parsed_only(Field f)
 
 /* A key the policy parses that the record has no member for (see
  * parsed_only). */
-constexpr Field parsed_key(const char *key, Wire wire)
+constexpr FieldDef parsed_key(const char *key, Wire wire)
 {
-    return parsed_only(Field{key, wire, -1, 0, 0, nullptr, {}});
+    return parsed_only(FieldDef{key, wire, -1, 0, 0, nullptr, {}});
 }
 
 /* The validity bits of the settings, in a mask whose high bits say other
@@ -389,8 +442,7 @@ enum class Bound : uint8_t {
  * them, and how the walk of a received list ends. Elements are walked by
  * for_each_elem: a malformed one reads as nothing. */
 struct ListOf {
-    const Field *entry;            /* an entry's fields; a bare value has one, at offset 0, without key */
-    const blobmsg_policy *policy;  /* the entry table's policy (tables only) */
+    const Field *entry_rows;       /* an entry's fields (see entry()) */
     uint8_t fields;                /* rows in entry */
     bool tables;                   /* elements are tables; else bare values of entry[0] */
     uint16_t stride;               /* bytes between entries in the record */
@@ -404,6 +456,13 @@ struct ListOf {
     bool any_type = false;         /* elements read as entries whatever their blobmsg type */
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
+    int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
+
+    /* An entry's fields; a bare value has one, at offset 0, without key. */
+    const Field *entry() const
+    {
+        return entry_rows != nullptr ? entry_rows : reinterpret_cast<const Field *>(reinterpret_cast<const char *>(this) + entry_at);
+    }
 
     /* The record counts its entries in the u32 at byte offset `at`: it bounds
      * what is sent. */
@@ -444,28 +503,28 @@ consteval uint8_t entry_fields(size_t count)
 
 /* Rec::member as a list of tables, each entry read and sent by table Entry. */
 #define BX_TABLES(Rec, member, Entry)                                                                   \
-    ::bx::ListOf{Entry, ::bx::Described<Entry>::policy.entries, ::bx::entry_fields(::bx::Described<Entry>::count), \
+    ::bx::ListOf{Entry, ::bx::entry_fields(::bx::Described<Entry>::count), \
                  true, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
 /* Rec::member as a list of bare values, each entry the one field of Entry. */
 #define BX_VALUES(Rec, member, Entry) \
-    ::bx::ListOf{Entry, nullptr, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+    ::bx::ListOf{Entry, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
 
 /* The entry of a list of bare texts of `size` bytes, of numbers, or of
  * bytes. */
 #define BX_TEXT_ENTRY(size, trace) \
-    ::bx::Field{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
-#define BX_U32_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
-#define BX_U8_ENTRY(trace) ::bx::Field{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
+    ::bx::FieldDef{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
+#define BX_U32_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
+#define BX_U8_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
 
 /* Rec::member sent and received as the list `key`; `trace` (or nullptr)
  * follows a received list with the number of entries filled. The row's
  * size stays 0: the list's entries and capacity say how far it reaches. */
 #define BX_LIST(Rec, member, key, list, trace)                                                                  \
-    ::bx::with_list(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace), \
+    ::bx::with_list(::bx::FieldDef{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace), \
                                 #member},                                                                     \
                     list)
 
-constexpr Field with_list(Field f, const ListOf &list)
+constexpr FieldDef with_list(FieldDef f, const ListOf &list)
 {
     f.list = &list;
     return f;
@@ -481,6 +540,109 @@ constexpr const char *kListFull = "list full, %u entries kept\n";
 #define BX_COUNT(Rec) BX_U32(Rec, uiCount, "count", nullptr)
 #define BX_COUNTED_LIST(Rec, member, key, list) BX_LIST(Rec, member, key, list, "count:%u")
 
+/* ---- Packed tables ------------------------------------------------------------ */
+
+constexpr size_t text_length(const char *text)
+{
+    size_t n = 0;
+    while (text[n] != 0)
+        ++n;
+    return n;
+}
+
+/* The bytes a table's texts take in its pool, terminators included. */
+template <typename Source>
+constexpr size_t pool_bytes(const Source &src)
+{
+    size_t n = 0;
+    for (const FieldDef &f : src)
+        for (const char *text : {f.key, f.trace, f.member, f.refusal, f.out_of_range})
+            n += text != nullptr ? text_length(text) + 1 : 0;
+    return n > 0 ? n : 1;
+}
+
+void table_beyond_16_bit_offsets();  /* never defined: stops the compile */
+
+/* A table as the library keeps it: its rows, then the pool of their texts.
+ * Built at compile time from the table's source rows (FieldDef); only this
+ * object is stored. */
+template <size_t N, size_t P>
+struct Packed {
+    Field rows[N];
+    char pool[P] = {};
+    /* The table as the one entry of a list, the handle of a message's
+     * fields: it finds the rows by their offset from itself. */
+    ListOf whole{nullptr, static_cast<uint8_t>(N), true, 0, 1};
+
+    template <typename Source>
+    consteval explicit Packed(const Source &src)
+    {
+        static_assert(N <= 0xFFu, "a table has at most 255 rows");
+        size_t used = 0;
+        for (size_t i = 0; i < N; ++i)
+            pack_row(rows[i], src[i], i, used);
+        whole.entry_at = -static_cast<int32_t>(offsetof(Packed, whole));
+    }
+
+    constexpr operator const Field *() const { return rows; }  /* NOLINT(google-explicit-constructor) */
+    constexpr const Field *begin() const { return rows; }
+    constexpr const Field *end() const { return rows + N; }
+    static constexpr size_t size() { return N; }
+
+    /* Row i's key as a constant, for the key index built at compile time. */
+    constexpr const char *key_text(size_t i) const { return pool + (rows[i].key_at - (N - i) * sizeof(Field)); }
+
+private:
+    /* A text's offset from row i: the pool follows the last row. */
+    consteval uint16_t add_text(const char *text, size_t i, size_t &used)
+    {
+        if (text == nullptr)
+            return 0;
+        const size_t at = (N - i) * sizeof(Field) + used;
+        if (at > 0xFFFFu)
+            table_beyond_16_bit_offsets();
+        for (size_t k = 0; k <= text_length(text); ++k)
+            pool[used++] = text[k];
+        return static_cast<uint16_t>(at);
+    }
+
+    consteval void pack_row(Field &row, const FieldDef &f, size_t i, size_t &used)
+    {
+        row.key_at = add_text(f.key, i, used);
+        row.trace_at = add_text(f.trace, i, used);
+        row.member_at = add_text(f.member, i, used);
+        row.refusal_at = add_text(f.refusal, i, used);
+        row.out_of_range_at = add_text(f.out_of_range, i, used);
+        row.wire = f.wire;
+        row.word_list = f.word_list;
+        row.offset = f.offset;
+        row.size = f.size;
+        row.shape = f.shape;
+        row.sent = f.sent;
+        row.whole = f.whole;
+        row.tested = f.tested;
+        row.stored = f.stored;
+        row.required = f.required;
+        row.check = f.check;
+        row.refused_ret = f.refused_ret;
+        row.mask_bit = f.mask_bit;
+        row.sent_if = f.sent_if;
+        row.lowest = f.lowest;
+        row.highest = f.highest;
+        row.list = f.list;
+        row.quirk = f.quirk;
+    }
+};
+
+template <const auto &Source>
+inline constexpr Packed<std::size(Source), pool_bytes(Source)> kPacked{Source};
+
+/* Defines table `name` from its source rows `name##Source`:
+ *     constexpr bx::FieldDef kThingSource[] = {BX_U32(...), ...};
+ *     BX_PACKED(kThing);
+ */
+#define BX_PACKED(name) constexpr const auto &name = ::bx::kPacked<name##Source>
+
 /* Traces field f's `trace` and a line end with one value. */
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number);
 
@@ -493,41 +655,65 @@ constexpr enum blobmsg_type wire_type(Wire wire)
          : BLOBMSG_TYPE_STRING;
 }
 
-/* The key policy of a field table, built at compile time, in table order. */
-template <size_t N>
-struct FieldPolicy {
-    blobmsg_policy entries[N];
+/* A table's rows as the keys of a parse: no policy is stored. */
+struct RowKeys {
+    const Field *rows;
+    bool has(size_t i) const { return rows[i].key() != nullptr; }
+    const char *name(size_t i) const { return rows[i].key(); }
+    int type(size_t i) const { return wire_type(rows[i].wire); }
 };
 
-template <size_t N>
-constexpr FieldPolicy<N> policy_of(const Field (&fields)[N])
+/* Parses an area by a list entry's rows (at most kMaxEntryFields), their
+ * index built on the stack. */
+int parse_rows(const Field *rows, size_t count, blob_attr **tb, void *data, unsigned int len);
+
+/* A packed table's keys while compiling, read from its pool. */
+template <size_t N, size_t P>
+struct PackedKeys {
+    const Packed<N, P> *table;
+    constexpr bool has(size_t i) const { return table->rows[i].key_at != 0; }
+    constexpr const char *name(size_t i) const { return table->key_text(i); }
+};
+template <size_t N, size_t P>
+constexpr PackedKeys<N, P> packed_keys(const Packed<N, P> &table)
 {
-    FieldPolicy<N> out{};
-    for (size_t i = 0; i < N; ++i)
-        out.entries[i] = blobmsg_policy{fields[i].key, wire_type(fields[i].wire)};
-    return out;
+    return PackedKeys<N, P>{&table};
 }
 
-/* A field table with its policy, both in read-only memory: `Table` names a
- * constexpr array of static storage, so the slot and its key cannot drift
- * apart. */
+/* A packed table's row count. */
 template <const auto &Table>
 struct Described {
-    static constexpr size_t count = sizeof Table / sizeof Table[0];
-    static constexpr FieldPolicy<count> policy = policy_of(Table);
+    static constexpr size_t count = Table.size();
 };
 
-/* The key index of a field table's policy, built at compile time. */
+/* The key index of a table, built at compile time: no policy is stored, the
+ * parse reads each key from its row. */
 template <const auto &Table>
 struct KeysOf {
-    static constexpr KeyIndex<Described<Table>::count> index = index_keys(Described<Table>::policy.entries);
+    static constexpr KeyIndex<Described<Table>::count> index =
+        index_keys<Described<Table>::count>(packed_keys(Table), Described<Table>::count);
 };
+
+/* Parses a whole message by a table's rows and key index. */
+template <const auto &Table, size_t N>
+inline int parse_msg(blob_attr *(&tb)[N], blob_attr *msg)
+{
+    static_assert(N == Described<Table>::count, "one slot per row");
+    return parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), N, tb, blob_data(msg), blob_len(msg));
+}
+
+/* JTS_CheckBlobAttr for slot `slot`, with its row's key. */
+template <size_t N, size_t P>
+inline bool present(const Packed<N, P> &table, blob_attr *const (&tb)[N], size_t slot)
+{
+    return JTS_CheckBlobAttr(table.rows[slot].key(), tb[slot]) != 0;
+}
 
 template <const auto &Table, size_t N>
 inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem)
 {
     static_assert(N == Described<Table>::count, "one slot per row");
-    return parse_indexed(Described<Table>::policy.entries, ref(KeysOf<Table>::index), N, tb, blobmsg_data(elem),
+    return parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), N, tb, blobmsg_data(elem),
                          static_cast<unsigned>(blobmsg_data_len(elem)));
 }
 
@@ -566,7 +752,7 @@ struct Quirk {
 };
 
 void quirk_without_note();  /* never defined: stops the compile */
-constexpr Field with_quirk(Field f, const Quirk &quirk)
+constexpr FieldDef with_quirk(FieldDef f, const Quirk &quirk)
 {
     if (quirk.note == nullptr)
         quirk_without_note();
@@ -577,6 +763,13 @@ constexpr Field with_quirk(Field f, const Quirk &quirk)
 /* One slot by its field's columns: tests it (JTS_CheckBlobAttr), stores and
  * traces it, sets its mask bit; a refusal ends the message. */
 Read read_slot(const Reading &r, const Field &f, blob_attr *attr);
+
+/* The same, the value read as `wire` travels rather than as the row says. */
+Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr);
+
+/* Only the slot's presence test and its report: a refusal when a required
+ * one is missing. */
+Read test_slot(const Reading &r, const Field &f, blob_attr *attr);
 
 /* Every slot in table order (a quirk's own reading where the row has one),
  * stopping at the first refusal. */
@@ -589,6 +782,7 @@ void emit_field(const Field &f, const void *record, blob_buf *buf);
 
 /* Stores one present attribute as field f of the record and traces it. */
 void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
+void store_as(const char *func, const Field &f, Wire wire, blob_attr *attr, void *record);
 
 /* A text array of the record as a STRING member (a null key adds an array
  * element), never read past the array. */
@@ -601,10 +795,10 @@ inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
 
 /* The struct-to-JSON converter of a table: -1 on a null argument, else 0. */
 int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at = kNoMask);
-template <size_t N>
-inline int stj_fields(const void *record, blob_buf *buf, const Field (&fields)[N], int mask_at = kNoMask)
+template <size_t N, size_t P>
+inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P> &table, int mask_at = kNoMask)
 {
-    return stj_fields(record, buf, fields, N, mask_at);
+    return stj_fields(record, buf, table.rows, N, mask_at);
 }
 
 /* Parses an area (a message's payload or a list element's value) against
@@ -614,7 +808,7 @@ inline Read read_area(const char *func, void *data, size_t len, void *record, in
 {
     using D = Described<Table>;
     blob_attr *tb[D::count];
-    parse_indexed(D::policy.entries, ref(KeysOf<Table>::index), D::count, tb, data, static_cast<unsigned>(len));
+    parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), D::count, tb, data, static_cast<unsigned>(len));
     uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
     return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, Table, D::count);
 }
@@ -638,9 +832,9 @@ inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_a
  * The catalogue names every converter, and the description of converter C
  * is bx::described::C: a converter without one stops the link. */
 struct Converter {
-    ListOf fields;
-    const blobmsg_policy *policy;  /* nullptr for a struct-to-JSON converter */
-    uint16_t policy_count;
+    const ListOf *fields;          /* the table as a list of one entry; nullptr: no converter */
+    const blobmsg_policy *policy;  /* a hand-written converter's own policy; nullptr: the table's keys */
+    uint16_t policy_count;         /* 0 for a struct-to-JSON converter */
     int32_t mask_at;               /* byte offset of the record's mask, or kNoMask */
     const char *note;              /* how a hand-written converter departs from its table, or nullptr */
 };
@@ -653,16 +847,17 @@ consteval uint8_t table_rows(size_t count)
     return static_cast<uint8_t>(count);
 }
 
-/* A message's table as the one entry of a list. */
-constexpr ListOf whole_record(const Field *fields, uint8_t count) { return ListOf{fields, nullptr, count, true, 0, 1}; }
-
-#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note)                                     \
-    extern "C++" {                                                                                             \
-    namespace bx::described {                                                                                  \
-    extern const ::bx::Converter converter{                                                                    \
-        ::bx::whole_record(table, ::bx::table_rows(sizeof(table) / sizeof((table)[0]))), policy, policy_count, \
-        mask_at, note};                                                                                        \
-    }                                                                                                          \
+/* The description of converter C is the function bx::described::C, built
+ * in code so that nothing in it is relocated: the table's own list of one
+ * entry (Packed::whole), the policy, the mask and the note. */
+#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note)     \
+    extern "C++" {                                                             \
+    namespace bx::described {                                                  \
+    ::bx::Converter converter()                                                \
+    {                                                                          \
+        return ::bx::Converter{&(table).whole, policy, policy_count, mask_at, note}; \
+    }                                                                          \
+    }                                                                          \
     }
 
 /* Defines a message's two converters: sent by one field table, received by
@@ -689,8 +884,7 @@ constexpr ListOf whole_record(const Field *fields, uint8_t count) { return ListO
         BX_TRACE_CALL();                                                                   \
         return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
     }                                                                                      \
-    BX_DESCRIBED(jts_name, received, ::bx::Described<received>::policy.entries,              \
-                 ::bx::Described<received>::count, mask_at, nullptr)
+    BX_DESCRIBED(jts_name, received, nullptr, ::bx::Described<received>::count, mask_at, nullptr)
 
 /* A message sent and received by one table. */
 #define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \

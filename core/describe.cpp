@@ -3,14 +3,16 @@
  * it is an entry of (a message's table is the one entry of its record). */
 #include <cstdio>
 #include <cstring>
+#include <mutex>
 
 #include "blobxlate.h"
 #include "core/catalogue.h"
 #include "core/codec.h"
 #include "core/describe.h"
+#include "core/tables.h"
 
 /* Every converter the catalogue names has a description of the same name. */
-#define BX_ROW(position, name, converter) extern const Converter converter;
+#define BX_ROW(position, name, converter) Converter converter();
 #define BX_NO_ROW
 #define BX_LINE(type, sent, received, to_json, to_struct) to_json to_struct
 namespace bx::described {
@@ -23,20 +25,6 @@ BX_CATALOGUE(BX_LINE)
 namespace bx {
 
 namespace {
-
-struct DescribedLine {
-    int32_t type;
-    const Converter *to_json;
-    const Converter *to_struct;
-};
-
-#define BX_ROW(position, name, converter) &described::converter
-#define BX_NO_ROW nullptr
-#define BX_LINE(type, sent, received, to_json, to_struct) DescribedLine{type, to_json, to_struct},
-constexpr DescribedLine kDescribed[] = {BX_CATALOGUE(BX_LINE)};
-#undef BX_LINE
-#undef BX_NO_ROW
-#undef BX_ROW
 
 const BlobxlateFields *handle(const ListOf *list)
 {
@@ -51,7 +39,7 @@ int presence(const Field &f)
         return f.sent ? BLOBXLATE_TESTED_ONLY : BLOBXLATE_LISTED_ONLY;
     if (f.required)
         return BLOBXLATE_REQUIRED;
-    return f.refusal != nullptr ? BLOBXLATE_REPORTED : BLOBXLATE_OPTIONAL;
+    return f.refusal() != nullptr ? BLOBXLATE_REPORTED : BLOBXLATE_OPTIONAL;
 }
 
 const char *scalar_ctype(Wire wire)
@@ -97,7 +85,7 @@ void ctype_of(const Field &f, char (&out)[24])
     }
     const ListOf &l = *f.list;
     if (!l.tables)
-        value_ctype(l.entry[0], entry);
+        value_ctype(l.entry()[0], entry);
     if (l.capacity == 0)
         std::snprintf(out, sizeof out, "%s *", entry);
     else
@@ -114,15 +102,15 @@ BlobxlateList list_of(const ListOf &l)
 void describe_field(const Field &f, BlobxlateField &out)
 {
     out = BlobxlateField{};
-    out.pcKey = f.key;
+    out.pcKey = f.key();
     out.iBlobType = wire_type(f.wire);
-    out.pcMember = f.member;
+    out.pcMember = f.member();
     out.uiOffset = f.offset;
     out.uiSize = f.list != nullptr ? static_cast<uint32_t>(f.list->stride) * f.list->capacity : f.size;
     ctype_of(f, out.szCType);
     out.iPresence = presence(f);
     out.iRefusedRet = f.refused_ret;
-    out.pcRefusal = f.refusal;
+    out.pcRefusal = f.refusal();
     out.iSent = f.sent ? 1 : 0;
     out.iWholeText = f.whole ? 1 : 0;
     out.uiMaskBit = f.mask_bit;
@@ -130,7 +118,7 @@ void describe_field(const Field &f, BlobxlateField &out)
     out.iRangeCheck = static_cast<int>(f.check);
     out.uiLowest = f.lowest;
     out.uiHighest = f.highest;
-    out.pcOutOfRange = f.out_of_range;
+    out.pcOutOfRange = f.out_of_range();
     out.iEnumKind = f.word_list;
     out.iIsList = f.list != nullptr ? 1 : 0;
     if (f.list != nullptr)
@@ -140,16 +128,57 @@ void describe_field(const Field &f, BlobxlateField &out)
 
 } // namespace
 
-const Converter *converter_of(int direction, int type)
+/* A switch rather than a table of pointers: the code reaches each
+ * description without a relocated copy of the catalogue. */
+#define BX_ROW(position, name, converter) described::converter()
+#define BX_NO_ROW Converter{}
+#define BX_LINE(type, sent, received, to_json, to_struct) \
+    case type:                                           \
+        return direction == BLOBXLATE_TO_JSON ? to_json : to_struct;
+namespace {
+Converter described_of(int direction, int type)
 {
-    for (const DescribedLine &line : kDescribed) {
-        if (line.type != type)
-            continue;
-        if (direction == BLOBXLATE_TO_JSON)
-            return line.to_json;
-        return direction == BLOBXLATE_TO_STRUCT ? line.to_struct : nullptr;
+    switch (type) {
+        BX_CATALOGUE(BX_LINE)
+    default:
+        return Converter{};
     }
-    return nullptr;
+}
+} // namespace
+#undef BX_LINE
+#undef BX_NO_ROW
+#undef BX_ROW
+
+/* The policies of table converters, built from their rows when first asked
+ * for: the library stores none (its parse reads the rows). Each is built
+ * once, under a lock, and never changes after. */
+constexpr size_t kPolicyRoom = 2048;
+
+const blobmsg_policy *built_policy(int type, const Converter &c)
+{
+    static std::mutex lock;
+    static blobmsg_policy entries[kPolicyRoom];
+    static size_t used;
+    static uint16_t start[kLastMessageType + 1];  /* start + 1; 0: not built yet */
+    if (type < kFirstMessageType || type > kLastMessageType)
+        return nullptr;
+    const std::lock_guard<std::mutex> hold(lock);
+    if (start[type] == 0) {
+        if (used + c.policy_count > kPolicyRoom)
+            return nullptr;
+        for (size_t i = 0; i < c.policy_count; ++i)
+            entries[used + i] = blobmsg_policy{c.fields->entry()[i].key(), wire_type(c.fields->entry()[i].wire)};
+        start[type] = static_cast<uint16_t>(used + 1);
+        used += c.policy_count;
+    }
+    return &entries[start[type] - 1];
+}
+
+Converter converter_of(int direction, int type)
+{
+    if (direction != BLOBXLATE_TO_JSON && direction != BLOBXLATE_TO_STRUCT)
+        return Converter{};
+    return described_of(direction, type);
 }
 
 const ListOf *table_of(const BlobxlateFields *fields)
@@ -163,11 +192,11 @@ extern "C" {
 
 BX_API int BLOBXLATE_Describe(int iDirection, int iType, BlobxlateMessage *pstOut)
 {
-    const bx::Converter *c = bx::converter_of(iDirection, iType);
+    const bx::Converter c = bx::converter_of(iDirection, iType);
     const MessageTransEntry *row = BLOBXLATE_FindRow(iDirection, iType);
-    if (c == nullptr || row == nullptr || pstOut == nullptr)
+    if (c.fields == nullptr || row == nullptr || pstOut == nullptr)
         return -1;
-    *pstOut = BlobxlateMessage{iType, iDirection, row->name, bx::handle(&c->fields), c->mask_at, c->note};
+    *pstOut = BlobxlateMessage{iType, iDirection, row->name, bx::handle(c.fields), c.mask_at, c.note};
     return 0;
 }
 
@@ -180,16 +209,18 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
 {
     if (pstFields == nullptr || pstOut == nullptr || iIndex < 0 || iIndex >= BLOBXLATE_FieldCount(pstFields))
         return -1;
-    bx::describe_field(bx::table_of(pstFields)->entry[iIndex], *pstOut);
+    bx::describe_field(bx::table_of(pstFields)->entry()[iIndex], *pstOut);
     return 0;
 }
 
 BX_API const struct blobmsg_policy *BLOBXLATE_Policy(int iType, int *piCount)
 {
-    const bx::Converter *c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
-    const blobmsg_policy *policy = c != nullptr && c->policy_count > 0 ? c->policy : nullptr;
+    const bx::Converter c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
+    const blobmsg_policy *policy = c.fields == nullptr || c.policy_count == 0 ? nullptr
+                                 : c.policy != nullptr                        ? c.policy
+                                                                              : bx::built_policy(iType, c);
     if (piCount != nullptr)
-        *piCount = policy != nullptr ? c->policy_count : 0;
+        *piCount = policy != nullptr ? c.policy_count : 0;
     return policy;
 }
 

@@ -9,8 +9,12 @@
 namespace bx {
 
 /* The converter of a type in a direction (BLOBXLATE_TO_JSON or
- * BLOBXLATE_TO_STRUCT), or nullptr. */
-const Converter *converter_of(int direction, int type);
+ * BLOBXLATE_TO_STRUCT); its fields are null when there is none. */
+Converter converter_of(int direction, int type);
+
+/* The policy of a table converter, built from its rows on first request
+ * (null when it would not fit the room kept for them). */
+const blobmsg_policy *built_policy(int type, const Converter &c);
 
 /* The table behind a handle of the public API. */
 const ListOf *table_of(const BlobxlateFields *fields);

@@ -122,7 +122,7 @@ blob_attr *slot_of(void *data, size_t len, const Field &f)
 {
     blob_attr *slot = nullptr;
     walk_area(data, len, [&](blob_attr *attr) {
-        if (slot == nullptr && named(attr, f.key) && blobmsg_type(attr) == wire_type(f.wire))
+        if (slot == nullptr && named(attr, f.key()) && blobmsg_type(attr) == wire_type(f.wire))
             slot = attr;
     });
     return slot;
@@ -132,14 +132,14 @@ struct Area {
     void *data;
     size_t len;
     const ListOf &table;
-    const blobmsg_policy *policy;  /* a hand-written converter's own policy, or nullptr */
+    const blobmsg_policy *policy;  /* a hand-written converter's own policy, or nullptr: its table's keys */
     uint16_t policy_count;
 };
 
 bool in_policy(const Area &a, const blob_attr *attr)
 {
     for (uint16_t i = 0; i < a.policy_count; ++i) {
-        if (named(attr, a.policy[i].name))
+        if (named(attr, a.policy != nullptr ? a.policy[i].name : a.table.entry()[i].key()))
             return true;
     }
     return false;
@@ -170,8 +170,8 @@ void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
     const char *key = at < in.path_len ? in.path + at : "";
     const Field *row = nullptr;
     for (uint8_t i = 0; i < a.table.fields && row == nullptr; ++i) {
-        if (named(attr, a.table.entry[i].key))
-            row = &a.table.entry[i];
+        if (named(attr, a.table.entry()[i].key()))
+            row = &a.table.entry()[i];
     }
     if (row == nullptr && !in_policy(a, attr)) {
         BX_SAY(in, "not a key of this message: ignored");
@@ -179,7 +179,7 @@ void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
     } else if (row != nullptr && blobmsg_type(attr) != wire_type(row->wire)) {
         inspect_wrong_type(in, *row, attr, key);
     } else if (row != nullptr && slot_of(a.data, a.len, *row) != attr) {
-        BX_SAY(in, "a second \"%s\": ignored, the first is read", row->key);
+        BX_SAY(in, "a second \"%s\": ignored, the first is read", row->key());
         report(in, BLOBXLATE_FINDING_DUPLICATE, key);
     } else if (row != nullptr && (!row->tested || (!row->stored && !row->sent))) {
         BX_SAY(in, "never read: ignored");
@@ -197,7 +197,7 @@ void inspect_text(Inspection &in, const Field &f, blob_attr *attr)
     if (len <= bound)
         return;
     BX_SAY(in, "a text of %zu characters: cut to %zu", len, bound);
-    report(in, BLOBXLATE_FINDING_TEXT_CUT, f.key);
+    report(in, BLOBXLATE_FINDING_TEXT_CUT, f.key());
 }
 
 /* The number a word is stored as; *known false for a word its list does
@@ -205,14 +205,14 @@ void inspect_text(Inspection &in, const Field &f, blob_attr *attr)
  * text. */
 int word_number(int kind, blob_attr *attr, bool *known)
 {
-    const WordList *k = find_word_list(kind);
+    const PooledList *k = find_word_list(kind);
     const char *text = get_text(attr);
     if (k == nullptr) {
         *known = false;
         return -1;
     }
     if (k->out != Out::StandardSet) {
-        const Word *w = find_text(k->in, text);
+        const PooledWord *w = find_text(words_in(*k), text);
         *known = w != nullptr;
         return w != nullptr ? w->number : k->unknown_text;
     }
@@ -252,7 +252,7 @@ void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
     if (unknown) {
         BX_SAY(in, "\"%s\" is no word of its list: stored as %d%s", get_text(attr), static_cast<int>(stored),
             refused_after ? ", then the message is refused" : "");
-        report(in, BLOBXLATE_FINDING_UNKNOWN_WORD, f.key, true, static_cast<int32_t>(stored));
+        report(in, BLOBXLATE_FINDING_UNKNOWN_WORD, f.key(), true, static_cast<int32_t>(stored));
         return;
     }
     const uint32_t tested = f.check == Check::Before ? get_u32(attr) : stored;
@@ -260,7 +260,7 @@ void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
         return;
     BX_SAY(in, "%u is outside %u..%u: the message is refused%s", tested, f.lowest, f.highest,
         f.check == Check::After ? " once it is stored" : "");
-    report(in, BLOBXLATE_FINDING_OUT_OF_RANGE, f.key, true, tested);
+    report(in, BLOBXLATE_FINDING_OUT_OF_RANGE, f.key(), true, tested);
 }
 
 void inspect_area(Inspection &in, const Area &a);
@@ -277,8 +277,8 @@ uint32_t list_limit(const Area &a, const Field &list)
     const uint32_t capacity = l.capacity != 0 ? l.capacity : UINT32_MAX;
     if (l.bound == Bound::Capacity || l.count_at < 0)
         return capacity;
-    for (uint8_t i = 0; i < a.table.fields && &a.table.entry[i] != &list; ++i) {
-        const Field &f = a.table.entry[i];
+    for (uint8_t i = 0; i < a.table.fields && &a.table.entry()[i] != &list; ++i) {
+        const Field &f = a.table.entry()[i];
         blob_attr *slot = f.stored && f.offset == static_cast<uint16_t>(l.count_at) && f.wire != Wire::List
                               ? slot_of(a.data, a.len, f)
                               : nullptr;
@@ -292,7 +292,7 @@ uint32_t list_limit(const Area &a, const Field &list)
 
 void inspect_element(Inspection &in, const ListOf &l, blob_attr *elem)
 {
-    const Field &entry = l.entry[0];
+    const Field &entry = l.entry()[0];
     if (l.tables) {
         inspect_area(in, Area{blobmsg_data(elem), blobmsg_data_len(elem), l, nullptr, 0});
     } else if (blobmsg_type(elem) != wire_type(entry.wire)) {
@@ -309,7 +309,7 @@ void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr
 {
     const ListOf &l = *f.list;
     const uint32_t limit = list_limit(a, f);
-    const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry[0].wire);
+    const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry()[0].wire);
     unsigned index = 0;
     uint32_t filled = 0;
     for_each_elem(attr, [&](blob_attr *elem) {
@@ -335,13 +335,13 @@ void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr
 
 void inspect_row(Inspection &in, const Area &a, const Field &f)
 {
-    if (!f.tested || f.key == nullptr)
+    if (!f.tested || f.key() == nullptr)
         return;
     blob_attr *attr = slot_of(a.data, a.len, f);
-    const size_t was = push_key(in, f.key, std::strlen(f.key));
+    const size_t was = push_key(in, f.key(), std::strlen(f.key()));
     if (attr == nullptr && f.required) {
         BX_SAY(in, "a required key is missing: the message is refused (%d)", f.refused_ret);
-        report(in, BLOBXLATE_FINDING_MISSING, f.key);
+        report(in, BLOBXLATE_FINDING_MISSING, f.key());
     } else if (attr != nullptr && f.stored && f.quirk == nullptr) {
         if (f.wire == Wire::List && f.list != nullptr)
             inspect_list(in, a, f, attr);
@@ -361,7 +361,7 @@ void inspect_area(Inspection &in, const Area &a)
         report(in, BLOBXLATE_FINDING_MALFORMED, nullptr);
     }
     for (uint8_t i = 0; i < a.table.fields; ++i)
-        inspect_row(in, a, a.table.entry[i]);
+        inspect_row(in, a, a.table.entry()[i]);
 }
 
 } // namespace
@@ -371,12 +371,12 @@ void inspect_area(Inspection &in, const Area &a)
 extern "C" BX_API int BLOBXLATE_Check(int iType, struct blob_attr *pstMsg, BlobxlateFindingFunc pfnReport,
                                       void *pvContext)
 {
-    const bx::Converter *c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
-    if (c == nullptr || pstMsg == nullptr)
+    const bx::Converter c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
+    if (c.fields == nullptr || pstMsg == nullptr)
         return -1;
     bx::Inspection in{pfnReport, pvContext, 0, 0, {}, {}};
-    const bool hand_written = c->note != nullptr;
-    bx::inspect_area(in, bx::Area{blob_data(pstMsg), blob_len(pstMsg), c->fields, hand_written ? c->policy : nullptr,
-                                  static_cast<uint16_t>(hand_written ? c->policy_count : 0)});
+    const bool hand_written = c.note != nullptr;
+    bx::inspect_area(in, bx::Area{blob_data(pstMsg), blob_len(pstMsg), *c.fields, hand_written ? c.policy : nullptr,
+                                  static_cast<uint16_t>(hand_written ? c.policy_count : 0)});
     return in.found;
 }

@@ -65,14 +65,23 @@ struct KeyIndex {
     uint8_t len[N > 0 ? N : 1] = {};
 };
 
-template <size_t N>
-constexpr KeyIndex<N> index_keys(const blobmsg_policy *policy, size_t count)
+/* The keys of a parse, slot by slot: a policy's, or those of a table's rows
+ * (any type with has(i), name(i) and type(i)). */
+struct PolicyKeys {
+    const blobmsg_policy *policy;
+    constexpr bool has(size_t i) const { return policy[i].name != nullptr; }
+    constexpr const char *name(size_t i) const { return policy[i].name; }
+    constexpr int type(size_t i) const { return policy[i].type; }
+};
+
+template <size_t N, typename Keys>
+constexpr KeyIndex<N> index_keys(Keys keys, size_t count)
 {
     KeyIndex<N> ix{};
     for (size_t i = count; i-- > 0;) {
-        const char *key = policy[i].name;
-        if (key == nullptr)
+        if (!keys.has(i))
             continue;
+        const char *key = keys.name(i);
         const size_t len = std::char_traits<char>::length(key);
         if (len > kLongestKey)
             continue;
@@ -85,9 +94,15 @@ constexpr KeyIndex<N> index_keys(const blobmsg_policy *policy, size_t count)
 }
 
 template <size_t N>
+constexpr KeyIndex<N> index_keys(const blobmsg_policy *policy, size_t count)
+{
+    return index_keys<N>(PolicyKeys{policy}, count);
+}
+
+template <size_t N>
 constexpr KeyIndex<N> index_keys(const blobmsg_policy (&policy)[N])
 {
-    return index_keys<N>(policy, N);
+    return index_keys<N>(PolicyKeys{policy}, N);
 }
 
 /* What a parse reads of an index, whatever its size. */
@@ -144,7 +159,8 @@ inline bool same_bytes(const char *a, const char *b, size_t n)
 }
 
 /* The slots one checked, extended attribute fills. */
-inline void fill_slots(const blobmsg_policy *policy, KeyIndexRef ix, blob_attr **tb, blob_attr *attr)
+template <typename Keys>
+inline void fill_slots(Keys keys, KeyIndexRef ix, blob_attr **tb, blob_attr *attr)
 {
     const auto *hdr = static_cast<const blobmsg_hdr *>(blob_data(attr));
     const size_t namelen = blobmsg_namelen(hdr);
@@ -153,15 +169,15 @@ inline void fill_slots(const blobmsg_policy *policy, KeyIndexRef ix, blob_attr *
     const char *name = reinterpret_cast<const char *>(hdr->name);
     for (unsigned s = ix.head[key_bucket(name, namelen)]; s != 0; s = ix.next[s - 1]) {
         const size_t i = s - 1;
-        if (ix.len[i] == namelen && tb[i] == nullptr && type_fits(policy[i].type, blob_id(attr)) &&
-            same_bytes(policy[i].name, name, namelen))
+        if (ix.len[i] == namelen && tb[i] == nullptr && type_fits(keys.type(i), blob_id(attr)) &&
+            same_bytes(keys.name(i), name, namelen))
             tb[i] = attr;
     }
 }
 
-/* blobmsg_parse(policy, count, tb, data, len) by the policy's index. */
-inline int parse_indexed(const blobmsg_policy *policy, KeyIndexRef ix, size_t count, blob_attr **tb, void *data,
-                         unsigned int len)
+/* blobmsg_parse(policy, count, tb, data, len) by the keys' index. */
+template <typename Keys>
+inline int parse_by_keys(Keys keys, KeyIndexRef ix, size_t count, blob_attr **tb, void *data, unsigned int len)
 {
     if (count > 0)
         std::memset(tb, 0, count * sizeof *tb);
@@ -172,9 +188,15 @@ inline int parse_indexed(const blobmsg_policy *policy, KeyIndexRef ix, size_t co
         if (!blobmsg_check_attr_len(attr, false, len))
             return -1;
         if (blob_is_extended(attr))
-            fill_slots(policy, ix, tb, attr);
+            fill_slots(keys, ix, tb, attr);
     }
     return 0;
+}
+
+inline int parse_indexed(const blobmsg_policy *policy, KeyIndexRef ix, size_t count, blob_attr **tb, void *data,
+                         unsigned int len)
+{
+    return parse_by_keys(PolicyKeys{policy}, ix, count, tb, data, len);
 }
 
 /* The same for a policy known only at run time: indexed on the stack, in a

@@ -4,10 +4,11 @@
 
 namespace {
 
-constexpr bx::Field kRet[] = {
+constexpr bx::FieldDef kRetSource[] = {
     /* Without its one member the reply says nothing: refused. */
     bx::required(BX_U32(RetParam, espResult, "espResult", "esp ret:%d"), nullptr),
 };
+BX_PACKED(kRet);
 
 } // namespace
 

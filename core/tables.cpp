@@ -3,6 +3,7 @@
  * in the dispatchers' trace lines). Both tables end with a closing row that
  * the dispatchers' inclusive scan may look at but never matches. */
 #include <cstddef>
+#include <cstdint>
 #include <type_traits>
 
 #include "blobxlate.h"
@@ -104,6 +105,23 @@ constexpr bool filled_once(Row<Fn> Line::*side, size_t rows)
 static_assert(filled_once(&Line::to_json, kToJsonRows), "struct-to-JSON positions");
 static_assert(filled_once(&Line::to_struct, kToStructRows), "JSON-to-struct positions");
 
+/* The record sizes by type, without the catalogue's pointers: a table the
+ * loader relocates is a private copy in every process that loads the
+ * library. */
+struct RecordSizes {
+    uint32_t size[bx::kLastMessageType + 1];
+};
+constexpr RecordSizes record_sizes()
+{
+    RecordSizes sizes{};
+    for (const Line &line : kCatalogue) {
+        if (line.type >= bx::kFirstMessageType && line.type <= bx::kLastMessageType)
+            sizes.size[line.type] = static_cast<uint32_t>(line.record_size);
+    }
+    return sizes;
+}
+constexpr RecordSizes kRecordSizes = record_sizes();
+
 constexpr auto kToJson = build<StructToJsonFunc, kToJsonRows>(&Line::to_json, closing_row_to_json);
 constexpr auto kToStruct = build<JsonToStructFunc, kToStructRows>(&Line::to_struct, closing_row_to_struct);
 
@@ -159,11 +177,9 @@ BX_API const MessageTransEntry *BLOBXLATE_FindRow(int iDirection, int iType)
 BX_API size_t BLOBXLATE_RecordSize(int iType)
 {
     BX_TRACE_CALL();
-    for (const Line &line : kCatalogue) {
-        if (line.type == iType)
-            return line.record_size;
-    }
-    return 0;
+    if (iType < bx::kFirstMessageType || iType > bx::kLastMessageType)
+        return 0;
+    return kRecordSizes.size[iType];
 }
 
 } // extern "C"

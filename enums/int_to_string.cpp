@@ -52,11 +52,11 @@ const char *standards(int value)
     for (int round = 0; round < 6; ++round) {
         if (length >= 1 && length <= 62 && s_szParaTransBuf[length - 1] != '+')
             length = append(length, "/");
-        for (const bx::Word &w : bx::kWordLists[EnumStandard].words_out) {
+        for (const bx::PooledWord &w : bx::words_out(*bx::find_word_list(EnumStandard))) {
             const unsigned bit = static_cast<unsigned>(w.number);
             if ((bits & bit) != 0) {
                 bits &= ~bit;
-                length = append(length, w.text);
+                length = append(length, bx::text_of(w));
                 break;
             }
         }
@@ -72,7 +72,7 @@ extern "C" BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue)
 {
     BX_TRACE_CALL();
     /* An unknown kind still yields something printable: the number itself. */
-    const bx::WordList *k = bx::find_word_list(iKind);
+    const bx::PooledList *k = bx::find_word_list(iKind);
     if (k == nullptr)
         return decimal(iValue);
 
@@ -86,7 +86,7 @@ extern "C" BX_API const char *PARATRANS_Int_To_String(int iKind, int iValue)
         break;
     }
 
-    const bx::Word *w = bx::find_number(k->words_out, iValue);
-    const char *text = w != nullptr ? w->text : k->unknown_number;
+    const bx::PooledWord *w = bx::find_number(bx::words_out(*k), iValue);
+    const char *text = w != nullptr ? bx::text_of(*w) : bx::unknown_number(*k);
     return k->out == bx::Out::Buffer ? to_buffer(text) : text;
 }

@@ -49,7 +49,7 @@ bool parse_standards(char *text, int *bits)
             token = take_token(rest, std::strlen(rest));
             *rest = '\0';
         }
-        const bx::Word *w = bx::find_text(bx::kWordLists[EnumStandard].in, token.text);
+        const bx::PooledWord *w = bx::find_text(bx::words_in(*bx::find_word_list(EnumStandard)), token.text);
         if (w == nullptr)
             return false;
         *bits |= w->number;
@@ -62,7 +62,7 @@ bool parse_standards(char *text, int *bits)
 extern "C" BX_API int PARATRANS_String_To_Int(int iKind, char *pcText)
 {
     BX_TRACE_CALL();
-    const bx::WordList *k = bx::find_word_list(iKind);
+    const bx::PooledList *k = bx::find_word_list(iKind);
     if (k == nullptr)
         return -1;
 
@@ -75,6 +75,6 @@ extern "C" BX_API int PARATRANS_String_To_Int(int iKind, char *pcText)
         return bits;
     }
 
-    const bx::Word *w = bx::find_text(k->in, pcText);
+    const bx::PooledWord *w = bx::find_text(bx::words_in(*k), pcText);
     return w != nullptr ? w->number : k->unknown_text;
 }

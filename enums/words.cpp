@@ -56,26 +56,118 @@ constexpr bool fallbacks_present()
 }
 static_assert(fallbacks_present(), "a word-sending kind lacks its text for other numbers");
 
+constexpr std::size_t length_of(const char *text)
+{
+    std::size_t n = 0;
+    while (text[n] != '\0')
+        ++n;
+    return n;
+}
+
+/* The sizes of the pool: every word of every list in each direction, and
+ * every text with its terminator. */
+constexpr std::size_t word_count()
+{
+    std::size_t n = 0;
+    for (const WordList &k : kWordLists)
+        n += k.in.count + k.words_out.count;
+    return n;
+}
+
+constexpr std::size_t text_bytes()
+{
+    std::size_t n = 0;
+    for (const WordList &k : kWordLists) {
+        for (const Word &w : k.in)
+            n += length_of(w.text) + 1;
+        for (const Word &w : k.words_out)
+            n += length_of(w.text) + 1;
+        if (k.unknown_number != nullptr)
+            n += length_of(k.unknown_number) + 1;
+    }
+    return n;
+}
+
+struct Vocabulary {
+    PooledList lists[ENUM_KIND_COUNT];
+    PooledWord words[word_count()];
+    char text[text_bytes()];
+};
+
+/* Fills a pool as it is built: the next free word and text byte. */
+struct Filling {
+    Vocabulary &v;
+    std::size_t words;
+    std::size_t bytes;
+
+    constexpr uint16_t add_text(const char *text)
+    {
+        const auto at = static_cast<uint16_t>(bytes);
+        for (std::size_t i = 0; i <= length_of(text); ++i)
+            v.text[bytes++] = text[i];
+        return at;
+    }
+    constexpr uint16_t add_words(Words list)
+    {
+        const auto at = static_cast<uint16_t>(words);
+        for (const Word &w : list)
+            v.words[words++] = PooledWord{add_text(w.text), static_cast<int16_t>(w.number)};
+        return at;
+    }
+};
+
+constexpr Vocabulary pooled()
+{
+    static_assert(text_bytes() < kNoText, "the word pool is addressed by 16-bit offsets");
+    Vocabulary v{};
+    Filling f{v, 0, 0};
+    for (int i = 0; i < ENUM_KIND_COUNT; ++i) {
+        const WordList &k = kWordLists[i];
+        PooledList &row = v.lists[i];
+        row.in_first = f.add_words(k.in);
+        row.in_count = static_cast<uint16_t>(k.in.count);
+        row.out_first = f.add_words(k.words_out);
+        row.out_count = static_cast<uint16_t>(k.words_out.count);
+        row.unknown_number = k.unknown_number != nullptr ? f.add_text(k.unknown_number) : kNoText;
+        row.unknown_text = static_cast<int16_t>(k.unknown_text);
+        row.out = k.out;
+    }
+    return v;
+}
+
+constexpr Vocabulary kVocabulary = pooled();
+
 } // namespace
 
-const WordList *find_word_list(int kind)
+const PooledList *find_word_list(int kind)
 {
     if (static_cast<unsigned>(kind) >= static_cast<unsigned>(ENUM_KIND_COUNT))
         return nullptr;
-    return &kWordLists[kind];
+    return &kVocabulary.lists[kind];
 }
 
-const Word *find_text(Words words, const char *text)
+PooledWords words_in(const PooledList &k) { return PooledWords{kVocabulary.words + k.in_first, k.in_count}; }
+
+PooledWords words_out(const PooledList &k) { return PooledWords{kVocabulary.words + k.out_first, k.out_count}; }
+
+const char *text_of(const PooledWord &w) { return kVocabulary.text + w.text; }
+
+const char *unknown_number(const PooledList &k)
 {
-    for (const Word &w : words)
-        if (std::strcmp(w.text, text) == 0)
+    return k.unknown_number != kNoText ? kVocabulary.text + k.unknown_number : nullptr;
+}
+
+const PooledWord *find_text(PooledWords words, const char *text)
+{
+    for (const PooledWord &w : words)
+        if (std::strcmp(text_of(w), text) == 0)
             return &w;
     return nullptr;
 }
 
-const Word *find_number(Words words, int number)
+const PooledWord *find_number(PooledWords words, int number)
 {
-    for (const Word &w : words)
+    for (const PooledWord &w : words)
         if (w.number == number)
             return &w;
     return nullptr;

@@ -15,6 +15,7 @@
 #define BLOBXLATE_ENUMS_WORDS_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "blobxlate.h"
 
@@ -168,15 +169,54 @@ inline constexpr WordList kWordLists[ENUM_KIND_COUNT] = {
     {EnumListAction,     all(kListAction),     -1, Out::Constant,    all(kListAction),     ""},
 };
 
+/* ---- The vocabulary as the library keeps it ------------------------------ */
+
+/* The lists above are the source only: a pointer per word would be
+ * relocated by the loader into a private copy in every process. The library
+ * keeps every text in one pool and each word as an offset into it, built
+ * from the lists at compile time (enums/words.cpp). */
+struct PooledWord {
+    uint16_t text;  /* offset of the text in the pool */
+    int16_t number;
+};
+
+/* A view of pooled words. */
+struct PooledWords {
+    const PooledWord *first;
+    std::size_t count;
+
+    const PooledWord *begin() const { return first; }
+    const PooledWord *end() const { return first + count; }
+};
+
+/* One kind's row: its words by position in the pool's word array. */
+struct PooledList {
+    uint16_t in_first, in_count;    /* text to number, tested in this order */
+    uint16_t out_first, out_count;  /* number to text */
+    uint16_t unknown_number;        /* offset of the text for any other number, or kNoText */
+    int16_t unknown_text;           /* number for any other text */
+    Out out;                        /* how a number goes out */
+};
+
+constexpr uint16_t kNoText = 0xFFFFu;
+
 /* The row of a kind, or null for a kind outside 0..38 (a negative kind too:
  * the bus hands kinds over as plain ints). */
-const WordList *find_word_list(int kind);
+const PooledList *find_word_list(int kind);
+
+PooledWords words_in(const PooledList &k);
+PooledWords words_out(const PooledList &k);
+
+/* A word's text, and a kind's text for a number it has no word for (null
+ * when the kind sends no words). */
+const char *text_of(const PooledWord &w);
+const char *unknown_number(const PooledList &k);
 
 /* Exact, case-sensitive match of the whole text; null when no word matches. */
-const Word *find_text(Words words, const char *text);
+const PooledWord *find_text(PooledWords words, const char *text);
 
 /* The first word with this number; null when there is none. */
-const Word *find_number(Words words, int number);
+const PooledWord *find_number(PooledWords words, int number);
 
 } // namespace bx
 

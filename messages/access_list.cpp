@@ -19,7 +19,8 @@ constexpr const char *kNotAnEntry = "NULL == cur\n\n";
 /* The MACs go out as bare texts, as many as "count" says (never past the
  * 32 slots); coming in they fill up to the 32 slots, whatever the count
  * says, and the count stays as given. */
-constexpr Field kDeassocMac[] = {BX_TEXT_ENTRY(32, "mac:%s")};
+constexpr bx::FieldDef kDeassocMacSource[] = {BX_TEXT_ENTRY(32, "mac:%s")};
+BX_PACKED(kDeassocMac);
 constexpr bx::ListOf kDeassocMacs = BX_VALUES(WifiDeassocRec, aszMac, kDeassocMac)
                                         .counted_at(offsetof(WifiDeassocRec, uiCount))
                                         .odd_traced(kNotAnEntry);
@@ -27,46 +28,51 @@ constexpr bx::ListOf kDeassocMacs = BX_VALUES(WifiDeassocRec, aszMac, kDeassocMa
 /* The count is required and, read as a signed number, not negative: a
  * negative one refuses the message before the MACs are read. */
 constexpr const char *kBadCount = "[count] is not valid.";
-constexpr Field kDeassoc[] = {
+constexpr bx::FieldDef kDeassocSource[] = {
     bx::ranged(bx::required(BX_U32(WifiDeassocRec, uiCount, "count", "count:%u"), kBadCount), 0, 0x7FFFFFFFu,
                kBadCount),
     BX_WORD(WifiDeassocRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_U32(WifiDeassocRec, uiTime, "time", "time:%u"),
     BX_LIST(WifiDeassocRec, aszMac, "macs", kDeassocMacs, nullptr),
 };
+BX_PACKED(kDeassoc);
 
 /* ---- 64, 65, 66: the access list -------------------------------------------------- */
 
 /* One station; also each element of a list. */
 enum { AE_INDEX, AE_NAME, AE_MAC };
-constexpr Field kAccessEntry[] = {
+constexpr bx::FieldDef kAccessEntrySource[] = {
     /* AE_INDEX */ BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"),
     /* AE_NAME */  BX_TEXT(WifiAccessEntryRec, szName, "name", "name:%s"),
     /* AE_MAC */   BX_TEXT(WifiAccessEntryRec, szMac, "mac", "mac:%s"),
 };
+BX_PACKED(kAccessEntry);
 
 /* Adding needs the name and the MAC; what was stored before a missing one
  * stays. */
-constexpr Field kAccessAdd[] = {
-    kAccessEntry[AE_INDEX],
-    bx::required(kAccessEntry[AE_NAME], nullptr),
-    bx::required(kAccessEntry[AE_MAC], nullptr),
+constexpr bx::FieldDef kAccessAddSource[] = {
+    kAccessEntrySource[AE_INDEX],
+    bx::required(kAccessEntrySource[AE_NAME], nullptr),
+    bx::required(kAccessEntrySource[AE_MAC], nullptr),
 };
+BX_PACKED(kAccessAdd);
 
 /* Deleting names the station by its index alone. */
-constexpr Field kAccessIndex[] = {
+constexpr bx::FieldDef kAccessIndexSource[] = {
     bx::required(BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"), nullptr),
 };
+BX_PACKED(kAccessIndex);
 
 /* Sent: as many entries as the caller's count says. Received: the list is
  * not held to "count", every element fills the next entry up to the
  * record's capacity. */
 constexpr bx::ListOf kAccessList =
     BX_TABLES(WifiAccessListRec, astList, kAccessEntry).counted_at(offsetof(WifiAccessListRec, uiCount)).odd_traced(kNotAnEntry);
-constexpr Field kAccessListMsg[] = {
+constexpr bx::FieldDef kAccessListMsgSource[] = {
     BX_U32(WifiAccessListRec, uiCount, "count", "count:%u"),
     BX_LIST(WifiAccessListRec, astList, "list", kAccessList, nullptr),
 };
+BX_PACKED(kAccessListMsg);
 
 } // namespace
 

@@ -12,28 +12,32 @@ namespace {
 
 using bx::Field;
 
-constexpr Field kStaStorageInfo[] = {
+constexpr bx::FieldDef kStaStorageInfoSource[] = {
     BX_TEXT(StaStorageInfoParam, szMac, "mac", "mac:%s"),
     BX_WORD(StaStorageInfoParam, eAllow, EnumBoolean, "allow", nullptr),
 };
+BX_PACKED(kStaStorageInfo);
 
-constexpr Field kCustomInfo[] = {
+constexpr bx::FieldDef kCustomInfoSource[] = {
     BX_WORD(CustomInfoParam, eOperate, EnumCarrier, "operate", "operator:%d"),
     BX_WORD(CustomInfoParam, eDistrict, EnumProvince, "district", "district:%d"),
 };
+BX_PACKED(kCustomInfo);
 
-constexpr Field kCTCCBasicInfo[] = {
+constexpr bx::FieldDef kCTCCBasicInfoSource[] = {
     BX_TEXT(CTCCBasicInfoParam, szCtei, "ctei", "ctei:%s"),
     BX_TEXT(CTCCBasicInfoParam, szElinkSn, "elinksn", "elinks:%s"),
     BX_TEXT(CTCCBasicInfoParam, szIfVersion, "ifversion", "ifversion:%s"),
     BX_WORD(CTCCBasicInfoParam, eElinkLink, EnumSwitch, "elinklink", "elinklink:%d"),
 };
+BX_PACKED(kCTCCBasicInfo);
 
-constexpr Field kCTCCElinkStatus[] = {
+constexpr bx::FieldDef kCTCCElinkStatusSource[] = {
     bx::required(BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"), "[status] is not valid."),
 };
+BX_PACKED(kCTCCElinkStatus);
 
-constexpr Field kCMCCBasicInfo[] = {
+constexpr bx::FieldDef kCMCCBasicInfoSource[] = {
     BX_TEXT(CMCCBasicInfoParam, szDeviceType, "devicetype", "devicetype:%s"),
     BX_TEXT(CMCCBasicInfoParam, szProductToken, "producttoken", "producttoken:%s"),
     BX_TEXT(CMCCBasicInfoParam, szDeviceVendor, "devicevendor", "devicevenor:%s"),
@@ -45,57 +49,68 @@ constexpr Field kCMCCBasicInfo[] = {
     BX_TEXT(CMCCBasicInfoParam, szDmAppKey, "dmappkey", "dmappkey:%s"),
     BX_TEXT(CMCCBasicInfoParam, szDmPwd, "dmpwd", "dmpwd:%s"),
 };
+BX_PACKED(kCMCCBasicInfo);
 
 /* The three login services share one record; the switch key is the same,
  * the account keys carry the service's name. */
-constexpr Field kTelnet[] = {
+constexpr bx::FieldDef kTelnetSource[] = {
     BX_WORD(ServiceAccessParam, eSwitch, EnumSwitch, "switch", "telnetswitch:%d"),
     BX_TEXT(ServiceAccessParam, szUser, "telnetUser", "telnetUser:%s"),
     BX_TEXT(ServiceAccessParam, szPwd, "telnetPwd", "telnetPwd:%s"),
 };
-constexpr Field kSamba[] = {
+BX_PACKED(kTelnet);
+constexpr bx::FieldDef kSambaSource[] = {
     BX_WORD(ServiceAccessParam, eSwitch, EnumSwitch, "switch", "sambaswitch:%d"),
     BX_TEXT(ServiceAccessParam, szUser, "sambaUser", "sambaUser:%s"),
     BX_TEXT(ServiceAccessParam, szPwd, "sambaPwd", "sambaPwd:%s"),
 };
-constexpr Field kFtp[] = {
+BX_PACKED(kSamba);
+constexpr bx::FieldDef kFtpSource[] = {
     BX_WORD(ServiceAccessParam, eSwitch, EnumSwitch, "switch", "ftpswitch:%d"),
     BX_TEXT(ServiceAccessParam, szUser, "ftpUser", "ftpUser:%s"),
     BX_TEXT(ServiceAccessParam, szPwd, "ftpPwd", "ftpPwd:%s"),
 };
+BX_PACKED(kFtp);
 
-constexpr Field kRouterName[] = {
+constexpr bx::FieldDef kRouterNameSource[] = {
     bx::required(BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"), "[routername] is not valid."),
 };
+BX_PACKED(kRouterName);
 
-constexpr Field kKernelCount[] = {
+constexpr bx::FieldDef kKernelCountSource[] = {
     bx::required(BX_U32(KernelCountParam, uiCount, "count", "count:%d"), "[count] is not valid."),
 };
+BX_PACKED(kKernelCount);
 
-constexpr Field kCTCCRouterPin[] = {
+constexpr bx::FieldDef kCTCCRouterPinSource[] = {
     BX_TEXT(CTCCRouterPinParam, szPin, "pin", "RouterPin:%s"),
 };
+BX_PACKED(kCTCCRouterPin);
 
-constexpr Field kFactoryFlag[] = {
+constexpr bx::FieldDef kFactoryFlagSource[] = {
     bx::required(BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"), nullptr),
 };
+BX_PACKED(kFactoryFlag);
 
 /* The file name is not traced. */
-constexpr Field kCMCCCfgFileSync[] = {
+constexpr bx::FieldDef kCMCCCfgFileSyncSource[] = {
     BX_TEXT(CMCCCfgFileSyncParam, szCfgFile, "cfgfile", nullptr),
 };
+BX_PACKED(kCMCCCfgFileSync);
 
-constexpr Field kSyncTime[] = {
+constexpr bx::FieldDef kSyncTimeSource[] = {
     /* Quirk: a missing "time" is reported as "[status]". */
     bx::required(BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"), "[status] is not valid."),
 };
+BX_PACKED(kSyncTime);
 
-constexpr Field kWanTcpUdpConNum[] = {
+constexpr bx::FieldDef kWanTcpUdpConNumSource[] = {
     bx::reported(BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"), "[wan index] is not valid."),
     BX_U32(WanTcpUdpConNumParam, uiNumber, "number", "ConNum:%d"),
 };
+BX_PACKED(kWanTcpUdpConNum);
 
-constexpr Field kAgentUplinkInfo[] = {
+constexpr bx::FieldDef kAgentUplinkInfoSource[] = {
     BX_WORD(AgentUplinkInfoParam, eType, EnumUplinkMedium, "type", "type:%u"),
     BX_TEXT(AgentUplinkInfoParam, szSsid, "ssid", "ssid: %s"),
     BX_S32(AgentUplinkInfoParam, iRssi, "rssi", "Rssi: %d"),
@@ -103,20 +118,24 @@ constexpr Field kAgentUplinkInfo[] = {
     BX_U32(AgentUplinkInfoParam, uiUpRate, "uprate", "UpRate: %d"),
     BX_U32(AgentUplinkInfoParam, uiDownRate, "downrate", "DownRate: %d"),
 };
+BX_PACKED(kAgentUplinkInfo);
 
-constexpr Field kUpgradeReport[] = {
+constexpr bx::FieldDef kUpgradeReportSource[] = {
     BX_U32(UpgradeReportParam, uiStatus, "status", "upgrade status:%d(1:succ,0:failed)."),
     BX_U32(UpgradeReportParam, uiErrCode, "errCode", "upgrade ErrCode:%d"),
 };
+BX_PACKED(kUpgradeReport);
 
-constexpr Field kFileSync[] = {
+constexpr bx::FieldDef kFileSyncSource[] = {
     BX_TEXT(FileSyncParam, szSrcFile, "srcfile", "pstOut->szSrcFile:%s"),
     BX_TEXT(FileSyncParam, szDestFile, "destfile", "pstOut->szDestFile:%s"),
 };
+BX_PACKED(kFileSync);
 
-constexpr Field kQuickjoin[] = {
+constexpr bx::FieldDef kQuickjoinSource[] = {
     BX_WORD(QuickjoinParam, eStatus, EnumSwitch, "status", "status:%d"),
 };
+BX_PACKED(kQuickjoin);
 
 /* ---- CTCC platform servers (type 154) --------------------------------------- */
 
@@ -130,17 +149,19 @@ constexpr Field kQuickjoin[] = {
 /* The backup servers go out as bare texts up to the first empty one; they
  * come in as texts whatever their type, up to the array's 16, and the list
  * sets its bit once present. */
-constexpr Field kBackup[] = {bx::whole(BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s"))};
+constexpr bx::FieldDef kBackupSource[] = {bx::whole(BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s"))};
+BX_PACKED(kBackup);
 constexpr bx::ListOf kBackups =
     BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup).sent_to_first_empty().of_any_type();
 
-constexpr Field kCTCCServerInfo[] = {
+constexpr bx::FieldDef kCTCCServerInfoSource[] = {
     SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
     SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
     SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
     SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
     bx::flagged(BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr), CTCC_SERVER_BACKUP),
 };
+BX_PACKED(kCTCCServerInfo);
 #undef SERVER_TEXT
 
 /* ---- Factory random password (type 168) --------------------------------------- */
@@ -151,7 +172,7 @@ constexpr size_t kRandPasswordLen = 8;
  * is traced (at most 31 characters of it) and leaves the record as it was. */
 bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const char *text = bx::get_text(attr);
     if (strnlen(text, kRandPasswordLen + 1) != kRandPasswordLen) {
@@ -163,9 +184,10 @@ bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *att
 
 constexpr bx::Quirk kRandPasswordRead{read_rand_password, nullptr, "only a text of exactly eight characters is stored; any other is traced and left out"};
 
-constexpr Field kCustomFactoryInfo[] = {
+constexpr bx::FieldDef kCustomFactoryInfoSource[] = {
     bx::with_quirk(BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", "randpassword:%s"), kRandPasswordRead),
 };
+BX_PACKED(kCustomFactoryInfo);
 
 } // namespace
 

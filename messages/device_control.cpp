@@ -11,15 +11,17 @@ namespace {
 using bx::Field;
 
 /* Quirk: the reboot type is sent as "status" but received as "reboottype". */
-constexpr Field kRebootSent[] = {
+constexpr bx::FieldDef kRebootSentSource[] = {
     BX_WORD(RebootParam, eRebootType, EnumTiming, "status", nullptr),
 };
-constexpr Field kRebootReceived[] = {
+BX_PACKED(kRebootSent);
+constexpr bx::FieldDef kRebootReceivedSource[] = {
     BX_WORD(RebootParam, eRebootType, EnumTiming, "reboottype", "reboot type:%d"),
 };
+BX_PACKED(kRebootReceived);
 
 /* Every key optional when received. */
-constexpr Field kUpgrade[] = {
+constexpr bx::FieldDef kUpgradeSource[] = {
     BX_TEXT(UpgradeParam, szDownUrl, "downurl", "down url:%s"),
     BX_TEXT(UpgradeParam, szVersionUrl, "versionurl", "version url:%s"),
     BX_U32(UpgradeParam, uiFileSize, "filesize", "file size:%u"),
@@ -27,27 +29,33 @@ constexpr Field kUpgrade[] = {
     /* Quirk: the reboot type is traced with the file size's text. */
     BX_WORD(UpgradeParam, eRebootType, EnumTiming, "reboottype", "file size:%u"),
 };
+BX_PACKED(kUpgrade);
 
 /* The password is traced in clear, like every other value. */
-constexpr Field kLoginPassword[] = {
+constexpr bx::FieldDef kLoginPasswordSource[] = {
     bx::required(BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"), nullptr),
 };
+BX_PACKED(kLoginPassword);
 
 /* The three switches share their record and their key; only the receivers'
  * trace texts differ. */
-constexpr Field kFireWall[] = {
+constexpr bx::FieldDef kFireWallSource[] = {
     bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"), nullptr),
 };
-constexpr Field kLed[] = {
+BX_PACKED(kFireWall);
+constexpr bx::FieldDef kLedSource[] = {
     bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"), nullptr),
 };
-constexpr Field kDualbandSync[] = {
+BX_PACKED(kLed);
+constexpr bx::FieldDef kDualbandSyncSource[] = {
     bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"), nullptr),
 };
+BX_PACKED(kDualbandSync);
 
-constexpr Field kUpgradeStatus[] = {
+constexpr bx::FieldDef kUpgradeStatusSource[] = {
     BX_WORD(UpgradeStatusParam, eUpgradeStatus, EnumUpgradeState, "UpgradeStatus", nullptr),
 };
+BX_PACKED(kUpgradeStatus);
 
 /* Quirk: the receiver traces its own name before the fields. */
 bx::Read read_first_led_colour(const bx::Reading &r, const Field &f, blob_attr *attr)
@@ -60,10 +68,11 @@ constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr, "the converter t
 
 /* Quirk: EnumLedColour has no words towards the bus, so the colour is sent
  * as its decimal number ("1") but received as a word ("green"). */
-constexpr Field kLedColour[] = {
+constexpr bx::FieldDef kLedColourSource[] = {
     bx::with_quirk(BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d"), kNamedFirst),
     BX_WORD(LedColourParam, eColour, EnumLedColour, "colour", "ledcolour colour: %d"),
 };
+BX_PACKED(kLedColour);
 
 } // namespace
 

@@ -27,7 +27,7 @@ static_assert(offsetof(HwInfoParam, szSysType) == offsetof(HwInfoParam, auiWanMa
 template <typename Trace>
 bx::Read store_numbers(const bx::Reading &r, const Field &f, blob_attr *list, unsigned slots, Trace trace)
 {
-    if (!JTS_CheckBlobAttr(f.key, list))
+    if (!JTS_CheckBlobAttr(f.key(), list))
         return bx::kGoOn;
     auto *base = static_cast<unsigned char *>(r.record) + f.offset;
     unsigned stored = 0;
@@ -59,13 +59,14 @@ constexpr bx::Quirk kLanRates{read_lan_rates, nullptr, "elements of any type rea
 constexpr bx::Quirk kWanRates{read_wan_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
 
 /* Sent as the whole arrays, unnamed numbers. */
-constexpr Field kRate[] = {BX_U32_ENTRY(nullptr)};
+constexpr bx::FieldDef kRateSource[] = {BX_U32_ENTRY(nullptr)};
+BX_PACKED(kRate);
 constexpr bx::ListOf kLanRateList = BX_VALUES(HwInfoParam, auiLanMaxRate, kRate);
 constexpr bx::ListOf kWanRateList = BX_VALUES(HwInfoParam, auiWanMaxRate, kRate);
 
 /* Both directions: the head, the rate lists, the tail; receivers also
  * parse "rebootcount", a member the record does not have. */
-constexpr Field kHwInfo[] = {
+constexpr bx::FieldDef kHwInfoSource[] = {
     BX_TEXT(HwInfoParam, szVendor, "vendor", "vendor:%s"),
     BX_TEXT(HwInfoParam, szModel, "model", "model:%s"),
     BX_TEXT(HwInfoParam, szVersion, "version", "version:%s"),
@@ -92,12 +93,13 @@ constexpr Field kHwInfo[] = {
     BX_U32(HwInfoParam, ui24gMaxRate, "2.4gmaxrate", "2P4GMaxNegotiateRate:%d"),
     BX_U32(HwInfoParam, ui5gMaxRate, "5gmaxrate", "5GMaxNegotiateRate:%d"),
 };
+BX_PACKED(kHwInfo);
 
 /* ---- Firmware versions (type 2) ------------------------------------------- */
 
 /* The receiver reads the compile week but not the real version; the sender
  * sends the real version but not the week. */
-constexpr Field kFwSent[] = {
+constexpr bx::FieldDef kFwSentSource[] = {
     BX_TEXT(FwInfoParam, szFwVersion, "fwversion", nullptr),
     BX_TEXT(FwInfoParam, szBootVersion, "bootversion", nullptr),
     BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", nullptr),
@@ -109,8 +111,9 @@ constexpr Field kFwSent[] = {
     BX_U32(FwInfoParam, uiSec, "compiletime_sec", nullptr),
     BX_TEXT(FwInfoParam, szRealVersion, "realversion", nullptr),
 };
+BX_PACKED(kFwSent);
 
-constexpr Field kFwReceived[] = {
+constexpr bx::FieldDef kFwReceivedSource[] = {
     BX_TEXT(FwInfoParam, szFwVersion, "fwversion", "fw version:%s"),
     BX_TEXT(FwInfoParam, szBootVersion, "bootversion", "boot version:%s"),
     BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", "new fw version:%s"),
@@ -122,21 +125,23 @@ constexpr Field kFwReceived[] = {
     BX_U32(FwInfoParam, uiSec, "compiletime_sec", "Second:%d"),
     BX_U32(FwInfoParam, uiWeek, "compiletime_week", "Week:%d"),
 };
+BX_PACKED(kFwReceived);
 
 /* ---- The regular messages (types 3, 5 to 9) -------------------------------- */
 
-constexpr Field kManuInfo[] = {
+constexpr bx::FieldDef kManuInfoSource[] = {
     BX_TEXT(ManuInfoParam, szMac, "mac", "Mac:%s"),
     BX_TEXT(ManuInfoParam, szSn, "sn", "SN:%s"),
     BX_TEXT(ManuInfoParam, szProductName, "productname", "product name:%s"),
 };
+BX_PACKED(kManuInfo);
 
 /* Quirk: "curip" is taken whenever "ip" is there, present or not (a
  * missing one stores the empty text), and never without "ip". */
 bx::Read read_cur_ip(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     constexpr size_t kIpSlot = 0;
-    if (JTS_CheckBlobAttr(f.key, r.tb[kIpSlot]))
+    if (JTS_CheckBlobAttr(f.key(), r.tb[kIpSlot]))
         bx::store_field(r.func, f, attr, r.record);
     return bx::kGoOn;
 }
@@ -144,13 +149,14 @@ bx::Read read_cur_ip(const bx::Reading &r, const Field &f, blob_attr *attr)
 constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr, "read only when \"ip\" is present, whatever its own presence (absent: stored as the empty text)"};
 
 /* In policy order: ip, domainname, curip. */
-constexpr Field kManageInfo[] = {
+constexpr bx::FieldDef kManageInfoSource[] = {
     BX_TEXT(ManageInfoParam, szIp, "ip", "IP:%s"),
     BX_TEXT(ManageInfoParam, szDomainName, "domainname", "Domain Name:%s"),
     bx::with_quirk(BX_TEXT(ManageInfoParam, szCurIp, "curip", "Cur IP:%s"), kCurIpOnIp),
 };
+BX_PACKED(kManageInfo);
 
-constexpr Field kFuncSupport[] = {
+constexpr bx::FieldDef kFuncSupportSource[] = {
     BX_WORD(FuncSupportParam, eSupportWifi, EnumSwitch, "wifi", "SupportWifi:%d"),
     BX_WORD(FuncSupportParam, eSupportDualBand, EnumSwitch, "dualband", "SupportDualBand:%d"),
     BX_WORD(FuncSupportParam, eSupportUsb, EnumSwitch, "usb", "SupportUsb:%d"),
@@ -160,24 +166,28 @@ constexpr Field kFuncSupport[] = {
     BX_WORD(FuncSupportParam, eSupportPortBlind, EnumSwitch, "portblind", "SupportPortBlind:%d"),
     BX_WORD(FuncSupportParam, eSupportEasyMesh, EnumSwitch, "easymesh", "SupportEasyMesh:%d"),
 };
+BX_PACKED(kFuncSupport);
 
-constexpr Field kCpuRate[] = {
+constexpr bx::FieldDef kCpuRateSource[] = {
     BX_U32(CpuRateParam, uiCpuRate, "cpurate", "CpuRate:%d"),
     BX_U32(CpuRateParam, uiCpuTemperature, "cputemprature", "CpuTemperature:%d"),
 };
+BX_PACKED(kCpuRate);
 
-constexpr Field kMemRate[] = {
+constexpr bx::FieldDef kMemRateSource[] = {
     BX_U32(MemRateParam, uiRamRate, "ramrate", "RamRate:%d"),
 };
+BX_PACKED(kMemRate);
 
-constexpr Field kFlashRate[] = {
+constexpr bx::FieldDef kFlashRateSource[] = {
     BX_U32(FlashRateParam, uiRwFlashSize, "rwflashsize", "rwflashsize:%d"),
     BX_U32(FlashRateParam, uiFlashUsageRate, "flashusagerate", "flashusagerate:%d"),
 };
+BX_PACKED(kFlashRate);
 
 /* The bus order differs from the record's: the clock first, the login
  * history last. */
-constexpr Field kRunTimeInfo[] = {
+constexpr bx::FieldDef kRunTimeInfoSource[] = {
     BX_U32(RunTimeInfoParam, uiOnlineTime, "onlinetime", "OnlineTime:%d"),
     BX_U32(RunTimeInfoParam, uiYear, "year", "Year:%d"),
     BX_U32(RunTimeInfoParam, uiMonth, "month", "Month:%d"),
@@ -191,15 +201,18 @@ constexpr Field kRunTimeInfo[] = {
     BX_TEXT(RunTimeInfoParam, szLoginLastTime, "loginlasttime", "LoginLastTime:%s"),
     BX_TEXT(RunTimeInfoParam, szApLastOnlineTime, "aplastonlinetime", "LastOnlineTime:%s"),
 };
+BX_PACKED(kRunTimeInfo);
 
 /* ---- Open ports (types 10 and 11) ------------------------------------------ */
 
 /* A zero entry ends the list; a full array has none. Ports of any type are
  * read as numbers, up to the array's 32 entries (the message sets no
  * bound of its own). */
-constexpr Field kOpenPort[] = {BX_U32_ENTRY("Ports: %u")};
+constexpr bx::FieldDef kOpenPortSource[] = {BX_U32_ENTRY("Ports: %u")};
+BX_PACKED(kOpenPort);
 constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort).sent_to_first_empty().of_any_type();
-constexpr Field kOpenPorts[] = {BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr)};
+constexpr bx::FieldDef kOpenPortsSource[] = {BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr)};
+BX_PACKED(kOpenPorts);
 
 } // namespace
 

@@ -32,7 +32,7 @@ constexpr const char *kNoHost = "[Host] is not valid.";
  * set the word directly. */
 #define CAPAFLAG(Rec) bx::parsed_only(BX_U32(Rec, uiCapaFlag, "capaflag", nullptr))
 
-constexpr bx::Field kPing[] = {
+constexpr bx::FieldDef kPingSource[] = {
     required(BX_TEXT(PingRequest, szHost, "host", "Host:%s"), kNoHost),
     flagged(ranged(BX_U32(PingRequest, uiNum, "num", "Num:%d"), 0, kHighest, "[PING_NUM] is not valid."),
             DIAG_CAPA_PING_NUM),
@@ -47,6 +47,7 @@ constexpr bx::Field kPing[] = {
     BX_TEXT(PingRequest, szPingTime, "pingtime", "PingTime:%s"),
     BX_U32(PingRequest, uiPingNum, "pingnum", "PingNum:%d"),
 };
+BX_PACKED(kPing);
 
 #define TR_HOST required(BX_TEXT(TraceRouteRequest, szHost, "host", "Host:%s"), kNoHost)
 /* Required, and looked at last on the way in: the numbers before it stay
@@ -69,8 +70,10 @@ constexpr bx::Field kPing[] = {
                    "[TRACEROUTE_MAXHOP] is not valid."),                                                   \
             DIAG_CAPA_MAXHOP)
 
-constexpr bx::Field kTraceRoute[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE, CAPAFLAG(TraceRouteRequest)};
-constexpr bx::Field kTraceRouteSent[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
+constexpr bx::FieldDef kTraceRouteSource[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE, CAPAFLAG(TraceRouteRequest)};
+BX_PACKED(kTraceRoute);
+constexpr bx::FieldDef kTraceRouteSentSource[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
+BX_PACKED(kTraceRouteSent);
 #undef TR_HOST
 #undef TR_RESULTTYPE
 #undef TR_NUMBERS
@@ -78,7 +81,7 @@ constexpr bx::Field kTraceRouteSent[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
 
 /* ---- Results and uplink modes (42 to 44) --------------------------------------- */
 
-constexpr bx::Field kPingResult[] = {
+constexpr bx::FieldDef kPingResultSource[] = {
     BX_U32(PingResult, uiRecivedCount, "recivedcount", "RecivedCount:%d"),
     BX_U32(PingResult, uiLossCount, "losscount", "LossCount:%d"),
     BX_U32(PingResult, uiAvg, "avg", "Avg:%d"),
@@ -93,6 +96,7 @@ constexpr bx::Field kPingResult[] = {
     BX_U32(PingResult, uiTimeout, "timeout", "TimeOut:%d"),
     BX_U32(PingResult, uiPingNum, "pingnum", "PingNum:%d"),
 };
+BX_PACKED(kPingResult);
 
 /* Quirk: the sender traces the whole result before sending it; the
  * daemon's output may fill the whole array, so no more than it is printed. */
@@ -106,17 +110,19 @@ void send_traced_result(const bx::Field &f, const void *record, blob_buf *buf)
 
 constexpr bx::Quirk kTracedResult{nullptr, send_traced_result, "the sender traces the whole result before sending it"};
 
-constexpr bx::Field kTraceRouteResult[] = {
+constexpr bx::FieldDef kTraceRouteResultSource[] = {
     bx::with_quirk(BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s"), kTracedResult),
 };
+BX_PACKED(kTraceRouteResult);
 
-constexpr bx::Field kUplinkSupport[] = {
+constexpr bx::FieldDef kUplinkSupportSource[] = {
     BX_WORD(UplinkSupport, uiDhcp, EnumSwitch, "dhcp", "Dhcp:%d"),
     BX_WORD(UplinkSupport, uiStatic, EnumSwitch, "static", "Static:%d"),
     BX_WORD(UplinkSupport, uiPppoe, EnumSwitch, "pppoe", "Pppoe:%d"),
     BX_WORD(UplinkSupport, uiBridge, EnumSwitch, "bridge", "Bridge:%d"),
     BX_WORD(UplinkSupport, uiRepeater, EnumSwitch, "repeater", "Repeater:%d"),
 };
+BX_PACKED(kUplinkSupport);
 
 } // namespace
 

@@ -59,7 +59,8 @@ int position(const Reading &r)
 }
 
 /* A rule's texts: 32 slots of 31 characters, sent up to the first empty one. */
-constexpr Field kText[] = {BX_TEXT_ENTRY(FILTER_TEXT_LEN, nullptr)};
+constexpr bx::FieldDef kTextSource[] = {BX_TEXT_ENTRY(FILTER_TEXT_LEN, nullptr)};
+BX_PACKED(kText);
 constexpr bx::ListOf kTexts = BX_VALUES(FilterUrlRule, aszUrls, kText).sent_to_first_empty();
 
 constexpr char kUrlsLabel[] = "Urls";
@@ -71,10 +72,10 @@ constexpr char kHostLabel[] = "Host Name";
 template <const char *Label, bool Listed>
 Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *f.list;
-    const size_t size = l.entry[0].size;
+    const size_t size = l.entry()[0].size;
     char *first = static_cast<char *>(r.record) + f.offset;
     const int rule = position<Listed>(r);
     int slot = 0;
@@ -103,7 +104,7 @@ void trace_time(const char *func, int rule, const char *label, int pair, uint32_
 size_t slot_of(const bx::ListOf &l, std::string_view key)
 {
     size_t i = 0;
-    while (i < l.fields && key != l.entry[i].key)
+    while (i < l.fields && key != l.entry()[i].key())
         ++i;
     return i;
 }
@@ -115,7 +116,7 @@ size_t slot_of(const bx::ListOf &l, std::string_view key)
 template <bool Listed, bool DayBound>
 Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     const size_t start = slot_of(l, "starttime");
@@ -126,7 +127,7 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
     Read done = bx::kGoOn;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
         FilterTimeRange &pair = pairs[i];
         pair.uiStartTime = bx::get_u32(tb[start]);
         trace_time(r.func, rule, "Starttime", i, pair.uiStartTime);
@@ -159,12 +160,12 @@ void send_periods(const Field &f, const void *record, blob_buf *buf)
     const auto &rule = *static_cast<const Rule *>(record);
     if (rule.uiWeekday == 0)
         return;
-    void *array = blobmsg_open_array(buf, f.key);
+    void *array = blobmsg_open_array(buf, f.key());
     for (const FilterTimeRange &pair : rule.astTimeRange) {
         if (pair.uiEndTime == 0)
             break;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry, f.list->fields, &pair, buf, bx::kNoMask);
+        bx::emit_fields(f.list->entry(), f.list->fields, &pair, buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -186,7 +187,7 @@ void trace_past_bound(const char *func, const char *text, int filled)
  * rule's walks tracing its position; past the record's rules the walk ends. */
 Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
@@ -198,9 +199,9 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
             return false;
         }
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
         const ListedRule rule{{r.func, first + n * l.stride, nullptr, r.msg_end, tb}, n};
-        done = bx::read_fields(rule, l.entry, l.fields);
+        done = bx::read_fields(rule, l.entry(), l.fields);
         ++n;
         return !done.refused;
     });
@@ -212,14 +213,14 @@ template <typename List>
 void send_rules(const Field &f, const void *record, blob_buf *buf)
 {
     const auto &list = *static_cast<const List *>(record);
-    void *array = blobmsg_open_array(buf, f.key);
+    void *array = blobmsg_open_array(buf, f.key());
     /* A count above the record's rules is the caller's error: never read
      * past the record. */
     for (uint32_t i = 0; i < bx::at_most(list.uiCount, FILTER_RULE_NUM); ++i) {
         if (list.astRule[i].uiIdx == 0)
             continue;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry, f.list->fields, &list.astRule[i], buf, bx::kNoMask);
+        bx::emit_fields(f.list->entry(), f.list->fields, &list.astRule[i], buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -230,12 +231,13 @@ constexpr Quirk kWeekday{nullptr, send_weekday, "not sent while 0"};
 /* ---- URL rules ------------------------------------------------------------------- */
 
 /* A period: parsed with the whole URL policy, only its times read. */
-constexpr Field kUrlPeriod[] = {
+constexpr bx::FieldDef kUrlPeriodSource[] = {
     parsed_key("idx", Wire::U32), URL_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
     parsed_key("timerange", Wire::List), LIST_KEYS,
 };
+BX_PACKED(kUrlPeriod);
 constexpr bx::ListOf kUrlPeriods = BX_TABLES(FilterUrlRule, astTimeRange, kUrlPeriod).by_span();
 
 /* Quirk: unlike the DNS rule, a URL rule refuses an unknown mode word,
@@ -258,7 +260,7 @@ constexpr Quirk kListedUrlMacs{read_texts<kMacsLabel, true>, nullptr, "elements 
 constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUrlRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
 
 /* The set message (135): "enable" and "mode" required, any day mask taken. */
-constexpr Field kUrlRule[] = {
+constexpr bx::FieldDef kUrlRuleSource[] = {
     BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
     bx::required(bx::known_word(BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
     with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kUrls),
@@ -270,9 +272,10 @@ constexpr Field kUrlRule[] = {
     with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kUrlTimes),
     LIST_KEYS,
 };
+BX_PACKED(kUrlRule);
 
 /* A rule of the list (134): every key optional; only an unknown mode refuses. */
-constexpr Field kListedUrlRule[] = {
+constexpr bx::FieldDef kListedUrlRuleSource[] = {
     BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
     BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
     with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kListedUrls),
@@ -284,32 +287,36 @@ constexpr Field kListedUrlRule[] = {
     with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kListedUrlTimes),
     LIST_KEYS,
 };
+BX_PACKED(kListedUrlRule);
 
 /* The list (134): "count" does not bound the walk; at most 32 rules. */
 constexpr bx::ListOf kUrlRules =
     BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
 constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
-constexpr Field kUrlList[] = {
+constexpr bx::FieldDef kUrlListSource[] = {
     parsed_key("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr), kUrlRuleList),
 };
+BX_PACKED(kUrlList);
 
 /* The reply (136): a missing "idx" is no failure, the record stays as it is. */
-constexpr Field kUrlReply[] = {
+constexpr bx::FieldDef kUrlReplySource[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
     URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
 };
+BX_PACKED(kUrlReply);
 
 /* ---- DNS rules ---------------------------------------------------------------------- */
 
 /* A period: parsed with the whole DNS policy, only its times read. */
-constexpr Field kDnsPeriod[] = {
+constexpr bx::FieldDef kDnsPeriodSource[] = {
     parsed_key("idx", Wire::U32), DNS_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
     parsed_key("timerange", Wire::List), LIST_KEYS,
 };
+BX_PACKED(kDnsPeriod);
 constexpr bx::ListOf kDnsPeriods = BX_TABLES(FilterDnsRule, astTimeRange, kDnsPeriod).by_span();
 
 /* Quirk: the name is measured up to one byte past its array (the first byte
@@ -335,7 +342,7 @@ constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDn
 
 /* The set message (138): each range test runs after its value has been
  * stored, so a refused rule keeps what was read up to the bad value. */
-constexpr Field kDnsRule[] = {
+constexpr bx::FieldDef kDnsRuleSource[] = {
     bx::ranged_after(BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"), 0, 16, nullptr),
     bx::required(bx::known_word(BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
     with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kHostnames),
@@ -352,9 +359,10 @@ constexpr Field kDnsRule[] = {
     with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kDnsTimes),
     LIST_KEYS,
 };
+BX_PACKED(kDnsRule);
 
 /* A rule of the list (137): every key optional, none checked. */
-constexpr Field kListedDnsRule[] = {
+constexpr bx::FieldDef kListedDnsRuleSource[] = {
     BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"),
     BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
     with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kListedHostnames),
@@ -367,32 +375,37 @@ constexpr Field kListedDnsRule[] = {
     with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kListedDnsTimes),
     LIST_KEYS,
 };
+BX_PACKED(kListedDnsRule);
 
 /* The list (137): as the URL list, without a word on stopping. */
 constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
 constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
-constexpr Field kDnsList[] = {
+constexpr bx::FieldDef kDnsListSource[] = {
     parsed_key("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),
     with_quirk(BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr), kDnsRuleList),
 };
+BX_PACKED(kDnsList);
 
 /* The reply (139), as the URL reply. */
-constexpr Field kDnsReply[] = {
+constexpr bx::FieldDef kDnsReplySource[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
     DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
 };
+BX_PACKED(kDnsReply);
 
 /* ---- The URL filter switch (132) ------------------------------------------------------ */
 
 /* Quirk: the switch goes out under "idx" but comes in under "status", where
  * an unknown word is refused after it has been stored. */
-constexpr Field kSwitchSent[] = {
+constexpr bx::FieldDef kSwitchSentSource[] = {
     BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr),
 };
-constexpr Field kSwitchReceived[] = {
+BX_PACKED(kSwitchSent);
+constexpr bx::FieldDef kSwitchReceivedSource[] = {
     bx::required(bx::known_word(BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d")), nullptr),
 };
+BX_PACKED(kSwitchReceived);
 
 #undef URL_RULE_KEYS
 #undef DNS_RULE_KEYS

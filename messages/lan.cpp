@@ -9,77 +9,91 @@ namespace {
 
 using bx::Field;
 
-constexpr Field kBridgeSwitch[] = {
+constexpr bx::FieldDef kBridgeSwitchSource[] = {
     BX_WORD(BridgeSwitchParam, eStatus, EnumSwitch, "status", "status:%d"),
 };
+BX_PACKED(kBridgeSwitch);
 
-constexpr Field kBridgeStatus[] = {
+constexpr bx::FieldDef kBridgeStatusSource[] = {
     BX_WORD(BridgeStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
     BX_WORD(BridgeStatusParam, eLinkStatus, EnumLinkState, "linkstatus", "linkstatus:%d"),
     BX_TEXT(BridgeStatusParam, szIp, "ip", "ip:%s"),
 };
+BX_PACKED(kBridgeStatus);
 
-constexpr Field kRepeaterSet[] = {
+constexpr bx::FieldDef kRepeaterSetSource[] = {
     BX_WORD(RepeaterSetParam, eRadio, EnumBand, "radio", "radio:%u"),
     BX_TEXT(RepeaterSetParam, szSsid, "ssid", "ssid:%s"),
     BX_TEXT(RepeaterSetParam, szBssid, "bssid", "bssid:%s"),
     BX_WORD(RepeaterSetParam, eSecurity, EnumSecurity, "security", "security:%d"),
     BX_TEXT(RepeaterSetParam, szPassword, "password", "password:%s"),
 };
+BX_PACKED(kRepeaterSet);
 
-constexpr Field kRepeaterStaInfo[] = {
+constexpr bx::FieldDef kRepeaterStaInfoSource[] = {
     BX_WORD(RepeaterStaInfoParam, eRadio, EnumBand, "radio", "radio:%u"),
     BX_TEXT(RepeaterStaInfoParam, szSsid, "ssid", "ssid:%s"),
     BX_TEXT(RepeaterStaInfoParam, szBssid, "bssid", "bssid:%s"),
     BX_S32(RepeaterStaInfoParam, iRssi, "rssi", "rssi:%d"),
     BX_WORD(RepeaterStaInfoParam, eConnected, EnumConnected, "status", "status:%d"),
 };
+BX_PACKED(kRepeaterStaInfo);
 
-constexpr Field kRepeaterAp[] = {
+constexpr bx::FieldDef kRepeaterApSource[] = {
     BX_TEXT(RepeaterApEntry, szSsid, "ssid", "ssid:%s"),
     BX_TEXT(RepeaterApEntry, szBssid, "bssid", "bssid:%s"),
     BX_U32(RepeaterApEntry, uiChannel, "channel", "channel:%u"),
     BX_S32(RepeaterApEntry, iRssi, "rssi", "rssi:%d"),
     BX_WORD(RepeaterApEntry, eSecurity, EnumSecurity, "security", "security:%d"),
 };
+BX_PACKED(kRepeaterAp);
 
-constexpr Field kMacClone[] = {
+constexpr bx::FieldDef kMacCloneSource[] = {
     BX_WORD(MacCloneParam, eStatus, EnumSwitch, "status", "status:%d"),
     BX_TEXT(MacCloneParam, szMac, "mac", "mac:%s"),
 };
+BX_PACKED(kMacClone);
 
-constexpr Field kLan[] = {
+constexpr bx::FieldDef kLanSource[] = {
     BX_TEXT(LanParam, szIp, "ip", "ip:%s"),
     BX_TEXT(LanParam, szMask, "mask", "mask:%s"),
 };
+BX_PACKED(kLan);
 
-constexpr Field kDhcpServer[] = {
+constexpr bx::FieldDef kDhcpServerSource[] = {
     BX_WORD(DhcpServerParam, eStatus, EnumSwitch, "status", "status:%d"),
     BX_TEXT(DhcpServerParam, szStartIp, "startip", "startip:%s"),
     BX_TEXT(DhcpServerParam, szEndIp, "endip", "endip:%s"),
     BX_U32(DhcpServerParam, uiLeaseTime, "leasetime", "leasetime:%u"),
 };
+BX_PACKED(kDhcpServer);
 
-constexpr Field kLanStatic[] = {
+constexpr bx::FieldDef kLanStaticSource[] = {
     BX_WORD(LanStaticParam, eAction, EnumListAction, "action", "action:%d"),
     BX_TEXT(LanStaticParam, szMac, "mac", "mac:%s"),
     BX_TEXT(LanStaticParam, szIp, "ip", "ip:%s"),
     BX_TEXT(LanStaticParam, szHostName, "hostname", "hostname:%s"),
 };
+BX_PACKED(kLanStatic);
 
-constexpr Field kLanStaticEntry[] = {
+constexpr bx::FieldDef kLanStaticEntrySource[] = {
     BX_TEXT(LanStaticEntry, szMac, "mac", "mac:%s"),
     BX_TEXT(LanStaticEntry, szIp, "ip", "ip:%s"),
     BX_TEXT(LanStaticEntry, szHostName, "hostname", "hostname:%s"),
 };
+BX_PACKED(kLanStaticEntry);
 
 constexpr bx::ListOf kRepeaterList = BX_COUNTED_TABLES(RepeaterListParam, astList, kRepeaterAp);
-constexpr Field kRepeaterListSent[] = {BX_COUNT(RepeaterListParam), BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList)};
-constexpr Field kRepeaterListReceived[] = {kRepeaterListSent[1]};
+constexpr bx::FieldDef kRepeaterListSentSource[] = {BX_COUNT(RepeaterListParam), BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList)};
+BX_PACKED(kRepeaterListSent);
+constexpr bx::FieldDef kRepeaterListReceivedSource[] = {kRepeaterListSentSource[1]};
+BX_PACKED(kRepeaterListReceived);
 
 constexpr bx::ListOf kLanStaticList = BX_COUNTED_TABLES(LanStaticListParam, astList, kLanStaticEntry);
-constexpr Field kLanStaticListSent[] = {BX_COUNT(LanStaticListParam), BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList)};
-constexpr Field kLanStaticListReceived[] = {kLanStaticListSent[1]};
+constexpr bx::FieldDef kLanStaticListSentSource[] = {BX_COUNT(LanStaticListParam), BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList)};
+BX_PACKED(kLanStaticListSent);
+constexpr bx::FieldDef kLanStaticListReceivedSource[] = {kLanStaticListSentSource[1]};
+BX_PACKED(kLanStaticListReceived);
 
 } // namespace
 

@@ -10,24 +10,27 @@ namespace {
 
 using bx::Field;
 
-constexpr Field kRole[] = {
+constexpr bx::FieldDef kRoleSource[] = {
     BX_WORD(MeshRoleParam, eRole, EnumMeshRole, "role", "role:%d"),
 };
+BX_PACKED(kRole);
 
-constexpr Field kRoaming[] = {
+constexpr bx::FieldDef kRoamingSource[] = {
     BX_WORD(MeshRoamingParam, eStatus, EnumSwitch, "status", "status:%d"),
     BX_S32(MeshRoamingParam, iRssiThreshold, "thresholdrssi", "thresholdrssi:%d"),
 };
+BX_PACKED(kRoaming);
 
-constexpr Field kBackhaul[] = {
+constexpr bx::FieldDef kBackhaulSource[] = {
     BX_WORD(BackhaulBssParam, eRadio, EnumBand, "radio", "radio:%u"),
     BX_TEXT(BackhaulBssParam, szSsid, "ssid", "ssid:%s"),
     BX_TEXT(BackhaulBssParam, szPassword, "password", "password:%s"),
     BX_WORD(BackhaulBssParam, eAuthMode, EnumAuthMode, "authmode", "authmode:%d"),
     BX_WORD(BackhaulBssParam, eCipher, EnumCipher, "cipher", "cipher:%d"),
 };
+BX_PACKED(kBackhaul);
 
-constexpr Field kNode[] = {
+constexpr bx::FieldDef kNodeSource[] = {
     BX_TEXT(TopoNodeEntry, szMac, "mac", "mac:%s"),
     BX_TEXT(TopoNodeEntry, szParentMac, "parentmac", "parentmac:%s"),
     BX_WORD(TopoNodeEntry, eRole, EnumMeshRole, "role", "role:%d"),
@@ -35,28 +38,36 @@ constexpr Field kNode[] = {
     BX_S32(TopoNodeEntry, iRssi, "rssi", "rssi:%d"),
     BX_TEXT(TopoNodeEntry, szIp, "ip", "ip:%s"),
 };
+BX_PACKED(kNode);
 
-constexpr Field kNodeEvent[] = {
+constexpr bx::FieldDef kNodeEventSource[] = {
     BX_TEXT(LocalMeshEventParam, szMac, "mac", "mac:%s"),
     BX_WORD(LocalMeshEventParam, eAction, EnumListAction, "action", "action:%d"),
 };
+BX_PACKED(kNodeEvent);
 
-constexpr Field kApMap[] = {
+constexpr bx::FieldDef kApMapSource[] = {
     BX_TEXT(TopoApMapParam, szMac, "mac", "mac:%s"),
     BX_TEXT(TopoApMapParam, szBssid2g, "bssid2g", "bssid2g:%s"),
     BX_TEXT(TopoApMapParam, szBssid5g, "bssid5g", "bssid5g:%s"),
 };
+BX_PACKED(kApMap);
 
 constexpr bx::ListOf kTopo = BX_COUNTED_TABLES(WifiTopoParam, astNode, kNode);
-constexpr Field kTopoSent[] = {BX_COUNT(WifiTopoParam), BX_COUNTED_LIST(WifiTopoParam, astNode, "topo", kTopo)};
-constexpr Field kTopoReceived[] = {kTopoSent[1]};
+constexpr bx::FieldDef kTopoSentSource[] = {BX_COUNT(WifiTopoParam), BX_COUNTED_LIST(WifiTopoParam, astNode, "topo", kTopo)};
+BX_PACKED(kTopoSent);
+constexpr bx::FieldDef kTopoReceivedSource[] = {kTopoSentSource[1]};
+BX_PACKED(kTopoReceived);
 
 /* The MACs of the nodes that answer, as bare texts: "count" then "maclist". */
-constexpr Field kNodeMac[] = {BX_TEXT_ENTRY(BX_ENTRY_SIZE(TopoApMacParam, aszMac), "mac:%s")};
+constexpr bx::FieldDef kNodeMacSource[] = {BX_TEXT_ENTRY(BX_ENTRY_SIZE(TopoApMacParam, aszMac), "mac:%s")};
+BX_PACKED(kNodeMac);
 constexpr bx::ListOf kNodeMacs =
     BX_VALUES(TopoApMacParam, aszMac, kNodeMac).counted_at(offsetof(TopoApMacParam, uiCount)).filling_count();
-constexpr Field kNodeMacsSent[] = {BX_COUNT(TopoApMacParam), BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs)};
-constexpr Field kNodeMacsReceived[] = {kNodeMacsSent[1]};
+constexpr bx::FieldDef kNodeMacsSentSource[] = {BX_COUNT(TopoApMacParam), BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs)};
+BX_PACKED(kNodeMacsSent);
+constexpr bx::FieldDef kNodeMacsReceivedSource[] = {kNodeMacsSentSource[1]};
+BX_PACKED(kNodeMacsReceived);
 
 } // namespace
 

@@ -12,21 +12,24 @@ using bx::Field;
 
 /* ---- 77, 80: the radio alone ------------------------------------------------ */
 
-constexpr Field kRadio[] = {
+constexpr bx::FieldDef kRadioSource[] = {
     BX_WORD(WifiRadioRec, eRadio, EnumBand, "radio", "radio:%d"),
 };
+BX_PACKED(kRadio);
 
 /* A channel scan names its radio or is refused. */
-constexpr Field kScanRadio[] = {
-    bx::required(kRadio[0], "[radio] is not valid."),
+constexpr bx::FieldDef kScanRadioSource[] = {
+    bx::required(kRadioSource[0], "[radio] is not valid."),
 };
+BX_PACKED(kScanRadio);
 
 /* ---- 79: WPS push button ------------------------------------------------------- */
 
-constexpr Field kWpsPbc[] = {
+constexpr bx::FieldDef kWpsPbcSource[] = {
     BX_WORD(WpsPbcRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_WORD(WpsPbcRec, uiStatus, EnumSwitch, "status", "status:%d"),
 };
+BX_PACKED(kWpsPbc);
 
 /* An element of another blobmsg type than the list's cannot be an entry:
  * it is traced and skipped without taking one. */
@@ -47,14 +50,16 @@ constexpr const char *kNotAnEntry = "NULL == cur\n\n";
 
 /* Sent as "encryttype", received as "encrypttype": a list sent back as it
  * came loses its encryption types. */
-constexpr Field kNeighbourOut[] = {
+constexpr bx::FieldDef kNeighbourOutSource[] = {
     NEIGHBOUR_KEYS,
     BX_WORD(WlanNeighbourEntryRec, eEncryptType, EnumCipher, "encryttype", nullptr),
 };
-constexpr Field kNeighbourIn[] = {
+BX_PACKED(kNeighbourOut);
+constexpr bx::FieldDef kNeighbourInSource[] = {
     NEIGHBOUR_KEYS,
     BX_WORD(WlanNeighbourEntryRec, eEncryptType, EnumCipher, "encrypttype", "encrypttype:%d"),
 };
+BX_PACKED(kNeighbourIn);
 #undef NEIGHBOUR_KEYS
 
 /* Sent: as many entries as the caller's count says. Received: no more than
@@ -70,33 +75,37 @@ constexpr bx::ListOf kNeighboursIn =
 #define SCAN_RADIO(Rec) bx::required(BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d"), "[radio] is not valid.")
 #define SCAN_COUNT(Rec) BX_U32(Rec, uiCount, "count", "count:%u")
 
-constexpr Field kNeighboursSent[] = {
+constexpr bx::FieldDef kNeighboursSentSource[] = {
     SCAN_RADIO(WlanNeighbourRec),
     SCAN_COUNT(WlanNeighbourRec),
     BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursOut, nullptr),
 };
-constexpr Field kNeighboursReceived[] = {
+BX_PACKED(kNeighboursSent);
+constexpr bx::FieldDef kNeighboursReceivedSource[] = {
     SCAN_RADIO(WlanNeighbourRec),
     SCAN_COUNT(WlanNeighbourRec),
     BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursIn, nullptr),
 };
+BX_PACKED(kNeighboursReceived);
 
 /* ---- 80, 81: channel scan and scores ------------------------------------------------- */
 
-constexpr Field kScore[] = {
+constexpr bx::FieldDef kScoreSource[] = {
     BX_U32(ChannelScoreEntryRec, uiChannel, "channel", "channel:%u"),
     BX_U32(ChannelScoreEntryRec, uiScore, "score", "score:%u"),
 };
+BX_PACKED(kScore);
 
 /* Sent: as many scores as the caller's count says. Received: not held to
  * "count", every element fills the next pair up to the record's capacity. */
 constexpr bx::ListOf kScores =
     BX_TABLES(ChannelScoreRec, astScore, kScore).counted_at(offsetof(ChannelScoreRec, uiCount)).odd_traced(kNotAnEntry);
-constexpr Field kChannelScore[] = {
+constexpr bx::FieldDef kChannelScoreSource[] = {
     SCAN_RADIO(ChannelScoreRec),
     SCAN_COUNT(ChannelScoreRec),
     BX_LIST(ChannelScoreRec, astScore, "scorelist", kScores, nullptr),
 };
+BX_PACKED(kChannelScore);
 #undef SCAN_RADIO
 #undef SCAN_COUNT
 

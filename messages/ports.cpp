@@ -18,27 +18,30 @@ using bx::Field;
     BX_WORD(Rec, eType, EnumPortType, "type", "type:%d"),                \
     BX_U32(Rec, uiIndex, "index", "index:%d")
 
-constexpr Field kPortStatus[] = {
+constexpr bx::FieldDef kPortStatusSource[] = {
     PORT_ID_FIELDS(PortStatus),
     BX_WORD(PortStatus, eLinkStatus, EnumLinkState, "linkstatus", "linkstatus:%d"),
     BX_WORD(PortStatus, eDuplex, EnumDuplex, "duplex", "duplex:%d"),
     BX_U32(PortStatus, uiNegRate, "negrate", "negrate:%d"),
 };
+BX_PACKED(kPortStatus);
 
 /* Quirk: a stored "rxpackets" is traced with the transmit counter's label
  * and value. */
-constexpr Field kTxPackets = BX_U64(PortTraffic, ulTxPackets, "txpackets", "txpackets:%lld");
+constexpr bx::FieldDef kTxPackets = BX_U64(PortTraffic, ulTxPackets, "txpackets", "txpackets:%lld");
+constexpr bx::FieldDef kTxPacketsLineSource[] = {kTxPackets};
+BX_PACKED(kTxPacketsLine);
 bx::Read read_rx_packets(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     bx::Read done = bx::read_slot(r, f, attr);
     if (attr != nullptr)
-        bx::trace_field(r.func, kTxPackets, nullptr, 0, static_cast<const PortTraffic *>(r.record)->ulTxPackets);
+        bx::trace_field(r.func, kTxPacketsLine[0], nullptr, 0, static_cast<const PortTraffic *>(r.record)->ulTxPackets);
     return done;
 }
 
 constexpr bx::Quirk kRxPacketsRead{read_rx_packets, nullptr, "traced with the transmit counter's label and value"};
 
-constexpr Field kPortTraffic[] = {
+constexpr bx::FieldDef kPortTrafficSource[] = {
     PORT_ID_FIELDS(PortTraffic),
     BX_U64(PortTraffic, ulTxBytes, "txbytes", "ulTxBytes:%lld"),
     BX_U64(PortTraffic, ulRxBytes, "rxbytes", "ulRxBytes:%lld"),
@@ -49,25 +52,29 @@ constexpr Field kPortTraffic[] = {
     BX_U64(PortTraffic, ulTxDrops, "txdrops", "txdrops:%lld"),
     BX_U64(PortTraffic, ulRxDrops, "rxdrops", "rxdrops:%lld"),
 };
+BX_PACKED(kPortTraffic);
 
-constexpr Field kPortRate[] = {
+constexpr bx::FieldDef kPortRateSource[] = {
     PORT_ID_FIELDS(PortRate),
     BX_U32(PortRate, uiRxRate, "rxrate", "rxrate:%d"),
     BX_U32(PortRate, uiTxRate, "txrate", "txrate:%d"),
 };
+BX_PACKED(kPortRate);
 
-constexpr Field kPortMac[] = {
+constexpr bx::FieldDef kPortMacSource[] = {
     PORT_ID_FIELDS(PortMac),
     BX_TEXT(PortMac, szMac, "mac", "mac addr:%s"),
 };
+BX_PACKED(kPortMac);
 
 /* This message's traces name the port in full. */
-constexpr Field kPortUpDown[] = {
+constexpr bx::FieldDef kPortUpDownSource[] = {
     BX_WORD(PortUpDown, eType, EnumPortType, "type", "port type:%d"),
     BX_U32(PortUpDown, uiIndex, "index", "port index:%d"),
     BX_U32(PortUpDown, uiActive, "active", "port active:%d"),
     BX_TEXT(PortUpDown, szPortIp, "port_ip", "port ip:%s"),
 };
+BX_PACKED(kPortUpDown);
 
 #undef PORT_ID_FIELDS
 
@@ -77,8 +84,10 @@ constexpr Field kPortUpDown[] = {
  * array); the counts come first on the way in too, so that they bound the
  * lists, whether they came with this message or were left in the record
  * by the caller. */
-constexpr Field kLanIndex[] = {BX_U32_ENTRY("lanindex:%d")};
-constexpr Field kWanIndex[] = {BX_U32_ENTRY("wanindex:%d")};
+constexpr bx::FieldDef kLanIndexSource[] = {BX_U32_ENTRY("lanindex:%d")};
+BX_PACKED(kLanIndex);
+constexpr bx::FieldDef kWanIndexSource[] = {BX_U32_ENTRY("wanindex:%d")};
+BX_PACKED(kWanIndex);
 /* Quirk: each number is read whatever its type and stored before the count
  * is tested, so a count of 0 still takes the first. */
 constexpr bx::ListOf kLanIndexes =
@@ -86,12 +95,13 @@ constexpr bx::ListOf kLanIndexes =
 constexpr bx::ListOf kWanIndexes =
     BX_VALUES(PortNum, auiWanIndex, kWanIndex).counted_at(offsetof(PortNum, uiWanNum)).bounded_by_count_after().of_any_type();
 
-constexpr Field kPortNum[] = {
+constexpr bx::FieldDef kPortNumSource[] = {
     BX_U32(PortNum, uiLanNum, "lan", "lannum:%d"),
     BX_U32(PortNum, uiWanNum, "wan", "wannum:%d"),
     BX_LIST(PortNum, auiLanIndex, "lanindex", kLanIndexes, nullptr),
     BX_LIST(PortNum, auiWanIndex, "wanindex", kWanIndexes, nullptr),
 };
+BX_PACKED(kPortNum);
 
 } // namespace
 

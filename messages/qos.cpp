@@ -30,16 +30,18 @@ Read read_on_or_off(const Reading &r, const Field &f, blob_attr *attr)
 constexpr bx::Quirk kOnOrOff{read_on_or_off, nullptr, "a word other than \"enable\" or \"disable\" refuses the message (-1) before it is stored"};
 
 /* "enable" is required and must be "enable" or "disable". */
-constexpr Field kQosSwitch[] = {
+constexpr bx::FieldDef kQosSwitchSource[] = {
     bx::required(bx::with_quirk(BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u"), kOnOrOff), nullptr),
 };
+BX_PACKED(kQosSwitch);
 
 /* ---- A rule's index (delete, and get from JSON) -------------------------------- */
 
 /* A missing "index" is no failure: the record stays as it is. */
-constexpr Field kQosClassIndex[] = {
+constexpr bx::FieldDef kQosClassIndexSource[] = {
     BX_U32(QosClassIndex, uiIndex, "index", "Index:%u"),
 };
+BX_PACKED(kQosClassIndex);
 
 /* ---- The protocols of the add and list messages -------------------------------- */
 
@@ -48,7 +50,7 @@ constexpr Field kQosClassIndex[] = {
 void send_protocols_to_first_zero(const Field &f, const void *record, blob_buf *buf)
 {
     const auto *rule = static_cast<const QosClassRule *>(record);
-    void *array = blobmsg_open_array(buf, f.key);
+    void *array = blobmsg_open_array(buf, f.key());
     blobmsg_add_u32(buf, nullptr, rule->auiProtocol[0]);
     for (size_t i = 1; i < QOS_CLASS_PROTOCOL_NUM && rule->auiProtocol[i] != 0; ++i)
         blobmsg_add_u32(buf, nullptr, rule->auiProtocol[i]);
@@ -74,7 +76,7 @@ constexpr bx::Quirk kAddProtocols{read_protocols_to_first_zero, send_protocols_t
 /* Quirk: every protocol element is stored, zeros and any type included; a ninth ends them, traced. */
 Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
     int slot = 0;
@@ -91,7 +93,8 @@ Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
 }
 constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_first_zero, "every element stored as a number, zeros and any type included; a ninth ends them; sent up to the first 0 after the first"};
 
-constexpr Field kProtocol[] = {BX_U32_ENTRY(nullptr)};
+constexpr bx::FieldDef kProtocolSource[] = {BX_U32_ENTRY(nullptr)};
+BX_PACKED(kProtocol);
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
 #define RULE_PROTOCOLS(quirk) bx::with_quirk(BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr), quirk)
 
@@ -99,7 +102,7 @@ constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol
 
 /* Quirk: the MAC texts may fill all 17 bytes; the next field ends them.
  * "protocol" is read after the other keys. */
-constexpr Field kAddReceived[] = {
+constexpr bx::FieldDef kAddReceivedSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "Priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Valn8021p:%u"),
@@ -108,22 +111,25 @@ constexpr Field kAddReceived[] = {
     bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s")),
     RULE_PROTOCOLS(kAddProtocols),
 };
+BX_PACKED(kAddReceived);
 
 /* Only the MAC addresses go with a new rule; the addresses, masks and ports
  * follow with the set message. */
-constexpr Field kAddSent[] = {
-    kAddReceived[0], kAddReceived[1], kAddReceived[2], kAddReceived[3],
-    kAddReceived[6], kAddReceived[4], kAddReceived[5],
+constexpr bx::FieldDef kAddSentSource[] = {
+    kAddReceivedSource[0], kAddReceivedSource[1], kAddReceivedSource[2], kAddReceivedSource[3],
+    kAddReceivedSource[6], kAddReceivedSource[4], kAddReceivedSource[5],
 };
+BX_PACKED(kAddSent);
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------ */
 
 /* Quirk: all eight protocol slots go out, zeros included, each element named "protocol". */
-constexpr Field kNamedProtocol[] = {Field{"protocol", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}};
+constexpr bx::FieldDef kNamedProtocolSource[] = {bx::FieldDef{"protocol", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}};
+BX_PACKED(kNamedProtocol);
 constexpr bx::ListOf kNamedProtocols = BX_VALUES(QosClassRule, auiProtocol, kNamedProtocol);
 
 /* The full rule, without its index. */
-constexpr Field kRule[] = {
+constexpr bx::FieldDef kRuleSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", nullptr),
     BX_U32(QosClassRule, uiDscp, "dscp", nullptr),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", nullptr),
@@ -138,11 +144,12 @@ constexpr Field kRule[] = {
     BX_U32(QosClassRule, uiDstPort, "dstport", nullptr),
     BX_TEXT(QosClassRule, szDstMac, "dstmac", nullptr),
 };
+BX_PACKED(kRule);
 
 /* Quirk: the "protocol" string is walked as attributes: each word overwrites slot 0, traced as slot 1. */
 Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
     bx::for_each_elem(attr, [&](blob_attr *inner) {
@@ -157,19 +164,17 @@ constexpr bx::Quirk kProtocolWords{read_protocol_words, nullptr, "a STRING of wo
 /* Quirk: the ports arrive as strings read as numbers: the text's first four bytes, big-endian. */
 Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
 {
-    Field number = f;
-    number.wire = bx::Wire::U32;
-    return bx::read_slot(r, number, attr);
+    return bx::read_slot_as(r, f, bx::Wire::U32, attr);
 }
 constexpr bx::Quirk kPortText{read_port_text, nullptr, "a STRING whose first four bytes are read as a big-endian number"};
 #define SET_PORT(member, key, trace)                                                                  \
-    bx::with_quirk(Field{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
+    bx::with_quirk(bx::FieldDef{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
                          bx::trace_shape(trace)},                                                     \
                    kPortText)
 
 /* The set message alone sends "protocol" and the ports as strings. Quirk:
  * the MAC texts are cut at 16 characters like the addresses. */
-constexpr Field kSetReceived[] = {
+constexpr bx::FieldDef kSetReceivedSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "Priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Vlan8021p:%u"),
@@ -184,13 +189,14 @@ constexpr Field kSetReceived[] = {
     SET_PORT(uiDstPort, "dstport", "DstPort:%u"),
     BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac:%s"),
 };
+BX_PACKED(kSetReceived);
 
 /* ---- List (126) ------------------------------------------------------------------------- */
 
 /* A listed rule, index first. Quirk: the source MAC, the destination mask
  * and the destination MAC may fill all 17 bytes (the source mask stops at
  * 16). */
-constexpr Field kListedRule[] = {
+constexpr bx::FieldDef kListedRuleSource[] = {
     BX_U32(QosClassRule, uiIndex, "index", "idx:%u"),
     BX_TEXT(QosClassRule, szName, "name", "name:%s"),
     BX_U32(QosClassRule, uiPriority, "priority", "priority:%u"),
@@ -206,6 +212,7 @@ constexpr Field kListedRule[] = {
     BX_U32(QosClassRule, uiDstPort, "dstport", "DstPort: %d"),
     bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac: %s")),
 };
+BX_PACKED(kListedRule);
 
 /* Quirk: every element is taken for a rule whatever its type, parsed over
  * its whole span, and the walk traces its progress around the test of
@@ -214,7 +221,7 @@ constexpr Field kListedRule[] = {
  * bounds the walk as well. */
 Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *f.list;
     auto *list = static_cast<QosClassRuleList *>(r.record);
@@ -227,9 +234,9 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
         }
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n");
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.policy, l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
-        bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb}, l.entry, l.fields);
+        bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb}, l.entry(), l.fields);
         return true;
     });
     return bx::kGoOn;
@@ -240,10 +247,11 @@ constexpr bx::Quirk kRules{read_rules, nullptr, "elements of any type read as ru
  * received list. */
 constexpr bx::ListOf kListedRules =
     BX_TABLES(QosClassRuleList, astRule, kListedRule).counted_at(offsetof(QosClassRuleList, uiCount));
-constexpr Field kRuleList[] = {
+constexpr bx::FieldDef kRuleListSource[] = {
     BX_U32(QosClassRuleList, uiCount, "index", "uiCount:%u"),
     bx::with_quirk(BX_LIST(QosClassRuleList, astRule, "list", kListedRules, nullptr), kRules),
 };
+BX_PACKED(kRuleList);
 
 } // namespace
 

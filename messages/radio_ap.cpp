@@ -32,7 +32,7 @@ constexpr const char *kNoApIndex = "[apindex] is not valid.";
 /* The state a radio or access point reports (real channel and bandwidth,
  * access-point count, bssid, factory name) goes out whenever any setting was
  * asked about, and never sets a bit coming in. */
-constexpr bx::Field state(bx::Field f) { return flagged(f, 0, bx::kAnyLowBit); }
+constexpr bx::FieldDef state(bx::FieldDef f) { return flagged(f, 0, bx::kAnyLowBit); }
 
 /* "capaflag" comes along in every configuration message; no receiver reads
  * it: the mask tells what this message set. */
@@ -40,25 +40,28 @@ constexpr bx::Field state(bx::Field f) { return flagged(f, 0, bx::kAnyLowBit); }
 
 /* ---- Wi-Fi on/off (52, 67), radio (53), selection (63) ------------------------ */
 
-constexpr bx::Field kWifiSwitch[] = {
+constexpr bx::FieldDef kWifiSwitchSource[] = {
     /* A missing "switch" is reported under the name "status". */
     required(BX_WORD(WifiSwitchRec, uiSwitch, EnumSwitch, "switch", "switch:%d"), "[status] is not valid."),
 };
+BX_PACKED(kWifiSwitch);
 
-constexpr bx::Field kWifiRadio[] = {
+constexpr bx::FieldDef kWifiRadioSource[] = {
     RADIO(WifiRadioRec),
 };
+BX_PACKED(kWifiRadio);
 
-constexpr bx::Field kWifiSelect[] = {
+constexpr bx::FieldDef kWifiSelectSource[] = {
     RADIO(WifiSelectRec),
     BX_U32(WifiSelectRec, uiApIndex, "ap", "ap:%u"),
 };
+BX_PACKED(kWifiSelect);
 
 /* ---- Radio basic settings (68) -------------------------------------------------- */
 
 /* The received "standard" is translated in the message's own text, which
  * loses its last token: the translation cuts it off in place. */
-constexpr bx::Field kRadioBasic[] = {
+constexpr bx::FieldDef kRadioBasicSource[] = {
     required(RADIO(RadioBasicRec), kNoRadio),
     flagged(BX_WORD(RadioBasicRec, uiStatus, EnumSwitch, "status", "status:%d"), WIFI_CAPA_STATUS),
     flagged(BX_WORD(RadioBasicRec, uiTxPower, EnumTxPower, "txpower", "txpower:%d"), WIFI_CAPA_TXPOWER),
@@ -72,22 +75,23 @@ constexpr bx::Field kRadioBasic[] = {
     BX_U32(RadioBasicRec, uiNoiseLevel, "noiselevel", "noiselevel:%u"),
     bx::tested_only(CAPAFLAG(RadioBasicRec)),
 };
+BX_PACKED(kRadioBasic);
 
 /* ---- Access point basic settings (70) ---------------------------------------------- */
 
-constexpr bx::Field kAbStatus = flagged(BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d"), WIFI_CAPA_STATUS);
-constexpr bx::Field kAbSsid = flagged(BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s"), WIFI_CAPA_SSID);
-constexpr bx::Field kAbInitalSsid = BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s");
-constexpr bx::Field kAbBssid = BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s");
-constexpr bx::Field kAbAuth = flagged(BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d"), WIFI_CAPA_AUTH);
-constexpr bx::Field kAbEncrypt =
+constexpr bx::FieldDef kAbStatus = flagged(BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d"), WIFI_CAPA_STATUS);
+constexpr bx::FieldDef kAbSsid = flagged(BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s"), WIFI_CAPA_SSID);
+constexpr bx::FieldDef kAbInitalSsid = BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s");
+constexpr bx::FieldDef kAbBssid = BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s");
+constexpr bx::FieldDef kAbAuth = flagged(BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d"), WIFI_CAPA_AUTH);
+constexpr bx::FieldDef kAbEncrypt =
     flagged(BX_WORD(ApBasicRec, uiEncrypt, EnumCipher, "encrypt", "encrypt:%d"), WIFI_CAPA_ENCRYPT);
-constexpr bx::Field kAbKey = flagged(BX_TEXT(ApBasicRec, szKey, "key", "key:%s"), WIFI_CAPA_KEY);
-constexpr bx::Field kAbHide = flagged(BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d"), WIFI_CAPA_HIDE);
+constexpr bx::FieldDef kAbKey = flagged(BX_TEXT(ApBasicRec, szKey, "key", "key:%s"), WIFI_CAPA_KEY);
+constexpr bx::FieldDef kAbHide = flagged(BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d"), WIFI_CAPA_HIDE);
 
 /* The times and the mask come along; the daemons keep the times, nobody
  * converts them. */
-constexpr bx::Field kApBasicIn[] = {
+constexpr bx::FieldDef kApBasicInSource[] = {
     required(RADIO(ApBasicRec), kNoRadio),
     required(APINDEX(ApBasicRec), kNoApIndex),
     kAbStatus, kAbSsid, kAbInitalSsid, kAbBssid, kAbAuth, kAbEncrypt, kAbKey, kAbHide,
@@ -95,16 +99,18 @@ constexpr bx::Field kApBasicIn[] = {
     bx::listed_only(BX_U32(ApBasicRec, uiRestTime, "RestTime", nullptr)),
     bx::listed_only(CAPAFLAG(ApBasicRec)),
 };
+BX_PACKED(kApBasicIn);
 
 /* The key goes out after "hide": receivers read the members in this order. */
-constexpr bx::Field kApBasicOut[] = {
+constexpr bx::FieldDef kApBasicOutSource[] = {
     RADIO(ApBasicRec), APINDEX(ApBasicRec), kAbStatus, kAbSsid, kAbAuth, kAbEncrypt, kAbHide, kAbKey,
     state(kAbBssid), state(kAbInitalSsid),
 };
+BX_PACKED(kApBasicOut);
 
 /* ---- Access point advanced settings, rate limit, access mode (71 to 73) --------------- */
 
-constexpr bx::Field kApAdvanced[] = {
+constexpr bx::FieldDef kApAdvancedSource[] = {
     required(RADIO(ApAdvancedRec), kNoRadio),
     required(APINDEX(ApAdvancedRec), kNoApIndex),
     flagged(BX_U32(ApAdvancedRec, uiAccessMax, "accessmax", "accessmax:%u"), WIFI_CAPA_ACCESSMAX),
@@ -112,6 +118,7 @@ constexpr bx::Field kApAdvanced[] = {
     BX_TEXT(ApAdvancedRec, szRegulatoryDomain, "regulatorydomain", "regulatorydomain:%s"),
     bx::listed_only(CAPAFLAG(ApAdvancedRec)),
 };
+BX_PACKED(kApAdvanced);
 
 /* The upstream limit decides for both limits: a negative "usbandwidth"
  * refuses the message unstored, and "dsbandwidth" is let through on that
@@ -121,7 +128,7 @@ constexpr bx::Field kApAdvanced[] = {
 enum { RL_RADIO, RL_APINDEX, RL_USBANDWIDTH, RL_DSBANDWIDTH, RL_CAPAFLAG, RL_MAX };
 bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     blob_attr *us = r.tb[RL_USBANDWIDTH];
     if (us == nullptr || bx::get_s32(us) < 0) {
@@ -132,7 +139,7 @@ bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *a
 }
 constexpr bx::Quirk kTestedOnUpstream{read_dsbandwidth, nullptr, "refuses the message (-1) when \"usbandwidth\" is absent or negative"};
 
-constexpr bx::Field kApRateLimit[RL_MAX] = {
+constexpr bx::FieldDef kApRateLimitSource[RL_MAX] = {
     /* RL_RADIO */ required(RADIO(ApRateLimitRec), kNoRadio),
     /* RL_APINDEX */ required(APINDEX(ApRateLimitRec), kNoApIndex),
     /* RL_USBANDWIDTH */
@@ -143,12 +150,14 @@ constexpr bx::Field kApRateLimit[RL_MAX] = {
                    kTestedOnUpstream),
     /* RL_CAPAFLAG */ bx::listed_only(CAPAFLAG(ApRateLimitRec)),
 };
+BX_PACKED(kApRateLimit);
 
-constexpr bx::Field kApAccessMode[] = {
+constexpr bx::FieldDef kApAccessModeSource[] = {
     RADIO(ApAccessModeRec),
     APINDEX(ApAccessModeRec),
     BX_U32(ApAccessModeRec, uiAccessMode, "accessmode", "accessmode:%u"),
 };
+BX_PACKED(kApAccessMode);
 
 /* ---- Access point access rule (74) ------------------------------------------------------- */
 
@@ -158,7 +167,7 @@ constexpr uint32_t kNoAccessRule = 3;
 bx::Read read_access_rule(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
 {
     uint32_t rule = kNoAccessRule;
-    if (JTS_CheckBlobAttr(f.key, attr)) {
+    if (JTS_CheckBlobAttr(f.key(), attr)) {
         const int word = bx::get_word(f.word_list, attr);
         if (word >= 0)
             rule = static_cast<uint32_t>(word);
@@ -169,10 +178,11 @@ bx::Read read_access_rule(const bx::Reading &r, const bx::Field &f, blob_attr *a
 }
 constexpr bx::Quirk kRuleOrNone{read_access_rule, nullptr, "absent or an unknown word stores 3"};
 
-constexpr bx::Field kApAccessIp[] = {
+constexpr bx::FieldDef kApAccessIpSource[] = {
     BX_TEXT(ApAccessIpRec, szIp, "ip", "ip:%s"),
     BX_U32(ApAccessIpRec, uiPort, "port", "port:%u"),
 };
+BX_PACKED(kApAccessIp);
 /* Sent as many as "count" says; received, every element is read as a
  * table whatever its blobmsg type and takes the next entry: the list is not
  * held to "count", only to the record's array. */
@@ -184,26 +194,29 @@ constexpr bx::ListOf kApAccessIps =
 #define IP_LIST(Rec) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr)
 
 /* Sent: the rule words, then the addresses, as many as "count" says. */
-constexpr bx::Field kApAccessRuleSent[] = {
+constexpr bx::FieldDef kApAccessRuleSentSource[] = {
     RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
     BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"), IP_LIST(ApAccessRuleRec),
 };
+BX_PACKED(kApAccessRuleSent);
 
 /* Received: the list comes first. */
-constexpr bx::Field kApAccessRuleReceived[] = {
+constexpr bx::FieldDef kApAccessRuleReceivedSource[] = {
     IP_LIST(ApAccessRuleRec),
     RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
     BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
 };
+BX_PACKED(kApAccessRuleReceived);
 #undef ACCESS_RULE
 #undef IP_LIST
 
 /* ---- Access point creation and deletion (75, 76) ---------------------------------------- */
 
-constexpr bx::Field kApIndex[] = {
+constexpr bx::FieldDef kApIndexSource[] = {
     required(RADIO(ApIndexRec), kNoRadio),
     required(APINDEX(ApIndexRec), kNoApIndex),
 };
+BX_PACKED(kApIndex);
 
 #undef RADIO
 #undef APINDEX

@@ -29,17 +29,18 @@ constexpr const char *kNotAnEntry = "NULL == cur\n\n";
 
 /* ---- 113: layer-2 roaming ------------------------------------------------ */
 
-constexpr Field kL2Roaming[] = {
+constexpr bx::FieldDef kL2RoamingSource[] = {
     BX_WORD(L2RoamingRec, uiStatus, EnumSwitch, "status", "status:%d"),
     BX_S32(L2RoamingRec, iLowRssi2p4g, "lowrssi2p4g", "lowrssi2p4g:%d"),
     BX_S32(L2RoamingRec, iLowRssi5g, "lowrssi5g", "lowrssi5g:%d"),
 };
+BX_PACKED(kL2Roaming);
 
 /* ---- 114: assisted roaming ------------------------------------------------- */
 
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
-constexpr Field kRoaming[] = {
+constexpr bx::FieldDef kRoamingSource[] = {
     bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
     bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
     bx::flagged(BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"), 1u << 2),
@@ -48,6 +49,7 @@ constexpr Field kRoaming[] = {
     bx::flagged(BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"), 1u << 5),
     bx::flagged(BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"), 1u << 6),
 };
+BX_PACKED(kRoaming);
 static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
               kRoaming[std::size(kRoaming) - 1].mask_bit == BX_ROAM_THRESHOLD_RSSI5G);
 
@@ -57,7 +59,7 @@ static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == 
  * bytes after them stay the caller's, and the trace shows the whole array. */
 bx::Read read_bare_mac(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     char *mac = static_cast<char *>(r.record) + f.offset;
     bx::copy_text(mac, kBareMacLen, attr);
@@ -70,49 +72,54 @@ constexpr bx::Quirk kBareMac{read_bare_mac, nullptr, "at most 12 characters copi
  * ends after 32 entries, once the record's count is reached, or with the
  * list. The query's and the answer's list elements are parsed with the
  * message's own policy, so the message and each element list the same keys. */
-constexpr Field kApInfo[] = {
+constexpr bx::FieldDef kApInfoSource[] = {
     parsed_key("count", bx::Wire::U32),
     parsed_key("mac", bx::Wire::Text),
     parsed_key("apinfo", bx::Wire::List),
     bx::with_quirk(BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s"), kBareMac),
     BX_U32(RoamingApInfoRec, uiChannel, "channel", "channel:%u"),
 };
+BX_PACKED(kApInfo);
 constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo)
                                     .counted_at(offsetof(RoamingApQueryRec, uiCount))
                                     .bounded_by_count()
                                     .odd_traced(kNotAnEntry);
-constexpr Field kApQuery[] = {
+constexpr bx::FieldDef kApQuerySource[] = {
     BX_U32(RoamingApQueryRec, uiCount, "count", "count:%u"),
     bx::with_quirk(BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s"), kBareMac),
     BX_LIST(RoamingApQueryRec, astApInfo, "apinfo", kApInfos, nullptr),
     parsed_key("bssid", bx::Wire::Text),
     parsed_key("channel", bx::Wire::U32),
 };
+BX_PACKED(kApQuery);
 
-constexpr Field kApRssi[] = {
+constexpr bx::FieldDef kApRssiSource[] = {
     parsed_key("count", bx::Wire::U32),
     parsed_key("aprssi", bx::Wire::List),
     bx::with_quirk(BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s"), kBareMac),
     BX_S32(RoamingApRssiRec, iRssi, "rssi", "rssi:%d"),
 };
+BX_PACKED(kApRssi);
 constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi)
                                     .counted_at(offsetof(RoamingApRspRec, uiCount))
                                     .bounded_by_count()
                                     .odd_traced(kNotAnEntry);
-constexpr Field kApRsp[] = {
+constexpr bx::FieldDef kApRspSource[] = {
     BX_U32(RoamingApRspRec, uiCount, "count", "count:%u"),
     BX_LIST(RoamingApRspRec, astApRssi, "aprssi", kApRssis, nullptr),
     parsed_key("bssid", bx::Wire::Text),
     parsed_key("rssi", bx::Wire::S32),
 };
+BX_PACKED(kApRsp);
 
 /* ---- 117: BSS transition ------------------------------------------------------ */
 
-constexpr Field kBssTrans[] = {
+constexpr bx::FieldDef kBssTransSource[] = {
     BX_TEXT(RoamingBssTransRec, szSta, "sta", "sta:%s"),
     BX_TEXT(RoamingBssTransRec, szBssid, "bssid", "bssid:%s"),
     BX_U32(RoamingBssTransRec, uiChannel, "channel", "channel:%u"),
 };
+BX_PACKED(kBssTrans);
 
 /* ---- 118: roaming report --------------------------------------------------------- */
 
@@ -121,7 +128,7 @@ constexpr Field kBssTrans[] = {
  * alike store 0 (not the boolean kind's -1 for an unknown word). */
 bx::Read read_support_flag(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key, attr))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const uint16_t flag = std::strcmp(bx::get_text(attr), "true") == 0 ? 1 : 0;
     std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &flag, sizeof flag);
@@ -132,15 +139,15 @@ void send_support_flag(const Field &f, const void *record, blob_buf *buf)
 {
     uint16_t flag = 0;
     std::memcpy(&flag, static_cast<const uint8_t *>(record) + f.offset, sizeof flag);
-    bx::add_word(buf, f.key, f.word_list, flag);
+    bx::add_word(buf, f.key(), f.word_list, flag);
 }
 constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag, "a 16-bit member: only the word \"true\" stores 1, any other text 0"};
 #define SUPPORT_FLAG(member, key, trace)                                                                \
-    bx::with_quirk(Field{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
+    bx::with_quirk(bx::FieldDef{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
                          BX_FIELD_SIZE(RoamingReportRec, member), trace, bx::trace_shape(trace)},         \
                    kSupportFlag)
 
-constexpr Field kReportOut[] = {
+constexpr bx::FieldDef kReportOutSource[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
     BX_U32(RoamingReportRec, uiConnectTime, "connecttime", nullptr),
     BX_S32(RoamingReportRec, iRssi, "rssi", nullptr),
@@ -152,9 +159,10 @@ constexpr Field kReportOut[] = {
     SUPPORT_FLAG(usSupport11k, "support11k", nullptr),
     SUPPORT_FLAG(usSupport11v, "support11v", nullptr),
 };
+BX_PACKED(kReportOut);
 
 /* Received in another order than sent. */
-constexpr Field kReportIn[] = {
+constexpr bx::FieldDef kReportInSource[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", "mac:%s"),
     BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s"),
     BX_U32(RoamingReportRec, uiConnectTime, "connecttime", "connecttime:%u"),
@@ -166,30 +174,34 @@ constexpr Field kReportIn[] = {
     SUPPORT_FLAG(usSupport11k, "support11k", "support11k:%u"),
     SUPPORT_FLAG(usSupport11v, "support11v", "support11v:%u"),
 };
+BX_PACKED(kReportIn);
 #undef SUPPORT_FLAG
 
 /* ---- 119: stop detecting a station (received only) -------------------------------- */
 
-constexpr Field kStopDetect[] = {
+constexpr bx::FieldDef kStopDetectSource[] = {
     BX_TEXT(RoamingStopDetectRec, szMac, "mac", "mac:%s"),
     BX_U32(RoamingStopDetectRec, uiStopDetectTime, "stopdetecttime", "stopdetecttime:%u"),
 };
+BX_PACKED(kStopDetect);
 
 /* ---- 120: a station's weak signal ------------------------------------------------- */
 
-constexpr Field kStaRssiOut[] = {
+constexpr bx::FieldDef kStaRssiOutSource[] = {
     BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr),
     BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr),
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
 };
+BX_PACKED(kStaRssiOut);
 
 /* Received in another order than sent: radio before rssi. The MAC takes
  * all 18 bytes, terminator included: a longer text leaves none. */
-constexpr Field kStaRssiIn[] = {
+constexpr bx::FieldDef kStaRssiInSource[] = {
     bx::whole(BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s")),
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
 };
+BX_PACKED(kStaRssiIn);
 
 } // namespace
 

@@ -9,51 +9,62 @@ namespace {
 
 using bx::Field;
 
-constexpr Field kStatus[] = {
+constexpr bx::FieldDef kStatusSource[] = {
     BX_WORD(StaCtrlStatusParam, eStatus, EnumSwitch, "status", "status:%d"),
 };
+BX_PACKED(kStatus);
 
-constexpr Field kMode[] = {
+constexpr bx::FieldDef kModeSource[] = {
     BX_WORD(StaCtrlModeParam, eMode, EnumListMode, "mode", "mode:%d"),
 };
+BX_PACKED(kMode);
 
-constexpr Field kModeSwitch[] = {
+constexpr bx::FieldDef kModeSwitchSource[] = {
     BX_WORD(StaCtrlModeSwitchParam, eMode, EnumListMode, "mode", "mode:%d"),
     BX_WORD(StaCtrlModeSwitchParam, eStatus, EnumSwitch, "status", "status:%d"),
 };
+BX_PACKED(kModeSwitch);
 
-constexpr Field kEntry[] = {
+constexpr bx::FieldDef kEntrySource[] = {
     BX_TEXT(StaCtrlEntry, szMac, "mac", "mac:%s"),
     BX_TEXT(StaCtrlEntry, szName, "name", "name:%s"),
     BX_WORD(StaCtrlEntry, eMode, EnumListMode, "mode", "mode:%d"),
 };
+BX_PACKED(kEntry);
 
-constexpr Field kAllow[] = {
+constexpr bx::FieldDef kAllowSource[] = {
     BX_TEXT(StaCtrlAllowParam, szMac, "mac", "mac:%s"),
     BX_WORD(StaCtrlAllowParam, bAllow, EnumBoolean, "allow", "allow:%d"),
 };
+BX_PACKED(kAllow);
 
-constexpr Field kItem[] = {
+constexpr bx::FieldDef kItemSource[] = {
     BX_WORD(StaCtrlItemParam, eAction, EnumListAction, "action", "action:%d"),
     BX_WORD(StaCtrlItemParam, eMode, EnumListMode, "mode", "mode:%d"),
     BX_TEXT(StaCtrlItemParam, szMac, "mac", "mac:%s"),
     BX_TEXT(StaCtrlItemParam, szName, "name", "name:%s"),
 };
+BX_PACKED(kItem);
 
-constexpr Field kInternetTime[] = {
+constexpr bx::FieldDef kInternetTimeSource[] = {
     BX_TEXT(StaCtrlInternetTimeParam, szMac, "mac", "mac:%s"),
     BX_TEXT(StaCtrlInternetTimeParam, szStartTime, "starttime", "starttime:%s"),
     BX_TEXT(StaCtrlInternetTimeParam, szEndTime, "endtime", "endtime:%s"),
     BX_U32(StaCtrlInternetTimeParam, uiWeekMask, "week", "week:%u"),
 };
+BX_PACKED(kInternetTime);
 
 constexpr bx::ListOf kCtrlList = BX_COUNTED_TABLES(StaCtrlListParam, astList, kEntry);
-constexpr Field kCtrlListSent[] = {BX_COUNT(StaCtrlListParam), BX_COUNTED_LIST(StaCtrlListParam, astList, "list", kCtrlList)};
-constexpr Field kCtrlListReceived[] = {kCtrlListSent[1]};
+constexpr bx::FieldDef kCtrlListSentSource[] = {BX_COUNT(StaCtrlListParam), BX_COUNTED_LIST(StaCtrlListParam, astList, "list", kCtrlList)};
+BX_PACKED(kCtrlListSent);
+constexpr bx::FieldDef kCtrlListReceivedSource[] = {kCtrlListSentSource[1]};
+BX_PACKED(kCtrlListReceived);
 
 constexpr bx::ListOf kWifiList = BX_COUNTED_TABLES(StaCtrlWifiListParam, astList, kAllow);
-constexpr Field kWifiListSent[] = {BX_COUNT(StaCtrlWifiListParam), BX_COUNTED_LIST(StaCtrlWifiListParam, astList, "list", kWifiList)};
-constexpr Field kWifiListReceived[] = {kWifiListSent[1]};
+constexpr bx::FieldDef kWifiListSentSource[] = {BX_COUNT(StaCtrlWifiListParam), BX_COUNTED_LIST(StaCtrlWifiListParam, astList, "list", kWifiList)};
+BX_PACKED(kWifiListSent);
+constexpr bx::FieldDef kWifiListReceivedSource[] = {kWifiListSentSource[1]};
+BX_PACKED(kWifiListReceived);
 
 } // namespace
 

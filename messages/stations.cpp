@@ -4,6 +4,7 @@
  * model (94).
  *
  * Every key is optional on the way in and no value is refused. */
+#include <array>
 #include <cstddef>
 #include <iterator>
 
@@ -28,7 +29,7 @@ enum {
     STA_RXRETRYPACKETS, STA_TXFAILEDPACKETS, STA_RXFAILEDPACKETS, STA_TXDISCARD,
     STA_MAX
 };
-constexpr Field kStaEntry[STA_MAX] = {
+constexpr bx::FieldDef kStaEntrySource[STA_MAX] = {
     BX_TEXT(StaEntry, szMac, "mac", "mac:%s"),
     BX_TEXT(StaEntry, szHostName, "hostname", "hostname:%s"),
     BX_TEXT(StaEntry, szName, "name", "name:%s"),
@@ -67,42 +68,43 @@ constexpr Field kStaEntry[STA_MAX] = {
     BX_U64(StaEntry, uiRxFailedPackets, "rxfailedpackets", "uiRxFailedPackets:%llu"),
     BX_U64(StaEntry, uiTxDiscard, "txdiscard", "uiTxDiscard:%llu"),
 };
+BX_PACKED(kStaEntry);
 
 /* The station's keys as they go out: the policy's order, except that
  * "fromwifi6" goes out before "macstatus". */
-struct StaKeysOut {
-    Field fields[STA_MAX];
-};
-constexpr StaKeysOut sta_keys_out()
+constexpr std::array<bx::FieldDef, STA_MAX> sta_keys_out()
 {
     static_assert(STA_FROMWIFI6 == STA_MACSTATUS + 1);
-    StaKeysOut out{};
+    std::array<bx::FieldDef, STA_MAX> out{};
     for (size_t slot = 0; slot < STA_MAX; ++slot)
-        out.fields[slot] = kStaEntry[slot];
-    out.fields[STA_MACSTATUS] = kStaEntry[STA_FROMWIFI6];
-    out.fields[STA_FROMWIFI6] = kStaEntry[STA_MACSTATUS];
+        out[slot] = kStaEntrySource[slot];
+    out[STA_MACSTATUS] = kStaEntrySource[STA_FROMWIFI6];
+    out[STA_FROMWIFI6] = kStaEntrySource[STA_MACSTATUS];
     return out;
 }
-constexpr StaKeysOut kStaEntryOut = sta_keys_out();
+constexpr std::array<bx::FieldDef, STA_MAX> kStaEntryOutSource = sta_keys_out();
+BX_PACKED(kStaEntryOut);
 
 /* The list's two keys. The entries live in the caller's array behind
  * pstListInfo (no capacity of the record's own), as many as uiStaNumofEsps
  * says: sent up to it, received up to it as a capacity. */
 constexpr bx::ListOf sta_entries(const Field *entry)
 {
-    return bx::ListOf{entry, nullptr, STA_MAX, true, sizeof(StaEntry), 0}.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
+    return bx::ListOf{entry, STA_MAX, true, sizeof(StaEntry), 0}.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
 }
-constexpr bx::ListOf kStaEntriesOut = sta_entries(kStaEntryOut.fields);
+constexpr bx::ListOf kStaEntriesOut = sta_entries(kStaEntryOut);
 constexpr bx::ListOf kStaEntriesIn = sta_entries(kStaEntry).bounded_by_count().of_any_type();
-constexpr Field kStaListSent[] = {
+constexpr bx::FieldDef kStaListSentSource[] = {
     BX_U32(StaListInfo, uiStaNumofEsps, "count", nullptr),
     BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesOut, nullptr),
 };
+BX_PACKED(kStaListSent);
 /* The sender's count is only traced. */
-constexpr Field kStaListReceived[] = {
+constexpr bx::FieldDef kStaListReceivedSource[] = {
     bx::tested_only(BX_U32(StaListInfo, uiStaNumofEsps, "count", "uiStaNumofEsps: %d")),
     BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesIn, nullptr),
 };
+BX_PACKED(kStaListReceived);
 
 /* Stores every present key of one element of the station list, in policy
  * order. Each stored "mac" is preceded by the addresses of the array's
@@ -118,11 +120,12 @@ void fill_entry(const char *func, blob_attr *const (&tb)[STA_MAX], StaEntry *ent
 
 /* ---- The small messages -------------------------------------------------------- */
 
-constexpr Field kStaMac[] = {
+constexpr bx::FieldDef kStaMacSource[] = {
     BX_TEXT(StaMac, szMac, "mac", "mac:%s"),
 };
+BX_PACKED(kStaMac);
 
-constexpr Field kStaTraffic[] = {
+constexpr bx::FieldDef kStaTrafficSource[] = {
     BX_TEXT(StaTraffic, szMac, "mac", "mac:%s"),
     BX_U32(StaTraffic, uiTxBytes, "txbytes", "txbytes:%lu"),
     BX_U32(StaTraffic, uiRxBytes, "rxbytes", "rxbytes:%u"),
@@ -131,27 +134,31 @@ constexpr Field kStaTraffic[] = {
     BX_U32(StaTraffic, uiTxErrors, "txerrors", "txerrors:%u"),
     BX_U32(StaTraffic, uiRxErrors, "rxerrors", "rxerrors:%u"),
 };
+BX_PACKED(kStaTraffic);
 
-constexpr Field kStaNum[] = {
+constexpr bx::FieldDef kStaNumSource[] = {
     BX_U32(StaNum, uiCountAll, "countall", "countall:%d"),
     BX_U32(StaNum, uiCountOnline, "countonline", "countonline:%u"),
     BX_U32(StaNum, uiCountWired, "countwired", "countwired:%u"),
     BX_U32(StaNum, uiCount2p4g, "count2p4g", "count2p4g:%u"),
     BX_U32(StaNum, uiCount5g, "count5g", "count5g:%u"),
 };
+BX_PACKED(kStaNum);
 
-constexpr Field kStaName[] = {
+constexpr bx::FieldDef kStaNameSource[] = {
     BX_TEXT(StaName, szMac, "mac", "mac:%s"),
     BX_TEXT(StaName, szName, "name", "name:%s"),
 };
+BX_PACKED(kStaName);
 
 /* The texts go out only when uiFlag marks them valid; storing a text marks
  * it valid, the other bits stay as the caller set them. */
-constexpr Field kStaModel[] = {
+constexpr bx::FieldDef kStaModelSource[] = {
     BX_TEXT(StaModel, szMac, "mac", "mac:%s"),
     bx::flagged(BX_TEXT(StaModel, szBrand, "brand", "brand:%s"), STA_MODEL_BRAND_VALID),
     bx::flagged(BX_TEXT(StaModel, szModel, "model", "model:%s"), STA_MODEL_MODEL_VALID),
 };
+BX_PACKED(kStaModel);
 
 } // namespace
 
@@ -172,7 +179,7 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     uint32_t count = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
     for (uint32_t i = 0; i < count; ++i) {
         void *table = blobmsg_open_table(pstBuf, nullptr);
-        bx::emit_fields(kStaEntryOut.fields, STA_MAX, &rec->pstListInfo[i], pstBuf, bx::kNoMask);
+        bx::emit_fields(kStaEntryOut, STA_MAX, &rec->pstListInfo[i], pstBuf, bx::kNoMask);
         blob_nest_end(pstBuf, table);
     }
     blob_nest_end(pstBuf, list);
@@ -185,8 +192,7 @@ BX_DESCRIBED(STJ_StaList, kStaListSent, nullptr, 0, ::bx::kNoMask,
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
 {
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
-    const auto &policy = bx::Described<kStaListReceived>::policy.entries;
-    static_assert(std::size(bx::Described<kStaListReceived>::policy.entries) == LIST_MAX);
+    static_assert(kStaListReceived.size() == LIST_MAX);
     if (pstMsg == nullptr || pvRecord == nullptr)
         return -1;
     auto *rec = static_cast<StaListInfo *>(pvRecord);
@@ -194,12 +200,12 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
      * anything else; a missing array offers no room at all. */
     const uint32_t capacity = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
     blob_attr *tb[LIST_MAX];
-    bx::parse(policy, tb, pstMsg);
+    bx::parse_msg<kStaListReceived>(tb, pstMsg);
     /* The sender's count is only traced, never stored: the record's count
      * stays the capacity the caller gave. */
-    if (bx::present(policy, tb, LIST_COUNT))
+    if (bx::present(kStaListReceived, tb, LIST_COUNT))
         BX_TRACE("uiStaNumofEsps: %d\n", bx::get_s32(tb[LIST_COUNT]));
-    if (!bx::present(policy, tb, LIST_STALIST))
+    if (!bx::present(kStaListReceived, tb, LIST_STALIST))
         return 0;
 
     const char *func = __func__;
@@ -222,14 +228,14 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_StaList, kStaListReceived, bx::Described<kStaListReceived>::policy.entries, 2, ::bx::kNoMask,
+BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, 2, ::bx::kNoMask,
              "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
              "array); an element past them ends the walk; each element uses an entry, even without keys")
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 
 /* Sent and read like one element of the list, at the top level. */
-BX_SENT_ROW(STJ_StaInfoByMac, kStaEntryOut.fields, ::bx::kNoMask)
+BX_SENT_ROW(STJ_StaInfoByMac, kStaEntryOut, ::bx::kNoMask)
 BX_RECEIVED_ROW(JTS_StaInfoByMac, kStaEntry, ::bx::kNoMask)
 
 /* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */

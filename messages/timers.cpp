@@ -26,19 +26,20 @@ using bx::Reading;
 
 /* ---- Reboot timer (84) ------------------------------------------------------- */
 
-constexpr Field kRebootTimer[] = {
+constexpr bx::FieldDef kRebootTimerSource[] = {
     BX_WORD(RebootTimer, uiStatus, EnumSwitch, "status", "reboot status:%d"),
     BX_U32(RebootTimer, uiHour, "hour", "reboot hour:%u"),
     BX_U32(RebootTimer, uiMinute, "minute", "reboot minute:%u"),
     BX_U32(RebootTimer, uiWeek, "week", "reboot week:%u"),
 };
+BX_PACKED(kRebootTimer);
 
 /* ---- Wi-Fi timer tasks (85, 86, 87) ------------------------------------------- */
 
 /* The task's members in record order; "action" is what the task does when
  * it fires, "type" whether it repeats. One policy serves the set, the list
  * and each list element, so "count" and "timerlist" are parsed in each. */
-constexpr Field kTimerTask[] = {
+constexpr bx::FieldDef kTimerTaskSource[] = {
     BX_U32(WifiTimerTask, uiTaskId, "taskid", nullptr),
     BX_WORD(WifiTimerTask, uiStatus, EnumSwitch, "status", nullptr),
     BX_WORD(WifiTimerTask, uiAction, EnumSwitch, "action", nullptr),
@@ -51,17 +52,18 @@ constexpr Field kTimerTask[] = {
     parsed_key("count", bx::Wire::U32),
     parsed_key("timerlist", bx::Wire::List),
 };
+BX_PACKED(kTimerTask);
 
 /* Quirk: a task to be set names a missing key by its own text alone, not by the presence check. */
 Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (attr != nullptr)
         return bx::read_slot(r, f, attr);
-    BX_TRACE_AS(r.func, "%s\n", f.refusal);
+    BX_TRACE_AS(r.func, "%s\n", f.refusal());
     return {true, f.refused_ret};
 }
 constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr, "absence is traced with the refusal text alone, not by the presence check"};
-constexpr Field set_required(Field f, const char *refusal)
+constexpr bx::FieldDef set_required(bx::FieldDef f, const char *refusal)
 {
     return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal);
 }
@@ -69,41 +71,44 @@ constexpr Field set_required(Field f, const char *refusal)
 /* A task to be set needs every key but "status" and "type". The keys are
  * taken in record order: a missing one ends the conversion, and the keys
  * before it stay stored. */
-constexpr Field kTimerTaskSet[] = {
-    set_required(kTimerTask[0], "param task id error"),
-    kTimerTask[1],
-    set_required(kTimerTask[2], "param action error"),
-    kTimerTask[3],
-    set_required(kTimerTask[4], "param start hour error"),
-    set_required(kTimerTask[5], "param start minute error"),
-    set_required(kTimerTask[6], "param end hour error"),
-    set_required(kTimerTask[7], "param end minute error"),
-    set_required(kTimerTask[8], "param week error"),
-    kTimerTask[9],
-    kTimerTask[10],
+constexpr bx::FieldDef kTimerTaskSetSource[] = {
+    set_required(kTimerTaskSource[0], "param task id error"),
+    kTimerTaskSource[1],
+    set_required(kTimerTaskSource[2], "param action error"),
+    kTimerTaskSource[3],
+    set_required(kTimerTaskSource[4], "param start hour error"),
+    set_required(kTimerTaskSource[5], "param start minute error"),
+    set_required(kTimerTaskSource[6], "param end hour error"),
+    set_required(kTimerTaskSource[7], "param end minute error"),
+    set_required(kTimerTaskSource[8], "param week error"),
+    kTimerTaskSource[9],
+    kTimerTaskSource[10],
 };
+BX_PACKED(kTimerTaskSet);
 
 /* "count" does not bound the received list: every element fills the next
  * task, up to the tasks the record holds. */
 constexpr bx::ListOf kTimerTasks =
     BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount)).of_any_type();
-constexpr Field kWifiTimerList[] = {
-    bx::parsed_only(kTimerTask[0]),
-    bx::parsed_only(kTimerTask[1]),
-    bx::parsed_only(kTimerTask[2]),
-    bx::parsed_only(kTimerTask[3]),
-    bx::parsed_only(kTimerTask[4]),
-    bx::parsed_only(kTimerTask[5]),
-    bx::parsed_only(kTimerTask[6]),
-    bx::parsed_only(kTimerTask[7]),
-    bx::parsed_only(kTimerTask[8]),
+constexpr bx::FieldDef kWifiTimerListSource[] = {
+    bx::parsed_only(kTimerTaskSource[0]),
+    bx::parsed_only(kTimerTaskSource[1]),
+    bx::parsed_only(kTimerTaskSource[2]),
+    bx::parsed_only(kTimerTaskSource[3]),
+    bx::parsed_only(kTimerTaskSource[4]),
+    bx::parsed_only(kTimerTaskSource[5]),
+    bx::parsed_only(kTimerTaskSource[6]),
+    bx::parsed_only(kTimerTaskSource[7]),
+    bx::parsed_only(kTimerTaskSource[8]),
     BX_U32(WifiTimerList, uiCount, "count", "count: %u"),
     BX_LIST(WifiTimerList, astTask, "timerlist", kTimerTasks, nullptr),
 };
+BX_PACKED(kWifiTimerList);
 
-constexpr Field kTimerIdx[] = {
+constexpr bx::FieldDef kTimerIdxSource[] = {
     BX_U32(WifiTimerIdx, uiTaskId, "taskid", "Idx: %u"),
 };
+BX_PACKED(kTimerIdx);
 
 /* ---- Rate limits (108, 109) ----------------------------------------------------- */
 
@@ -112,7 +117,7 @@ void send_switch_as_bool(const Field &f, const void *record, blob_buf *buf)
 {
     uint32_t value = 0;
     std::memcpy(&value, static_cast<const uint8_t *>(record) + f.offset, sizeof value);
-    bx::add_word(buf, f.key, f.word_list, value != 0);
+    bx::add_word(buf, f.key(), f.word_list, value != 0);
 }
 constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool, "sent as the word of 0 or 1 (any non-zero value sends 1)"};
 
@@ -120,7 +125,7 @@ constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool, "sent as the wor
  * were given; each rate received sets its bit. "ratelimitenable" is stored
  * but sets no bit: a record filled from a message goes back out without it
  * unless the caller sets the bit. */
-constexpr Field kRateLimit[] = {
+constexpr bx::FieldDef kRateLimitSource[] = {
     bx::flagged(bx::with_quirk(BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
                                kSwitchAsBool),
                 0, RATE_LIMIT_VALID_ENABLE),
@@ -129,6 +134,7 @@ constexpr Field kRateLimit[] = {
     bx::flagged(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), RATE_LIMIT_VALID_RX),
     bx::flagged(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), RATE_LIMIT_VALID_TX),
 };
+BX_PACKED(kRateLimit);
 
 /* Quirk: in a list both rates mark the rx limit as given; the tx bit is
  * never set. */
@@ -142,13 +148,14 @@ Read read_marking_rx(const Reading &r, const Field &f, blob_attr *attr)
 constexpr bx::Quirk kMarkingRx{read_marking_rx, nullptr, "storing it sets the rx validity bit (the tx bit is never set)"};
 
 /* Every entry of the list carries all five members, whatever its flags. */
-constexpr Field kRateLimitEntry[] = {
+constexpr bx::FieldDef kRateLimitEntrySource[] = {
     BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
-    kRateLimit[1],
-    kRateLimit[2],
+    kRateLimitSource[1],
+    kRateLimitSource[2],
     bx::with_quirk(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), kMarkingRx),
     bx::with_quirk(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), kMarkingRx),
 };
+BX_PACKED(kRateLimitEntry);
 
 /* "count" is stored but does not bound the walk; the record's 32 entries
  * do. */
@@ -156,28 +163,32 @@ constexpr bx::ListOf kRateLimits = BX_TABLES(RateLimitList, astEntry, kRateLimit
                                        .counted_at(offsetof(RateLimitList, uiCount))
                                        .past_bound_traced("blobmsg parse failed\n", false)
                                        .of_any_type();
-constexpr Field kRateLimitList[] = {
+constexpr bx::FieldDef kRateLimitListSource[] = {
     BX_U32(RateLimitList, uiCount, "count", "input uiCount: %d"),
     BX_LIST(RateLimitList, astEntry, "ratelimitlist", kRateLimits, nullptr),
 };
+BX_PACKED(kRateLimitList);
 
 /* ---- Periodic rate sampling (110, 111) ------------------------------------------- */
 
-constexpr Field kPeriodRateTask[] = {
+constexpr bx::FieldDef kPeriodRateTaskSource[] = {
     BX_WORD(PeriodRateTask, eTaskType, EnumPortRole, "tasktype", "eTaskType:%u"),
     BX_TEXT(PeriodRateTask, szTaskName, "taskname", "taskname:%s"),
     BX_U32(PeriodRateTask, uiReportInterval, "reportinterval", "reportinterval:%u"),
     BX_U32(PeriodRateTask, uiSampleInterval, "sampleinterval", "sampleinterval:%u"),
 };
+BX_PACKED(kPeriodRateTask);
 
 /* Quirk: each real-time rate is traced with the other one's value. */
 Read read_rate_traced_crossed(const Reading &r, const Field &f, blob_attr *attr)
 {
-    Field untraced = f;
-    untraced.trace = nullptr;
-    const Read done = bx::read_slot(r, untraced, attr);
+    const Read done = bx::test_slot(r, f, attr);
     if (attr == nullptr)
         return done;
+    const uint32_t value = bx::get_u32(attr);  /* stored untraced */
+    std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &value, sizeof value);
+    if (r.mask != nullptr)
+        *r.mask |= f.mask_bit;
     const auto *report = static_cast<const PeriodRateReport *>(r.record);
     const bool tx = f.offset == offsetof(PeriodRateReport, uiTxRateRt);
     bx::trace_field(r.func, f, nullptr, 0, tx ? report->uiRxRateRt : report->uiTxRateRt);
@@ -185,7 +196,7 @@ Read read_rate_traced_crossed(const Reading &r, const Field &f, blob_attr *attr)
 }
 constexpr bx::Quirk kRateTracedCrossed{read_rate_traced_crossed, nullptr, "traced with the other rate's value"};
 
-constexpr Field kPeriodRateReport[] = {
+constexpr bx::FieldDef kPeriodRateReportSource[] = {
     BX_WORD(PeriodRateReport, eTaskType, EnumPortRole, "tasktype", "period tasktype:%u"),
     BX_TEXT(PeriodRateReport, szTaskName, "taskname", "period taskname:%s"),
     BX_TEXT(PeriodRateReport, szMac, "mac", "period mac:%s"),
@@ -196,11 +207,12 @@ constexpr Field kPeriodRateReport[] = {
     BX_U32(PeriodRateReport, uiAvaRxRate, "avarxrate", "period avarxrate:%u"),
     BX_U32(PeriodRateReport, uiAvaTxRate, "avatxrate", "period avatxrate:%u"),
 };
+BX_PACKED(kPeriodRateReport);
 
 /* ---- IPTV (112) --------------------------------------------------------------------- */
 
 /* One policy for the message and its VLAN elements. */
-constexpr Field kIptvVlan[] = {
+constexpr bx::FieldDef kIptvVlanSource[] = {
     BX_U32(IptvVlan, uiVlanId, "vlanid", "Vlanid:%u"),
     BX_U32(IptvVlan, uiEthPorts, "ethports", "ethPorts:%u"),
     BX_U32(IptvVlan, uiPorts2p4g, "ports2p4g", "2P4GPorts:%u"),
@@ -208,17 +220,18 @@ constexpr Field kIptvVlan[] = {
     parsed_key("status", bx::Wire::Word),
     parsed_key("vlanlist", bx::Wire::List),
 };
+BX_PACKED(kIptvVlan);
 
 /* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
 void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
 {
     const auto *iptv = static_cast<const IptvConfig *>(record);
-    void *array = blobmsg_open_array(buf, f.key);
+    void *array = blobmsg_open_array(buf, f.key());
     for (const IptvVlan &vlan : iptv->astVlan) {
         if (vlan.uiVlanId == 0)
             continue;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry, f.list->fields, &vlan, buf, bx::kNoMask);
+        bx::emit_fields(f.list->entry(), f.list->fields, &vlan, buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -237,14 +250,15 @@ constexpr bx::Quirk kVlans{read_vlans, send_used_vlans, "absence traced as \"No 
 /* The record has two VLAN slots: a third element ends the walk. */
 constexpr bx::ListOf kIptvVlans =
     BX_TABLES(IptvConfig, astVlan, kIptvVlan).past_bound_traced("NULL == cur\n\n", false).of_any_type();
-constexpr Field kIptv[] = {
-    bx::parsed_only(kIptvVlan[0]),
-    bx::parsed_only(kIptvVlan[1]),
-    bx::parsed_only(kIptvVlan[2]),
-    bx::parsed_only(kIptvVlan[3]),
+constexpr bx::FieldDef kIptvSource[] = {
+    bx::parsed_only(kIptvVlanSource[0]),
+    bx::parsed_only(kIptvVlanSource[1]),
+    bx::parsed_only(kIptvVlanSource[2]),
+    bx::parsed_only(kIptvVlanSource[3]),
     BX_WORD(IptvConfig, uiStatus, EnumSwitch, "status", "status:%d"),
     bx::with_quirk(BX_LIST(IptvConfig, astVlan, "vlanlist", kIptvVlans, nullptr), kVlans),
 };
+BX_PACKED(kIptv);
 
 } // namespace
 

@@ -13,12 +13,13 @@ using bx::at_most;
 
 /* ---- Limits (type 140) ----------------------------------------------------- */
 
-constexpr Field kInfoFields[] = {
+constexpr bx::FieldDef kInfoFieldsSource[] = {
     BX_U32(VsieInfo, uiMaxBeaconTxEntry, "maxbeacontxentry", "MaxBeacontxEntry:%u"),
     BX_U32(VsieInfo, uiMaxBeaconTxConcurrent, "maxbeacontxconcurrent", "MaxBeacontxConCurrent:%u"),
     BX_U32(VsieInfo, uiMaxProbeRxEntry, "maxproberxentry", "MaxProberxEntry:%u"),
     BX_U32(VsieInfo, uiMaxProbeRespEntry, "maxproberespentry", "MaxProbeRespEntry:%u"),
 };
+BX_PACKED(kInfoFields);
 
 /* ---- Beacon entries (types 141 to 144) -------------------------------------- */
 
@@ -34,43 +35,49 @@ void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
 /* The element bytes, one per 32-bit slot, as many as uiLen says (the
  * "len" just stored, or the caller's); an element of any type is read as a
  * number. */
-constexpr Field kIeByte[] = {BX_U32_ENTRY("Iedata:%c")};
+constexpr bx::FieldDef kIeByteSource[] = {BX_U32_ENTRY("Iedata:%c")};
+BX_PACKED(kIeByte);
 constexpr bx::ListOf kIeData = BX_VALUES(VsieBeaconTxEntry, auiIeData, kIeByte)
                                    .counted_at(offsetof(VsieBeaconTxEntry, uiLen))
                                    .bounded_by_count()
                                    .of_any_type();
 
 /* An added entry has no index yet: "idx" is neither sent nor read. */
-constexpr Field kAddFields[] = {
+constexpr bx::FieldDef kAddFieldsSource[] = {
     BX_TEXT(VsieBeaconTxEntry, szServiceName, "servicename", "Servicename:%s"),
     BX_U32(VsieBeaconTxEntry, uiSsidIdx, "ssididx", "Ssididx:%u"),
     BX_U32(VsieBeaconTxEntry, uiDuration, "duration", "Duration:%u"),
     BX_U32(VsieBeaconTxEntry, uiLen, "len", "Len:%u"),
     bx::reported(BX_LIST(VsieBeaconTxEntry, auiIeData, "iedata", kIeData, nullptr), "No IEDATA"),
 };
+BX_PACKED(kAddFields);
 
 /* A listed entry goes out with its index first. */
-constexpr Field kListEntry[] = {
+constexpr bx::FieldDef kListEntrySource[] = {
     BX_U32(VsieBeaconTxEntry, uiIdx, "idx", nullptr),
-    kAddFields[0], kAddFields[1], kAddFields[2], kAddFields[3], kAddFields[4],
+    kAddFieldsSource[0], kAddFieldsSource[1], kAddFieldsSource[2], kAddFieldsSource[3], kAddFieldsSource[4],
 };
+BX_PACKED(kListEntry);
 constexpr bx::ListOf kEntries = BX_TABLES(VsieBeaconTxList, astEntry, kListEntry).counted_at(offsetof(VsieBeaconTxList, uiCount));
-constexpr Field kListSent[] = {
+constexpr bx::FieldDef kListSentSource[] = {
     BX_COUNT(VsieBeaconTxList),
     BX_LIST(VsieBeaconTxList, astEntry, "list", kEntries, nullptr),
 };
+BX_PACKED(kListSent);
 /* As received: "count" bounds the list, the elements past it skipped. */
 constexpr bx::ListOf kEntriesRead = kEntries.bounded_by_count().past_bound_traced("NULL == cur\n\n", true);
-constexpr Field kListReceived[] = {
-    kListSent[0],
+constexpr bx::FieldDef kListReceivedSource[] = {
+    kListSentSource[0],
     BX_LIST(VsieBeaconTxList, astEntry, "list", kEntriesRead, nullptr),
 };
+BX_PACKED(kListReceived);
 
-constexpr Field kSwitchFields[] = {
+constexpr bx::FieldDef kSwitchFieldsSource[] = {
     BX_U32(VsieBeaconTxSwitch, uiIdx, "idx", "Idx:%u"),
     /* No range check: an unknown word stores -1. */
     BX_WORD(VsieBeaconTxSwitch, uiEnable, EnumSwitch, "enable", "Enable:%d"),
 };
+BX_PACKED(kSwitchFields);
 
 /* The keys the list's converter reads, in the message and in each element. */
 enum { BTX_IDX, BTX_SERVICENAME, BTX_SSIDIDX, BTX_DURATION, BTX_LEN, BTX_IEDATA, BTX_LIST, BTX_COUNT, BTX_MAX };

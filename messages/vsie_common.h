@@ -14,9 +14,10 @@ namespace bx::vsie {
 inline uint8_t low_byte(const blob_attr *elem) { return static_cast<uint8_t>(get_u32(elem)); }
 
 /* The one member of the index messages (types 142, 146 and 151). */
-inline constexpr Field kIndexFields[] = {
+inline constexpr bx::FieldDef kIndexFieldsSource[] = {
     BX_U32(VsieIndex, uiIdx, "idx", "Idx:%u"),
 };
+inline constexpr const auto &kIndexFields = ::bx::kPacked<kIndexFieldsSource>;
 
 /* Stores the numbers of an array attribute in dst[0], dst[1], ..., at most
  * `limit` of them (a byte array keeps each number's low byte), and calls
@@ -50,7 +51,7 @@ constexpr ListOf read_at_most(ListOf l, uint16_t read)
  * its own way: true when the key is there. */
 inline bool found(const Reading &r, const Field &f, blob_attr *attr)
 {
-    read_slot(r, tested_only(f), attr);
+    test_slot(r, f, attr);
     return attr != nullptr;
 }
 
@@ -59,7 +60,7 @@ inline bool found(const Reading &r, const Field &f, blob_attr *attr)
 /* Rec::member, an array of packed element bytes, as the list of numbers
  * `key`, read and sent by `quirk` (the columns know no byte entries). */
 #define BX_VSIE_BYTES(Rec, member, key, quirk)                                                              \
-    ::bx::with_quirk(::bx::Field{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
+    ::bx::with_quirk(::bx::FieldDef{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
                                  nullptr, ::bx::trace_shape(nullptr), #member},                               \
                      quirk)
 

@@ -77,48 +77,55 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
     return bx::kGoOn;
 }
 constexpr bx::Quirk kOui{read_oui, nullptr, "elements of any type read as bytes, each traced with its place"};
-constexpr Field kByte[] = {BX_U8_ENTRY(nullptr)};
+constexpr bx::FieldDef kByteSource[] = {BX_U8_ENTRY(nullptr)};
+BX_PACKED(kByte);
 constexpr bx::ListOf kOuiBytes = BX_VALUES(VsieProbeRxEntry, aucOui, kByte);
 
 /* An added entry has no index and no records yet. */
-constexpr Field kRxAdd[] = {
+constexpr bx::FieldDef kRxAddSource[] = {
     BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s"),
     /* No range check: an unknown word stores 2. */
     BX_WORD(VsieProbeRxEntry, uiBand, EnumBand, "band", "Band:%u"),
     bx::with_quirk(BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr), kOui),
 };
+BX_PACKED(kRxAdd);
 
 /* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
  * behind (a received list is read by its own converter). */
 constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte).counted_at(offsetof(VsieProbeRxRecord, uiVsieLen));
-constexpr Field kRecordSent[] = {
+constexpr bx::FieldDef kRecordSentSource[] = {
     BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
     BX_WORD(VsieProbeRxRecord, uiBand, EnumBand, "band", nullptr),
     BX_LIST(VsieProbeRxRecord, aucVsie, "vsie", kPayload, nullptr),
 };
+BX_PACKED(kRecordSent);
 constexpr bx::ListOf kRecords =
     BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent).counted_at(offsetof(VsieProbeRxEntry, uiRecordCount));
 
 /* No count: the receiver counts the list. */
-constexpr Field kRxEntrySent[] = {
+constexpr bx::FieldDef kRxEntrySentSource[] = {
     BX_U32(VsieProbeRxEntry, uiIdx, "idx", nullptr),
-    kRxAdd[0], kRxAdd[1], kRxAdd[2],
+    kRxAddSource[0], kRxAddSource[1], kRxAddSource[2],
     BX_LIST(VsieProbeRxEntry, astRecord, "record", kRecords, nullptr),
 };
+BX_PACKED(kRxEntrySent);
 constexpr bx::ListOf kRxEntries =
     BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent).counted_at(offsetof(VsieProbeRxList, uiCount));
-constexpr Field kRxListSent[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntries, nullptr)};
+constexpr bx::FieldDef kRxListSentSource[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntries, nullptr)};
+BX_PACKED(kRxListSent);
 
 /* Quirk (148): sent from the very start of the record, a bare service name,
  * whereas the received name lands after an entry's uiIdx. */
-constexpr Field kFlushSent[] = {BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr)};
-constexpr Field kFlushReceived[] = {BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s")};
+constexpr bx::FieldDef kFlushSentSource[] = {BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr)};
+BX_PACKED(kFlushSent);
+constexpr bx::FieldDef kFlushReceivedSource[] = {BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s")};
+BX_PACKED(kFlushReceived);
 
 /* Quirk (149): "vsie" carries the OUI ahead of uiVsieLen payload bytes. */
 void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
 {
     const auto &rec = *static_cast<const VsieProbeRxRecord *>(record);
-    void *vsie = blobmsg_open_array(buf, f.key);
+    void *vsie = blobmsg_open_array(buf, f.key());
     for (uint8_t byte : rec.aucOui)
         blobmsg_add_u32(buf, nullptr, byte);
     for (size_t k = 0; k < at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
@@ -128,48 +135,55 @@ void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
 constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload, "sent as the three OUI bytes followed by uiVsieLen payload bytes"};
 
 /* An added station record goes out as the one element of a "record" list. */
-constexpr Field kOneRecordSent[] = {
-    kRecordSent[0], kRecordSent[1],
+constexpr bx::FieldDef kOneRecordSentSource[] = {
+    kRecordSentSource[0], kRecordSentSource[1],
     BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kOuiAndPayload),
 };
-constexpr bx::ListOf kOneRecord{kOneRecordSent, bx::Described<kOneRecordSent>::policy.entries,
-                                bx::entry_fields(std::size(kOneRecordSent)), true, sizeof(VsieProbeRxRecord), 1};
-constexpr Field kRecordAddSent[] = {
-    bx::with_list(bx::Field{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
+BX_PACKED(kOneRecordSent);
+constexpr bx::ListOf kOneRecord{kOneRecordSent, bx::entry_fields(std::size(kOneRecordSent)), true, sizeof(VsieProbeRxRecord), 1};
+constexpr bx::FieldDef kRecordAddSentSource[] = {
+    bx::with_list(bx::FieldDef{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
 };
+BX_PACKED(kRecordAddSent);
 
 /* ---- Probe-response entries (types 150 and 152) ------------------------------ */
 
 /* The element bytes of a response: the count is the bytes stored (elements
  * of any type read as numbers), traced once they are. */
-constexpr Field kResponseByte[] = {BX_U8_ENTRY("Iedata:%x")};
+constexpr bx::FieldDef kResponseByteSource[] = {BX_U8_ENTRY("Iedata:%x")};
+BX_PACKED(kResponseByte);
 constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte)
                                           .counted_at(offsetof(VsieProbeRespEntry, uiIedataLen))
                                           .filling_count()
                                           .of_any_type();
 
 /* An added entry: no "idx", no "band". */
-constexpr Field kRespAdd[] = {
+constexpr bx::FieldDef kRespAddSource[] = {
     BX_TEXT(VsieProbeRespEntry, szMac, "mac", "Mac:%s"),
     bx::reported(BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d"), "No IEDATA"),
 };
+BX_PACKED(kRespAdd);
 
 /* No count: the receiver counts the list. */
-constexpr Field kRespEntrySent[] = {
+constexpr bx::FieldDef kRespEntrySentSource[] = {
     BX_U32(VsieProbeRespEntry, uiIdx, "idx", nullptr),
-    kRespAdd[0],
+    kRespAddSource[0],
     BX_WORD(VsieProbeRespEntry, uiBand, EnumBand, "band", nullptr),
-    kRespAdd[1],
+    kRespAddSource[1],
 };
+BX_PACKED(kRespEntrySent);
 constexpr bx::ListOf kRespEntries =
     BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
-constexpr Field kRespListSent[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
+constexpr bx::FieldDef kRespListSentSource[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
+BX_PACKED(kRespListSent);
 
 /* The two lists as received: three entries at most, counted. */
 constexpr bx::ListOf kRxEntriesRead = bx::vsie::read_at_most(kRxEntries, kProbeListEntries);
-constexpr Field kRxListReceived[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntriesRead, nullptr)};
+constexpr bx::FieldDef kRxListReceivedSource[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntriesRead, nullptr)};
+BX_PACKED(kRxListReceived);
 constexpr bx::ListOf kRespEntriesRead = bx::vsie::read_at_most(kRespEntries, kProbeListEntries);
-constexpr Field kRespListReceived[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntriesRead, nullptr)};
+constexpr bx::FieldDef kRespListReceivedSource[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntriesRead, nullptr)};
+BX_PACKED(kRespListReceived);
 
 } // namespace
 

@@ -18,7 +18,7 @@ namespace {
 
 /* ---- WAN status report (22) --------------------------------------------- */
 
-constexpr bx::Field kWanStatus[] = {
+constexpr bx::FieldDef kWanStatusSource[] = {
     BX_WORD(WanStatusInfo, eWorkMode, EnumWanMode, "workmode", "WorkMode:%d"),
     BX_WORD(WanStatusInfo, eLinkStatus, EnumSwitch, "linkstatus", "LinkStates:%d"),
     BX_TEXT(WanStatusInfo, szIp, "ip", "IP:%s"),
@@ -33,15 +33,17 @@ constexpr bx::Field kWanStatus[] = {
     BX_U32(WanStatusInfo, uiPortId, "portid", "PortId:%d"),
     BX_U32(WanStatusInfo, uiLinkSpeed, "linkspeed", "Linkspeed:%u"),
 };
+BX_PACKED(kWanStatus);
 
 /* ---- IPv6 switch (23) and status report (24) ------------------------------ */
 
 /* The switch is the whole message: without it there is nothing to do. */
-constexpr bx::Field kIpv6Switch[] = {
+constexpr bx::FieldDef kIpv6SwitchSource[] = {
     bx::required(BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d"), "ipv6Switch is not valid"),
 };
+BX_PACKED(kIpv6Switch);
 
-constexpr bx::Field kIpv6Info[] = {
+constexpr bx::FieldDef kIpv6InfoSource[] = {
     BX_WORD(Ipv6Info, uiEnable, EnumSwitch, "IPv6enable", "IPv6 Status: %d"),
     BX_WORD(Ipv6Info, uiConnectStatus, EnumConnected, "connectstatus", "IPv6 Connect Status: %d"),
     BX_TEXT(Ipv6Info, szIpAddr, "IPaddr", "IPv6 Address: %s"),
@@ -57,19 +59,21 @@ constexpr bx::Field kIpv6Info[] = {
     BX_U32(Ipv6Info, uiPrefixVlTime, "prefixvltime", "IPv6 PD Valid Life Time: %d"),
     BX_WORD(Ipv6Info, uiDsLite, EnumBoolean, "dslite", "IPv6 DS-Lite Flag: %d"),
 };
+BX_PACKED(kIpv6Info);
 
 /* ---- DHCP configuration (25) ------------------------------------------------ */
 
-constexpr bx::Field kDhcp[] = {
+constexpr bx::FieldDef kDhcpSource[] = {
     BX_U32(WanDhcpConfig, uiMtu, "mtu", "MTU:%d"),
 };
+BX_PACKED(kDhcp);
 
 /* ---- Configurations with validity bits (26, 27) ------------------------------ */
 
 /* Static address: storing a field sets its validity bit in uiCapaFlag; it is
  * sent while uiCapaFlag has that bit. Policy order and sending order are the
  * same. */
-constexpr bx::Field kStatic[] = {
+constexpr bx::FieldDef kStaticSource[] = {
     bx::flagged(BX_TEXT(WanStaticConfig, szIp, "ip", "IP:%s"), WAN_CAPA_IP),
     bx::flagged(BX_TEXT(WanStaticConfig, szSubMask, "submask", "SubMask:%s"), WAN_CAPA_SUBMASK),
     bx::flagged(BX_TEXT(WanStaticConfig, szGwIp, "gwip", "GwIP:%s"), WAN_CAPA_GW_IP),
@@ -80,9 +84,10 @@ constexpr bx::Field kStatic[] = {
     /* Looked for like every key, never read: a sender cannot set the word. */
     bx::listed_only(BX_U32(WanStaticConfig, uiCapaFlag, "capaflag", nullptr)),
 };
+BX_PACKED(kStatic);
 
 /* PPPoE, in sending order (receivers have "mtu" third). */
-constexpr bx::Field kPppoeSent[] = {
+constexpr bx::FieldDef kPppoeSentSource[] = {
     bx::flagged(BX_TEXT(WanPppoeConfig, szUser, "user", nullptr), WAN_CAPA_PPPOE_USER),
     bx::flagged(BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr), WAN_CAPA_PPPOE_PWD),
     bx::flagged(BX_TEXT(WanPppoeConfig, szServer, "server", nullptr), WAN_CAPA_PPPOE_SERVER),
@@ -90,15 +95,17 @@ constexpr bx::Field kPppoeSent[] = {
     /* Quirk: sent with any low validity bit, not only its own. */
     bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr), WAN_CAPA_MTU, bx::kAnyLowBit),
 };
+BX_PACKED(kPppoeSent);
 
 /* Quirk: the server's trace line shows the password. */
-constexpr bx::Field kServerLine = BX_TEXT(WanPppoeConfig, szPwd, "pwd", "PppoeServer:%s");
+constexpr bx::FieldDef kServerLineSource[] = {BX_TEXT(WanPppoeConfig, szPwd, "pwd", "PppoeServer:%s")};
+BX_PACKED(kServerLine);
 bx::Read read_server(const bx::Reading &r, const bx::Field &f, blob_attr *attr)
 {
     bx::Read done = bx::read_slot(r, f, attr);
     const char *pwd = static_cast<const WanPppoeConfig *>(r.record)->szPwd;
     if (attr != nullptr)
-        bx::trace_field(r.func, kServerLine, pwd, strnlen(pwd, sizeof(WanPppoeConfig::szPwd)), 0);
+        bx::trace_field(r.func, kServerLine[0], pwd, strnlen(pwd, sizeof(WanPppoeConfig::szPwd)), 0);
     return done;
 }
 
@@ -107,7 +114,7 @@ constexpr bx::Quirk kServerShowsPwd{read_server, nullptr, "traced with the passw
 /* PPPoE as received, "mtu" third. Quirk: the texts are copied with their
  * whole array, so 32 characters or more leave no terminator. */
 #define PPPOE_TEXT(member, key, trace, bit) bx::flagged(bx::whole(BX_TEXT(WanPppoeConfig, member, key, trace)), bit)
-constexpr bx::Field kPppoeReceived[] = {
+constexpr bx::FieldDef kPppoeReceivedSource[] = {
     PPPOE_TEXT(szUser, "user", "PppoeUser:%s", WAN_CAPA_PPPOE_USER),
     PPPOE_TEXT(szPwd, "pwd", "PppoePwd:%s", WAN_CAPA_PPPOE_PWD),
     bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU),
@@ -116,6 +123,7 @@ constexpr bx::Field kPppoeReceived[] = {
     /* Looked for like every key, never read. */
     bx::listed_only(BX_U32(WanPppoeConfig, uiCapaFlag, "capaflag", nullptr)),
 };
+BX_PACKED(kPppoeReceived);
 #undef PPPOE_TEXT
 
 } // namespace

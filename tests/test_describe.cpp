@@ -76,6 +76,19 @@ TEST(Describe, ChosenMessages)
     EXPECT_EQ(BLOBXLATE_Describe(BLOBXLATE_TO_JSON, 13, &none), -1);
 }
 
+// Every received type's policy fits the room kept for the policies, and
+// is built once: a second request hands out the same entries.
+TEST(Describe, EveryPolicyIsBuiltOnce)
+{
+    for (int type = 0; type <= MSG_QUICKJOIN; ++type) {
+        int count = 0;
+        const blobmsg_policy *p = BLOBXLATE_Policy(type, &count);
+        BlobxlateMessage m{};
+        EXPECT_EQ(p != nullptr, BLOBXLATE_Describe(BLOBXLATE_TO_STRUCT, type, &m) == 0) << type;
+        EXPECT_EQ(BLOBXLATE_Policy(type, nullptr), p) << type;
+    }
+}
+
 // One described key at a time into a record full of a pattern: the
 // converter changes nothing outside the described member, the mask and the
 // members its quirks store even without their key; and when it accepts the
