@@ -55,6 +55,8 @@ TEST(Describe, ChosenMessages)
     ASSERT_EQ(BLOBXLATE_Field(iedata.stList.pstEntry, 0, &byte), 0);
     EXPECT_EQ(byte.pcKey, nullptr);
     EXPECT_EQ(iedata.stList.iBound, BLOBXLATE_BOUND_COUNT);
+    EXPECT_EQ(list.stList.iTables, 1);
+    EXPECT_EQ(iedata.stList.iTables, 0);
 
     // Quirks and hand-written converters say where they depart.
     EXPECT_NE(field(BLOBXLATE_TO_STRUCT, MSG_PPPOE, 3).pcNote, nullptr);
