@@ -20,7 +20,7 @@ namespace bx {
 
 namespace {
 
-struct Inspection {
+struct Examination {
     BlobxlateFindingFunc report;
     void *context;
     int found;
@@ -31,7 +31,7 @@ struct Inspection {
 
 /* Appends ".key", "key" (at the top) or "[n]" to the path; returns the
  * length to restore. */
-size_t push_key(Inspection &in, const char *key, size_t key_len)
+size_t push_key(Examination &in, const char *key, size_t key_len)
 {
     const size_t was = in.path_len;
     const int n = std::snprintf(in.path + was, sizeof in.path - was, "%s%.*s", was > 0 ? "." : "",
@@ -40,7 +40,7 @@ size_t push_key(Inspection &in, const char *key, size_t key_len)
     return was;
 }
 
-size_t push_index(Inspection &in, unsigned index)
+size_t push_index(Examination &in, unsigned index)
 {
     const size_t was = in.path_len;
     std::snprintf(in.path + was, sizeof in.path - was, "[%u]", index);
@@ -48,14 +48,14 @@ size_t push_index(Inspection &in, unsigned index)
     return was;
 }
 
-void pop(Inspection &in, size_t was)
+void pop(Examination &in, size_t was)
 {
     in.path_len = was;
     in.path[was] = 0;
 }
 
 /* One finding at the current path; `text` has been formatted into in.text. */
-void report(Inspection &in, int kind, const char *key, bool has_number = false, int64_t number = 0)
+void report(Examination &in, int kind, const char *key, bool has_number = false, int64_t number = 0)
 {
     ++in.found;
     if (in.report == nullptr)
@@ -145,7 +145,7 @@ bool in_policy(const Area &a, const blob_attr *attr)
     return false;
 }
 
-void inspect_wrong_type(Inspection &in, const Field &f, const blob_attr *attr, const char *key)
+void examine_wrong_type(Examination &in, const Field &f, const blob_attr *attr, const char *key)
 {
     const int have = blobmsg_type(attr);
     const int want = wire_type(f.wire);
@@ -160,7 +160,7 @@ void inspect_wrong_type(Inspection &in, const Field &f, const blob_attr *attr, c
 
 /* One attribute of an area: is it a key of the table, of the right type,
  * the one its row reads, and read at all? */
-void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
+void examine_key(Examination &in, const Area &a, blob_attr *attr)
 {
     const bool has_name = blob_is_extended(attr);
     const size_t was = push_key(in, has_name ? blobmsg_name(attr) : "",
@@ -177,7 +177,7 @@ void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
         BX_SAY(in, "not a key of this message: ignored");
         report(in, BLOBXLATE_FINDING_UNKNOWN_KEY, key);
     } else if (row != nullptr && blobmsg_type(attr) != wire_type(row->wire)) {
-        inspect_wrong_type(in, *row, attr, key);
+        examine_wrong_type(in, *row, attr, key);
     } else if (row != nullptr && slot_of(a.data, a.len, *row) != attr) {
         BX_SAY(in, "a second \"%s\": ignored, the first is read", row->key());
         report(in, BLOBXLATE_FINDING_DUPLICATE, key);
@@ -190,7 +190,7 @@ void inspect_key(Inspection &in, const Area &a, blob_attr *attr)
 
 /* ---- Values ----------------------------------------------------------------- */
 
-void inspect_text(Inspection &in, const Field &f, blob_attr *attr)
+void examine_text(Examination &in, const Field &f, blob_attr *attr)
 {
     const size_t bound = f.whole ? f.size : f.size - 1u;
     const size_t len = std::strlen(get_text(attr));
@@ -244,7 +244,7 @@ uint32_t stored_number(const Field &f, blob_attr *attr, bool *unknown_word)
 
 bool within(const Field &f, uint32_t value) { return value - f.lowest <= f.highest - f.lowest; }
 
-void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
+void examine_number(Examination &in, const Field &f, blob_attr *attr)
 {
     bool unknown = false;
     const uint32_t stored = stored_number(f, attr, &unknown);
@@ -263,7 +263,7 @@ void inspect_number(Inspection &in, const Field &f, blob_attr *attr)
     report(in, BLOBXLATE_FINDING_OUT_OF_RANGE, f.key(), true, tested);
 }
 
-void inspect_area(Inspection &in, const Area &a);
+void examine_area(Examination &in, const Area &a);
 
 /* ---- Lists ------------------------------------------------------------------- */
 
@@ -290,22 +290,22 @@ uint32_t list_limit(const Area &a, const Field &list)
     return capacity;
 }
 
-void inspect_element(Inspection &in, const ListOf &l, blob_attr *elem)
+void examine_element(Examination &in, const ListOf &l, blob_attr *elem)
 {
     const Field &entry = l.entry()[0];
     if (l.tables) {
-        inspect_area(in, Area{blobmsg_data(elem), blobmsg_data_len(elem), l, nullptr, 0});
+        examine_area(in, Area{blobmsg_data(elem), blobmsg_data_len(elem), l, nullptr, 0});
     } else if (blobmsg_type(elem) != wire_type(entry.wire)) {
         BX_SAY(in, "a %s element read as the number %u", type_name(blobmsg_type(elem)), get_u32(elem));
         report(in, BLOBXLATE_FINDING_WRONG_TYPE, nullptr, true, get_u32(elem));
     } else if (entry.wire == Wire::Text) {
-        inspect_text(in, entry, elem);
+        examine_text(in, entry, elem);
     } else {
-        inspect_number(in, entry, elem);
+        examine_number(in, entry, elem);
     }
 }
 
-void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr)
+void examine_list(Examination &in, const Area &a, const Field &f, blob_attr *attr)
 {
     const ListOf &l = *f.list;
     const uint32_t limit = list_limit(a, f);
@@ -323,7 +323,7 @@ void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr
             BX_SAY(in, "a %s element where %s is read: skipped", type_name(blobmsg_type(elem)), type_name(type));
             report(in, BLOBXLATE_FINDING_WRONG_TYPE, nullptr);
         } else {
-            inspect_element(in, l, elem);
+            examine_element(in, l, elem);
             ++filled;
         }
         pop(in, was);
@@ -333,7 +333,7 @@ void inspect_list(Inspection &in, const Area &a, const Field &f, blob_attr *attr
 
 /* ---- Tables ------------------------------------------------------------------- */
 
-void inspect_row(Inspection &in, const Area &a, const Field &f)
+void examine_row(Examination &in, const Area &a, const Field &f)
 {
     if (!f.tested || f.key() == nullptr)
         return;
@@ -344,24 +344,24 @@ void inspect_row(Inspection &in, const Area &a, const Field &f)
         report(in, BLOBXLATE_FINDING_MISSING, f.key());
     } else if (attr != nullptr && f.stored && f.quirk == nullptr) {
         if (f.wire == Wire::List && f.list != nullptr)
-            inspect_list(in, a, f, attr);
+            examine_list(in, a, f, attr);
         else if (f.wire == Wire::Text)
-            inspect_text(in, f, attr);
+            examine_text(in, f, attr);
         else if (f.wire != Wire::List)
-            inspect_number(in, f, attr);
+            examine_number(in, f, attr);
     }
     pop(in, was);
 }
 
-void inspect_area(Inspection &in, const Area &a)
+void examine_area(Examination &in, const Area &a)
 {
-    blob_attr *bad = walk_area(a.data, a.len, [&](blob_attr *attr) { inspect_key(in, a, attr); });
+    blob_attr *bad = walk_area(a.data, a.len, [&](blob_attr *attr) { examine_key(in, a, attr); });
     if (bad != nullptr) {
         BX_SAY(in, "a malformed attribute: it and everything after it are not read");
         report(in, BLOBXLATE_FINDING_MALFORMED, nullptr);
     }
     for (uint8_t i = 0; i < a.table.fields; ++i)
-        inspect_row(in, a, a.table.entry()[i]);
+        examine_row(in, a, a.table.entry()[i]);
 }
 
 } // namespace
@@ -374,9 +374,9 @@ extern "C" BX_API int BLOBXLATE_Check(int iType, struct blob_attr *pstMsg, Blobx
     const bx::Converter c = bx::converter_of(BLOBXLATE_TO_STRUCT, iType);
     if (c.fields == nullptr || pstMsg == nullptr)
         return -1;
-    bx::Inspection in{pfnReport, pvContext, 0, 0, {}, {}};
+    bx::Examination in{pfnReport, pvContext, 0, 0, {}, {}};
     const bool hand_written = c.note != nullptr;
-    bx::inspect_area(in, bx::Area{blob_data(pstMsg), blob_len(pstMsg), *c.fields, hand_written ? c.policy : nullptr,
+    bx::examine_area(in, bx::Area{blob_data(pstMsg), blob_len(pstMsg), *c.fields, hand_written ? c.policy : nullptr,
                                   static_cast<uint16_t>(hand_written ? c.policy_count : 0)});
     return in.found;
 }
