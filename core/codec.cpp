@@ -126,19 +126,21 @@ void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob
     parse_keys(policy, count, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
-void parse_span(const Field *rows, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end)
+void parse_span(const ListOf &table, blob_attr **tb, blob_attr *elem, const char *msg_end)
 {
     auto *data = static_cast<char *>(blobmsg_data(elem));
     const size_t span = blob_len(elem);
     const size_t room = data < msg_end ? static_cast<size_t>(msg_end - data) : 0;
-    parse_rows(rows, count, tb, data, static_cast<unsigned>(span < room ? span : room));
+    parse_table(table, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
-int parse_rows(const Field *rows, size_t count, blob_attr **tb, void *data, unsigned int len)
+int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len)
 {
-    count = count < kMaxEntryFields ? count : kMaxEntryFields;  /* entry_fields holds every list to it */
-    const KeyIndex<kMaxEntryFields> ix = index_keys<kMaxEntryFields>(RowKeys{rows}, count);
-    return parse_by_keys(RowKeys{rows}, ref(ix), count, tb, data, len);
+    const Field *rows = table.entry();
+    const auto *ix = reinterpret_cast<const uint8_t *>(rows) + table.index_at;  /* laid out as KeyIndex */
+    const size_t buckets = buckets_for(table.fields);
+    return parse_by_keys(RowKeys{rows}, KeyIndexRef{ix, ix + buckets, ix + buckets + table.fields, buckets},
+                         table.fields, tb, data, len);
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
@@ -221,6 +223,22 @@ void emit_fields(const Field *fields, size_t count, const void *record, blob_buf
     }
 }
 
+Read read_table(const char *func, const ListOf &table, blob_attr **tb, void *data, size_t len, void *record,
+                int mask_at)
+{
+    parse_table(table, tb, data, static_cast<unsigned>(len));
+    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
+    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, table.entry(),
+                       table.fields);
+}
+
+int jts_table(const char *func, const ListOf &table, blob_attr **tb, blob_attr *msg, void *record, int mask_at)
+{
+    if (msg == nullptr || record == nullptr)
+        return -1;
+    return read_table(func, table, tb, blob_data(msg), blob_len(msg), record, mask_at).ret;
+}
+
 int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at)
 {
     if (record == nullptr || buf == nullptr)
@@ -291,9 +309,9 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
     }
     blob_attr *tb[kMaxEntryFields];
     if (l.spans && r.msg_end != nullptr)
-        parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
+        parse_span(l, tb, elem, r.msg_end);
     else
-        parse_rows(l.entry(), l.fields, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
+        parse_table(l, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
     return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry(), l.fields);
 }
 

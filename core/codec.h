@@ -25,6 +25,7 @@
 namespace bx {
 
 struct Field;
+struct ListOf;
 
 /* ---- Parsing ------------------------------------------------------------ */
 
@@ -44,10 +45,12 @@ inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], bl
     return parse_keys(policy, N, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
 
-/* The same by a field table's policy and its key index, built at compile
- * time (see KeysOf below). */
-template <const auto &Table, size_t N>
-inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem);
+/* The same by a field table's rows and its key index, built at compile
+ * time into the table (see Packed below). */
+template <size_t N, size_t P>
+struct Packed;
+template <size_t N, size_t P>
+inline int parse_elem(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *elem);
 
 /* JTS_CheckBlobAttr for slot `slot`, with the policy's own key. */
 template <size_t N>
@@ -141,7 +144,7 @@ inline const char *end_of(blob_attr *msg) { return static_cast<const char *>(blo
  * list in the message. The span is cut at the end of the message (msg_end,
  * see end_of) so that the parse never leaves it. */
 void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
-void parse_span(const Field *rows, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end);
+void parse_span(const ListOf &table, blob_attr **tb, blob_attr *elem, const char *msg_end);
 template <size_t N>
 inline void parse_span(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], blob_attr *elem, const char *msg_end)
 {
@@ -209,7 +212,6 @@ constexpr TraceShape trace_shape(const char *fmt)
  * whole array takes its terminator from a constant run of zeros this long. */
 constexpr size_t kMaxText = 1024;
 
-struct ListOf;
 struct Quirk;
 
 /* When a ranged value is tested. */
@@ -457,6 +459,7 @@ struct ListOf {
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
     int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
+    uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
 
     /* An entry's fields; a bare value has one, at offset 0, without key. */
     const Field *entry() const
@@ -502,9 +505,7 @@ consteval uint8_t entry_fields(size_t count)
 #define BX_ENTRY_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member[0]))
 
 /* Rec::member as a list of tables, each entry read and sent by table Entry. */
-#define BX_TABLES(Rec, member, Entry)                                                                   \
-    ::bx::ListOf{Entry, ::bx::entry_fields(::bx::Described<Entry>::count), \
-                 true, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+#define BX_TABLES(Rec, member, Entry) ::bx::tables_of(Entry, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member))
 /* Rec::member as a list of bare values, each entry the one field of Entry. */
 #define BX_VALUES(Rec, member, Entry) \
     ::bx::ListOf{Entry, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
@@ -570,6 +571,9 @@ template <size_t N, size_t P>
 struct Packed {
     Field rows[N];
     char pool[P] = {};
+    /* The rows' keys by bucket: a parse finds each attribute's slot without
+     * a policy (see core/parse.h). */
+    KeyIndex<N, buckets_for(N)> index{};
     /* The table as the one entry of a list, the handle of a message's
      * fields: it finds the rows by their offset from itself. */
     ListOf whole{nullptr, static_cast<uint8_t>(N), true, 0, 1};
@@ -581,8 +585,13 @@ struct Packed {
         size_t used = 0;
         for (size_t i = 0; i < N; ++i)
             pack_row(rows[i], src[i], i, used);
+        index = index_keys<N, buckets_for(N)>(Keys{this}, N);
         whole.entry_at = -static_cast<int32_t>(offsetof(Packed, whole));
+        whole.index_at = index_offset();
     }
+
+    /* Where the key index lies from the first row. */
+    static constexpr uint16_t index_offset() { return static_cast<uint16_t>(offsetof(Packed, index)); }
 
     constexpr operator const Field *() const { return rows; }  /* NOLINT(google-explicit-constructor) */
     constexpr const Field *begin() const { return rows; }
@@ -593,6 +602,13 @@ struct Packed {
     constexpr const char *key_text(size_t i) const { return pool + (rows[i].key_at - (N - i) * sizeof(Field)); }
 
 private:
+    /* The table's keys while it is compiled, read from its pool. */
+    struct Keys {
+        const Packed *table;
+        constexpr bool has(size_t i) const { return table->rows[i].key_at != 0; }
+        constexpr const char *name(size_t i) const { return table->key_text(i); }
+    };
+
     /* A text's offset from row i: the pool follows the last row. */
     consteval uint16_t add_text(const char *text, size_t i, size_t &used)
     {
@@ -643,6 +659,16 @@ inline constexpr Packed<std::size(Source), pool_bytes(Source)> kPacked{Source};
  */
 #define BX_PACKED(name) constexpr const auto &name = ::bx::kPacked<name##Source>
 
+/* Rec::member (entries of `stride` bytes, `capacity` of them) as a list of
+ * tables, each entry read and sent by table `entry`. */
+template <size_t N, size_t P>
+constexpr ListOf tables_of(const Packed<N, P> &entry, uint16_t stride, uint16_t capacity)
+{
+    ListOf l{entry.rows, entry_fields(N), true, stride, capacity};
+    l.index_at = Packed<N, P>::index_offset();
+    return l;
+}
+
 /* Traces field f's `trace` and a line end with one value. */
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number);
 
@@ -663,43 +689,15 @@ struct RowKeys {
     int type(size_t i) const { return wire_type(rows[i].wire); }
 };
 
-/* Parses an area by a list entry's rows (at most kMaxEntryFields), their
- * index built on the stack. */
-int parse_rows(const Field *rows, size_t count, blob_attr **tb, void *data, unsigned int len);
+/* Parses an area by a table (a list's entry, or a whole message's table,
+ * see Packed::whole) and the key index the table keeps. */
+int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len);
 
-/* A packed table's keys while compiling, read from its pool. */
+/* Parses a whole message by a table. */
 template <size_t N, size_t P>
-struct PackedKeys {
-    const Packed<N, P> *table;
-    constexpr bool has(size_t i) const { return table->rows[i].key_at != 0; }
-    constexpr const char *name(size_t i) const { return table->key_text(i); }
-};
-template <size_t N, size_t P>
-constexpr PackedKeys<N, P> packed_keys(const Packed<N, P> &table)
+inline int parse_msg(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *msg)
 {
-    return PackedKeys<N, P>{&table};
-}
-
-/* A packed table's row count. */
-template <const auto &Table>
-struct Described {
-    static constexpr size_t count = Table.size();
-};
-
-/* The key index of a table, built at compile time: no policy is stored, the
- * parse reads each key from its row. */
-template <const auto &Table>
-struct KeysOf {
-    static constexpr KeyIndex<Described<Table>::count> index =
-        index_keys<Described<Table>::count>(packed_keys(Table), Described<Table>::count);
-};
-
-/* Parses a whole message by a table's rows and key index. */
-template <const auto &Table, size_t N>
-inline int parse_msg(blob_attr *(&tb)[N], blob_attr *msg)
-{
-    static_assert(N == Described<Table>::count, "one slot per row");
-    return parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), N, tb, blob_data(msg), blob_len(msg));
+    return parse_table(table.whole, tb, blob_data(msg), blob_len(msg));
 }
 
 /* JTS_CheckBlobAttr for slot `slot`, with its row's key. */
@@ -709,12 +707,10 @@ inline bool present(const Packed<N, P> &table, blob_attr *const (&tb)[N], size_t
     return JTS_CheckBlobAttr(table.rows[slot].key(), tb[slot]) != 0;
 }
 
-template <const auto &Table, size_t N>
-inline int parse_elem(blob_attr *(&tb)[N], blob_attr *elem)
+template <size_t N, size_t P>
+inline int parse_elem(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *elem)
 {
-    static_assert(N == Described<Table>::count, "one slot per row");
-    return parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), N, tb, blobmsg_data(elem),
-                         static_cast<unsigned>(blobmsg_data_len(elem)));
+    return parse_table(table.whole, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
 
 /* No record's mask (see jts_fields). */
@@ -801,26 +797,20 @@ inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P> &tab
     return stj_fields(record, buf, table.rows, N, mask_at);
 }
 
-/* Parses an area (a message's payload or a list element's value) against
- * the table's policy and reads it. */
-template <const auto &Table>
-inline Read read_area(const char *func, void *data, size_t len, void *record, int mask_at = kNoMask)
-{
-    using D = Described<Table>;
-    blob_attr *tb[D::count];
-    parse_by_keys(RowKeys{Table.rows}, ref(KeysOf<Table>::index), D::count, tb, data, static_cast<unsigned>(len));
-    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, Table, D::count);
-}
+/* Parses an area (a message's payload or a list element's value) by a
+ * table into tb (a slot per row) and reads it. */
+Read read_table(const char *func, const ListOf &table, blob_attr **tb, void *data, size_t len, void *record,
+                int mask_at);
 
 /* The JSON-to-struct converter of a table: -1 on a null argument, the
- * refusal's result, else 0. */
-template <const auto &Table>
-inline int jts_fields(const char *func, blob_attr *msg, void *record, int mask_at = kNoMask)
+ * refusal's result, else 0. Out of line: a converter is its slots and a
+ * call. */
+int jts_table(const char *func, const ListOf &table, blob_attr **tb, blob_attr *msg, void *record, int mask_at);
+template <size_t N, size_t P>
+inline int jts_fields(const char *func, const Packed<N, P> &table, blob_attr *msg, void *record, int mask_at)
 {
-    if (msg == nullptr || record == nullptr)
-        return -1;
-    return read_area<Table>(func, blob_data(msg), blob_len(msg), record, mask_at).ret;
+    blob_attr *tb[N];
+    return jts_table(func, table.whole, tb, msg, record, mask_at);
 }
 
 /* ---- What a converter reads or sends ---------------------------------------- */
@@ -882,9 +872,9 @@ consteval uint8_t table_rows(size_t count)
     BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                          \
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
-        return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
+        return ::bx::jts_fields(__func__, received, pstMsg, pvRecord, mask_at);            \
     }                                                                                      \
-    BX_DESCRIBED(jts_name, received, nullptr, ::bx::Described<received>::count, mask_at, nullptr)
+    BX_DESCRIBED(jts_name, received, nullptr, (received).size(), mask_at, nullptr)
 
 /* A message sent and received by one table. */
 #define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \

@@ -41,6 +41,8 @@ extern "C" {
 namespace bx {
 inline namespace BX_PARSE_NS {
 
+/* The most buckets an index has; a table's index has about two per key
+ * (see buckets_for), a policy given at run time the most. */
 constexpr size_t kKeyBuckets = 64;
 /* The longest key that can match (see above). */
 constexpr size_t kLongestKey = 255;
@@ -48,19 +50,31 @@ constexpr size_t kLongestKey = 255;
  * a longer one is left to blobmsg_parse itself. */
 constexpr size_t kMaxRunTimeKeys = 64;
 
-constexpr unsigned key_bucket(const char *name, size_t len)
+/* A key's bucket among `buckets` (a power of two). */
+constexpr unsigned key_bucket(const char *name, size_t len, size_t buckets = kKeyBuckets)
 {
     const unsigned first = len > 0 ? static_cast<unsigned char>(name[0]) : 0u;
     const unsigned last = len > 0 ? static_cast<unsigned char>(name[len - 1]) : 0u;
-    return (static_cast<unsigned>(len) * 7u + first + last * 3u) % kKeyBuckets;
+    return (static_cast<unsigned>(len) * 7u + first + last * 3u) & static_cast<unsigned>(buckets - 1);
+}
+
+/* The buckets of an index of `keys` keys: a power of two, about two per
+ * key, from 8 to kKeyBuckets. */
+constexpr size_t buckets_for(size_t keys)
+{
+    size_t b = 8;
+    while (b < 2 * keys && b < kKeyBuckets)
+        b *= 2;
+    return b;
 }
 
 /* The slots of a policy by key bucket; slot numbers are stored plus one so
  * that 0 ends a chain. Each chain runs in slot order. */
-template <size_t N>
+template <size_t N, size_t B = kKeyBuckets>
 struct KeyIndex {
     static_assert(N < 255, "a key index numbers its slots in a byte");
-    uint8_t head[kKeyBuckets] = {};
+    static_assert(B >= 1 && B <= kKeyBuckets && (B & (B - 1)) == 0, "a power of two of buckets");
+    uint8_t head[B] = {};
     uint8_t next[N > 0 ? N : 1] = {};
     uint8_t len[N > 0 ? N : 1] = {};
 };
@@ -74,10 +88,10 @@ struct PolicyKeys {
     constexpr int type(size_t i) const { return policy[i].type; }
 };
 
-template <size_t N, typename Keys>
-constexpr KeyIndex<N> index_keys(Keys keys, size_t count)
+template <size_t N, size_t B = kKeyBuckets, typename Keys>
+constexpr KeyIndex<N, B> index_keys(Keys keys, size_t count)
 {
-    KeyIndex<N> ix{};
+    KeyIndex<N, B> ix{};
     for (size_t i = count; i-- > 0;) {
         if (!keys.has(i))
             continue;
@@ -85,7 +99,7 @@ constexpr KeyIndex<N> index_keys(Keys keys, size_t count)
         const size_t len = std::char_traits<char>::length(key);
         if (len > kLongestKey)
             continue;
-        const unsigned b = key_bucket(key, len);
+        const unsigned b = key_bucket(key, len, B);
         ix.len[i] = static_cast<uint8_t>(len);
         ix.next[i] = ix.head[b];
         ix.head[b] = static_cast<uint8_t>(i + 1);
@@ -110,11 +124,12 @@ struct KeyIndexRef {
     const uint8_t *head;
     const uint8_t *next;
     const uint8_t *len;
+    size_t buckets;
 };
-template <size_t N>
-constexpr KeyIndexRef ref(const KeyIndex<N> &ix)
+template <size_t N, size_t B>
+constexpr KeyIndexRef ref(const KeyIndex<N, B> &ix)
 {
-    return {ix.head, ix.next, ix.len};
+    return {ix.head, ix.next, ix.len, B};
 }
 
 /* blobmsg_parse's type filter: UNSPEC takes any type, CAST_INT64 any
@@ -167,7 +182,7 @@ inline void fill_slots(Keys keys, KeyIndexRef ix, blob_attr **tb, blob_attr *att
     if (namelen > kLongestKey)
         return;
     const char *name = reinterpret_cast<const char *>(hdr->name);
-    for (unsigned s = ix.head[key_bucket(name, namelen)]; s != 0; s = ix.next[s - 1]) {
+    for (unsigned s = ix.head[key_bucket(name, namelen, ix.buckets)]; s != 0; s = ix.next[s - 1]) {
         const size_t i = s - 1;
         if (ix.len[i] == namelen && tb[i] == nullptr && type_fits(keys.type(i), blob_id(attr)) &&
             same_bytes(keys.name(i), name, namelen))

@@ -127,7 +127,7 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
     Read done = bx::kGoOn;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l, tb, elem, r.msg_end);
         FilterTimeRange &pair = pairs[i];
         pair.uiStartTime = bx::get_u32(tb[start]);
         trace_time(r.func, rule, "Starttime", i, pair.uiStartTime);
@@ -199,7 +199,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
             return false;
         }
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l, tb, elem, r.msg_end);
         const ListedRule rule{{r.func, first + n * l.stride, nullptr, r.msg_end, tb}, n};
         done = bx::read_fields(rule, l.entry(), l.fields);
         ++n;

@@ -234,7 +234,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
         }
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n");
         blob_attr *tb[bx::kMaxEntryFields];
-        bx::parse_span(l.entry(), l.fields, tb, elem, r.msg_end);
+        bx::parse_span(l, tb, elem, r.msg_end);
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
         bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb}, l.entry(), l.fields);
         return true;

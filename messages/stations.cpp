@@ -200,7 +200,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
      * anything else; a missing array offers no room at all. */
     const uint32_t capacity = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
     blob_attr *tb[LIST_MAX];
-    bx::parse_msg<kStaListReceived>(tb, pstMsg);
+    bx::parse_msg(kStaListReceived, tb, pstMsg);
     /* The sender's count is only traced, never stored: the record's count
      * stays the capacity the caller gave. */
     if (bx::present(kStaListReceived, tb, LIST_COUNT))
@@ -219,7 +219,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
         }
         BX_TRACE_AS(func, "-t- blobmsg_parse: -blobmsg_for_each_attr_2\n");
         blob_attr *entry_tb[STA_MAX];
-        bx::parse_elem<kStaEntry>(entry_tb, elem);
+        bx::parse_elem(kStaEntry, entry_tb, elem);
         BX_TRACE_AS(func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
         fill_entry(func, entry_tb, &rec->pstListInfo[filled], rec->pstListInfo);
         /* Every element uses up one entry, even one without any key. */
