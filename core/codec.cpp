@@ -235,15 +235,15 @@ Read read_table(const char *func, const ListOf &table, blob_attr **tb, void *dat
 int jts_table(const char *func, const ListOf &table, blob_attr **tb, blob_attr *msg, void *record, int mask_at)
 {
     if (msg == nullptr || record == nullptr)
-        return -1;
+        return refuse_null(record, Converter{&table, nullptr, table.fields, mask_at, nullptr});
     return read_table(func, table, tb, blob_data(msg), blob_len(msg), record, mask_at).ret;
 }
 
-int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at)
+int stj_table(const void *record, blob_buf *buf, const ListOf &table, int mask_at)
 {
     if (record == nullptr || buf == nullptr)
-        return -1;
-    emit_fields(fields, count, record, buf, mask_at);
+        return refuse_null(record, Converter{&table, nullptr, 0, mask_at, nullptr});
+    emit_fields(table.entry(), table.fields, record, buf, mask_at);
     return 0;
 }
 

@@ -790,11 +790,11 @@ inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
 }
 
 /* The struct-to-JSON converter of a table: -1 on a null argument, else 0. */
-int stj_fields(const void *record, blob_buf *buf, const Field *fields, size_t count, int mask_at = kNoMask);
+int stj_table(const void *record, blob_buf *buf, const ListOf &table, int mask_at);
 template <size_t N, size_t P>
 inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P> &table, int mask_at = kNoMask)
 {
-    return stj_fields(record, buf, table.rows, N, mask_at);
+    return stj_table(record, buf, table.whole, mask_at);
 }
 
 /* Parses an area (a message's payload or a list element's value) by a
@@ -818,9 +818,7 @@ inline int jts_fields(const char *func, const Packed<N, P> &table, blob_attr *ms
 /* Each converter is described by the table it runs on, for the description
  * API (core/describe.cpp): the table as a list of one entry (the record), the
  * policy a JSON-to-struct converter parses the message with, the record's
- * mask, and, for a hand-written converter, how it departs from the table.
- * The catalogue names every converter, and the description of converter C
- * is bx::described::C: a converter without one stops the link. */
+ * mask, and, for a hand-written converter, how it departs from the table. */
 struct Converter {
     const ListOf *fields;          /* the table as a list of one entry; nullptr: no converter */
     const blobmsg_policy *policy;  /* a hand-written converter's own policy; nullptr: the table's keys */
@@ -828,6 +826,16 @@ struct Converter {
     int32_t mask_at;               /* byte offset of the record's mask, or kNoMask */
     const char *note;              /* how a hand-written converter departs from its table, or nullptr */
 };
+
+/* A converter says what it is when asked, through its refusal of a null
+ * argument: called with the library's query in place of its record (and a
+ * null message or buffer), it fills the query and refuses as ever. No
+ * caller can name the query, so to every caller a converter only refuses;
+ * the description API asks each converter through its dispatch row, and
+ * the library keeps no relocated list of descriptions. */
+bool asked(const void *record);
+int answer(const Converter &c);  /* fills the query; -1 */
+inline int refuse_null(const void *record, const Converter &c) { return asked(record) ? answer(c) : -1; }
 
 void table_longer_than_255_rows();  /* never defined: stops the compile */
 consteval uint8_t table_rows(size_t count)
@@ -837,17 +845,15 @@ consteval uint8_t table_rows(size_t count)
     return static_cast<uint8_t>(count);
 }
 
-/* The description of converter C is the function bx::described::C, built
- * in code so that nothing in it is relocated: the table's own list of one
- * entry (Packed::whole), the policy, the mask and the note. */
-#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note)     \
-    extern "C++" {                                                             \
-    namespace bx::described {                                                  \
-    ::bx::Converter converter()                                                \
-    {                                                                          \
+/* The description a hand-written converter answers with (see refuse_null):
+ * its table, its own policy or nullptr, the policy's length, the record's
+ * mask and how it departs from the table; built in code, so that nothing
+ * in it is relocated. */
+#define BX_DESCRIPTION(converter) bx_description_of_##converter()
+#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note) \
+    constexpr ::bx::Converter BX_DESCRIPTION(converter)                   \
+    {                                                                      \
         return ::bx::Converter{&(table).whole, policy, policy_count, mask_at, note}; \
-    }                                                                          \
-    }                                                                          \
     }
 
 /* Defines a message's two converters: sent by one field table, received by
@@ -864,8 +870,7 @@ consteval uint8_t table_rows(size_t count)
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
         return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
-    }                                                                                      \
-    BX_DESCRIBED(stj_name, sent, nullptr, 0, mask_at, nullptr)
+    }
 
 /* ... and the JSON-to-struct converter of a table. */
 #define BX_RECEIVED_ROW(jts_name, received, mask_at)                                        \
@@ -873,8 +878,7 @@ consteval uint8_t table_rows(size_t count)
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
         return ::bx::jts_fields(__func__, received, pstMsg, pvRecord, mask_at);            \
-    }                                                                                      \
-    BX_DESCRIBED(jts_name, received, nullptr, (received).size(), mask_at, nullptr)
+    }
 
 /* A message sent and received by one table. */
 #define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \

@@ -6,21 +6,9 @@
 #include <mutex>
 
 #include "blobxlate.h"
-#include "core/catalogue.h"
 #include "core/codec.h"
 #include "core/describe.h"
 #include "core/tables.h"
-
-/* Every converter the catalogue names has a description of the same name. */
-#define BX_ROW(position, name, converter) Converter converter();
-#define BX_NO_ROW
-#define BX_LINE(type, sent, received, to_json, to_struct) to_json to_struct
-namespace bx::described {
-BX_CATALOGUE(BX_LINE)
-} // namespace bx::described
-#undef BX_LINE
-#undef BX_NO_ROW
-#undef BX_ROW
 
 namespace bx {
 
@@ -128,26 +116,36 @@ void describe_field(const Field &f, BlobxlateField &out)
 
 } // namespace
 
-/* A switch rather than a table of pointers: the code reaches each
- * description without a relocated copy of the catalogue. */
-#define BX_ROW(position, name, converter) described::converter()
-#define BX_NO_ROW Converter{}
-#define BX_LINE(type, sent, received, to_json, to_struct) \
-    case type:                                           \
-        return direction == BLOBXLATE_TO_JSON ? to_json : to_struct;
 namespace {
+
+/* The query a converter answers (see refuse_null): the library's own, so
+ * that no caller can pass it; one question at a time. */
+std::mutex query_lock;
+Converter query;
+
 Converter described_of(int direction, int type)
 {
-    switch (type) {
-        BX_CATALOGUE(BX_LINE)
-    default:
+    const MessageTransEntry *row = BLOBXLATE_FindRow(direction, type);
+    if (row == nullptr)
         return Converter{};
-    }
+    const std::lock_guard<std::mutex> hold(query_lock);
+    query = Converter{};
+    if (direction == BLOBXLATE_TO_JSON)
+        row->converter.toJson(&query, nullptr);
+    else
+        row->converter.toStruct(nullptr, &query);
+    return query;
 }
+
 } // namespace
-#undef BX_LINE
-#undef BX_NO_ROW
-#undef BX_ROW
+
+bool asked(const void *record) { return record == &query; }
+
+int answer(const Converter &c)
+{
+    query = c;
+    return -1;
+}
 
 /* The policies of table converters, built from their rows when first asked
  * for: the library stores none (its parse reads the rows). Each is built

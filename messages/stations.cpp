@@ -166,11 +166,14 @@ extern "C" {
 
 /* ---- The station list (88) ---------------------------------------------------- */
 
+BX_DESCRIBED(STJ_StaList, kStaListSent, nullptr, 0, ::bx::kNoMask,
+             "the entries are read through pstListInfo, uiStaNumofEsps of them; none without the array")
+
 /* Hand-written: the entries live in the caller's array, reached through the record's pointer, which no list column follows. */
 BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
 {
     if (pvRecord == nullptr || pstBuf == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(STJ_StaList));
     const auto *rec = static_cast<const StaListInfo *>(pvRecord);
     blobmsg_add_u32(pstBuf, "count", rec->uiStaNumofEsps);
     void *list = blobmsg_open_array(pstBuf, "stalist");
@@ -185,8 +188,10 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     blob_nest_end(pstBuf, list);
     return 0;
 }
-BX_DESCRIBED(STJ_StaList, kStaListSent, nullptr, 0, ::bx::kNoMask,
-             "the entries are read through pstListInfo, uiStaNumofEsps of them; none without the array")
+
+BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, 2, ::bx::kNoMask,
+             "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
+             "array); an element past them ends the walk; each element uses an entry, even without keys")
 
 /* Hand-written: the entries fill the caller's array through the record's pointer; its count is a capacity, never written back. */
 BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
@@ -194,7 +199,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
     enum { LIST_COUNT, LIST_STALIST, LIST_MAX };
     static_assert(kStaListReceived.size() == LIST_MAX);
     if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_StaList));
     auto *rec = static_cast<StaListInfo *>(pvRecord);
     /* The caller's count is the capacity of its array, taken before
      * anything else; a missing array offers no room at all. */
@@ -228,9 +233,6 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, 2, ::bx::kNoMask,
-             "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
-             "array); an element past them ends the walk; each element uses an entry, even without keys")
 
 /* ---- One station by MAC address (89) -------------------------------------------- */
 

@@ -145,12 +145,16 @@ BX_API int STJ_Vsie_Proberesp_Idx(const void *pvRecord, struct blob_buf *pstBuf)
 
 BX_SENT_ROW(STJ_Vsie_Beacontx_List, kListSent, ::bx::kNoMask)
 
+BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListReceived, kListPolicy, BTX_MAX, ::bx::kNoMask,
+             "entries are read only while the message itself has an \"iedata\" array (any content), "
+             "and entry traces carry the entry's index")
+
 /* Hand-written: the outer message's "iedata" decides whether the walk goes on, and entry traces carry the index. */
 BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kListPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Beacontx_List));
     auto *rec = static_cast<VsieBeaconTxList *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[BTX_MAX];
@@ -193,9 +197,6 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListReceived, kListPolicy, BTX_MAX, ::bx::kNoMask,
-             "entries are read only while the message itself has an \"iedata\" array (any content), "
-             "and entry traces carry the entry's index")
 
 /* ---- Type 144 ---- */
 

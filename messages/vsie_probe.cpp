@@ -300,12 +300,16 @@ void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, Vsi
 
 extern "C" {
 
+BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "one counter places both the OUI bytes and the records, so an entry's OUI starts at the "
+             "previous entry's record count; a record's \"band\" stores its entry's word")
+
 /* Hand-written: one counter indexes both the OUI bytes and the records, and entry traces carry the entry's index. */
 BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberx_List));
     auto *rec = static_cast<VsieProbeRxList *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[PRX_MAX];
@@ -336,9 +340,6 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
-             "one counter places both the OUI bytes and the records, so an entry's OUI starts at the "
-             "previous entry's record count; a record's \"band\" stores its entry's word")
 
 /* ---- Type 148 ---- */
 
@@ -348,12 +349,16 @@ BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlushSent, kFlush
 
 BX_SENT_ROW(STJ_Vsie_Proberx_Record_Add, kRecordAddSent, ::bx::kNoMask)
 
+BX_DESCRIBED(JTS_Vsie_Proberx_Record_Add, kRecordAddSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
+             "only the first \"record\" element, of any type, is read into the record itself; \"mac\" is copied "
+             "with the whole array; \"vsie\" fills the OUI then the payload, uiVsieLen counting both")
+
 /* Hand-written: the first "record" element, of whatever type, fills the record, its "vsie" split by counters. */
 BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberxPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberx_Record_Add));
     auto *rec = static_cast<VsieProbeRxRecord *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[PRX_MAX];
@@ -399,9 +404,6 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Proberx_Record_Add, kRecordAddSent, kVsieProberxPolicy, PRX_MAX, ::bx::kNoMask,
-             "only the first \"record\" element, of any type, is read into the record itself; \"mac\" is copied "
-             "with the whole array; \"vsie\" fills the OUI then the payload, uiVsieLen counting both")
 
 /* ---- Type 150 ---- */
 
@@ -415,12 +417,16 @@ BX_RECEIVED_ROW(JTS_Vsie_Proberesp_Idx, bx::vsie::kIndexFields, ::bx::kNoMask)
 
 BX_SENT_ROW(STJ_Vsie_Proberesp_List, kRespListSent, ::bx::kNoMask)
 
+BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListReceived, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
+             "uiCount is 0 without \"list\"; \"iedata\" elements of any type are read as bytes, "
+             "and entry traces carry the entry's index")
+
 /* Hand-written: at most three entries, each traced with its index; the count is overwritten, 0 without "list". */
 BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
 {
     const auto &policy = kVsieProberespPolicy;
     if (pstMsg == nullptr || pvRecord == nullptr)
-        return -1;
+        return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberesp_List));
     auto *rec = static_cast<VsieProbeRespList *>(pvRecord);
     const char *func = __func__;
     blob_attr *tb[PRESP_MAX];
@@ -462,8 +468,5 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     rec->uiCount = n;
     return 0;
 }
-BX_DESCRIBED(JTS_Vsie_Proberesp_List, kRespListReceived, kVsieProberespPolicy, PRESP_MAX, ::bx::kNoMask,
-             "uiCount is 0 without \"list\"; \"iedata\" elements of any type are read as bytes, "
-             "and entry traces carry the entry's index")
 
 } // extern "C"
