@@ -273,7 +273,7 @@ void examine_area(Examination &in, const Area &a);
  * known here. */
 uint32_t list_limit(const Area &a, const Field &list)
 {
-    const ListOf &l = *list.list;
+    const ListOf &l = *list.list(a.table.entry_links);
     const uint32_t capacity = l.capacity != 0 ? l.capacity : UINT32_MAX;
     if (l.bound == Bound::Capacity || l.count_at < 0)
         return capacity;
@@ -307,7 +307,7 @@ void examine_element(Examination &in, const ListOf &l, blob_attr *elem)
 
 void examine_list(Examination &in, const Area &a, const Field &f, blob_attr *attr)
 {
-    const ListOf &l = *f.list;
+    const ListOf &l = *f.list(a.table.entry_links);
     const uint32_t limit = list_limit(a, f);
     const int type = l.tables ? BLOBMSG_TYPE_TABLE : wire_type(l.entry()[0].wire);
     unsigned index = 0;
@@ -342,8 +342,8 @@ void examine_row(Examination &in, const Area &a, const Field &f)
     if (attr == nullptr && f.required) {
         BX_SAY(in, "a required key is missing: the message is refused (%d)", f.refused_ret);
         report(in, BLOBXLATE_FINDING_MISSING, f.key());
-    } else if (attr != nullptr && f.stored && f.quirk == nullptr) {
-        if (f.wire == Wire::List && f.list != nullptr)
+    } else if (attr != nullptr && f.stored && f.quirk(a.table.entry_links) == nullptr) {
+        if (f.wire == Wire::List && f.list(a.table.entry_links) != nullptr)
             examine_list(in, a, f, attr);
         else if (f.wire == Wire::Text)
             examine_text(in, f, attr);

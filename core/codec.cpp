@@ -163,10 +163,10 @@ int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
 }
 
 namespace {
-void emit_list(const Field &f, const void *record, blob_buf *buf);
+void emit_list(const Field &f, const ListOf &l, const void *record, blob_buf *buf);
 } // namespace
 
-void emit_field(const Field &f, const void *record, blob_buf *buf)
+void emit_field(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     const auto *base = static_cast<const uint8_t *>(record) + f.offset;
     uint32_t u32 = 0;
@@ -192,7 +192,7 @@ void emit_field(const Field &f, const void *record, blob_buf *buf)
         blobmsg_add_u32(buf, f.key(), *base);
         break;
     case Wire::List:
-        emit_list(f, record, buf);
+        emit_list(f, *f.list(links), record, buf);
         break;
     }
 }
@@ -209,41 +209,43 @@ uint32_t mask_of(const void *record, int mask_at)
 
 } // namespace
 
-void emit_fields(const Field *fields, size_t count, const void *record, blob_buf *buf, int mask_at)
+void emit_fields(const Field *fields, size_t count, const Link *links, const void *record, blob_buf *buf, int mask_at)
 {
     const uint32_t mask = mask_of(record, mask_at);
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
         if (!f.sent || (f.sent_if != 0 && (mask & f.sent_if) == 0))
             continue;
-        if (f.quirk != nullptr && f.quirk->send != nullptr)
-            f.quirk->send(f, record, buf);
+        const Quirk *quirk = f.quirk(links);
+        if (quirk != nullptr && quirk->send != nullptr)
+            quirk->send(f, links, record, buf);
         else
-            emit_field(f, record, buf);
+            emit_field(f, links, record, buf);
     }
 }
 
-Read read_table(const char *func, const ListOf &table, blob_attr **tb, void *data, size_t len, void *record,
-                int mask_at)
+Read read_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, void *data, size_t len,
+                void *record, int mask_at)
 {
     parse_table(table, tb, data, static_cast<unsigned>(len));
     uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb}, table.entry(),
+    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb, links}, table.entry(),
                        table.fields);
 }
 
-int jts_table(const char *func, const ListOf &table, blob_attr **tb, blob_attr *msg, void *record, int mask_at)
+int jts_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, blob_attr *msg, void *record,
+              int mask_at)
 {
     if (msg == nullptr || record == nullptr)
-        return refuse_null(record, Converter{&table, nullptr, table.fields, mask_at, nullptr});
-    return read_table(func, table, tb, blob_data(msg), blob_len(msg), record, mask_at).ret;
+        return refuse_null(record, Converter{&table, links, nullptr, table.fields, mask_at, nullptr});
+    return read_table(func, table, links, tb, blob_data(msg), blob_len(msg), record, mask_at).ret;
 }
 
-int stj_table(const void *record, blob_buf *buf, const ListOf &table, int mask_at)
+int stj_table(const void *record, blob_buf *buf, const ListOf &table, const Link *links, int mask_at)
 {
     if (record == nullptr || buf == nullptr)
-        return refuse_null(record, Converter{&table, nullptr, 0, mask_at, nullptr});
-    emit_fields(table.entry(), table.fields, record, buf, mask_at);
+        return refuse_null(record, Converter{&table, links, nullptr, 0, mask_at, nullptr});
+    emit_fields(table.entry(), table.fields, links, record, buf, mask_at);
     return 0;
 }
 
@@ -312,7 +314,7 @@ Read read_entry(const Reading &r, const ListOf &l, blob_attr *elem, void *entry)
         parse_span(l, tb, elem, r.msg_end);
     else
         parse_table(l, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
-    return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb}, l.entry(), l.fields);
+    return read_fields(Reading{r.func, entry, nullptr, r.msg_end, tb, l.entry_links}, l.entry(), l.fields);
 }
 
 void trace_with_count(const char *func, const char *text, uint32_t n)
@@ -333,7 +335,7 @@ void trace_with_count(const char *func, const char *text, uint32_t n)
 /* The entries of a received list, in element order, never past the bound. */
 Read read_list(const Reading &r, const Field &f, blob_attr *attr)
 {
-    const ListOf &l = *f.list;
+    const ListOf &l = *r.list(f);
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     const uint32_t count = l.bound == Bound::Capacity ? l.capacity : at_most(count_of(r.record, l), l.capacity);
     const uint32_t limit = l.bound == Bound::Count ? count : l.capacity;
@@ -374,9 +376,8 @@ bool entry_empty(const Field &f, const uint8_t *entry)
 /* The entries of a record's list: as many as its count says (never more
  * than the array holds), else the whole array, up to the first empty one
  * where the list says so. */
-void emit_list(const Field &f, const void *record, blob_buf *buf)
+void emit_list(const Field &f, const ListOf &l, const void *record, blob_buf *buf)
 {
-    const ListOf &l = *f.list;
     const auto *first = static_cast<const uint8_t *>(record) + f.offset;
     const uint32_t n = l.count_at >= 0 ? at_most(count_of(record, l), l.capacity) : l.capacity;
     void *array = blobmsg_open_array(buf, f.key());
@@ -385,11 +386,11 @@ void emit_list(const Field &f, const void *record, blob_buf *buf)
         if (l.to_first_empty && entry_empty(l.entry()[0], entry))
             break;
         if (!l.tables) {
-            emit_field(l.entry()[0], entry, buf);
+            emit_field(l.entry()[0], l.entry_links, entry, buf);
             continue;
         }
         void *table = blobmsg_open_table(buf, nullptr);
-        emit_fields(l.entry(), l.fields, entry, buf, kNoMask);
+        emit_fields(l.entry(), l.fields, l.entry_links, entry, buf, kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -457,18 +458,19 @@ Read read_fields(const Reading &r, const Field *fields, size_t count)
 {
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
-        Read done = f.quirk != nullptr && f.quirk->read != nullptr ? f.quirk->read(r, f, r.tb[i])
-                                                                   : read_slot(r, f, r.tb[i]);
+        const Quirk *quirk = f.quirk(r.links);
+        Read done = quirk != nullptr && quirk->read != nullptr ? quirk->read(r, f, r.tb[i]) : read_slot(r, f, r.tb[i]);
         if (done.refused)
             return done;
     }
     return kGoOn;
 }
 
-Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record, int mask_at)
+Read read_fields(const char *func, const Field *fields, size_t count, const Link *links, blob_attr *const *tb,
+                 void *record, int mask_at)
 {
     uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    return read_fields(Reading{func, record, mask, nullptr, tb}, fields, count);
+    return read_fields(Reading{func, record, mask, nullptr, tb, links}, fields, count);
 }
 
 } // namespace bx

@@ -26,6 +26,15 @@ namespace bx {
 
 struct Field;
 struct ListOf;
+struct Quirk;
+
+/* What a row points at: its list's entries and its quirk. Rows keep an
+ * index into their table's links (see Packed), not pointers, so that no
+ * row is relocated when the library is loaded: the table's few links are. */
+struct Link {
+    const ListOf *list;
+    const Quirk *quirk;
+};
 
 /* ---- Parsing ------------------------------------------------------------ */
 
@@ -47,10 +56,10 @@ inline int parse_elem(const blobmsg_policy (&policy)[N], blob_attr *(&tb)[N], bl
 
 /* The same by a field table's rows and its key index, built at compile
  * time into the table (see Packed below). */
-template <size_t N, size_t P>
+template <size_t N, size_t P, const auto &S>
 struct Packed;
-template <size_t N, size_t P>
-inline int parse_elem(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *elem);
+template <size_t N, size_t P, const auto &S>
+inline int parse_elem(const Packed<N, P, S> &table, blob_attr *(&tb)[N], blob_attr *elem);
 
 /* JTS_CheckBlobAttr for slot `slot`, with the policy's own key. */
 template <size_t N>
@@ -212,8 +221,6 @@ constexpr TraceShape trace_shape(const char *fmt)
  * whole array takes its terminator from a constant run of zeros this long. */
 constexpr size_t kMaxText = 1024;
 
-struct Quirk;
-
 /* When a ranged value is tested. */
 enum class Check : uint8_t {
     None,
@@ -254,9 +261,9 @@ struct FieldDef {
 
 /* One member of a message as the library keeps it: FieldDef's columns, with
  * each text an offset from the row itself into its table's text pool, which
- * follows the rows (see Packed). A row holds no pointer to a text, so the
- * loader relocates nothing in it and its pages stay shared between the
- * processes that load the library. Rows live only inside their table: a
+ * follows the rows (see Packed), and its list and quirk an index into the
+ * table's links. A row holds no pointer, so the loader relocates nothing in
+ * it and its pages stay shared between the processes that load the library. Rows live only inside their table: a
  * copy would lose its texts, so a row cannot be copied. */
 struct Field {
     uint16_t key_at = 0;           /* each text: 0 when there is none */
@@ -276,12 +283,11 @@ struct Field {
     bool required : 1 = false;
     Check check = Check::None;
     int8_t refused_ret = -1;
+    uint8_t link = 0;  /* 1 + the index of the row's list and quirk among its table's links; 0: none */
     uint32_t mask_bit = 0;
     uint32_t sent_if = 0;
     uint32_t lowest = 0;
     uint32_t highest = 0;
-    const ListOf *list = nullptr;
-    const Quirk *quirk = nullptr;
 
     constexpr Field() = default;
     Field(const Field &) = delete;
@@ -292,6 +298,9 @@ struct Field {
     const char *member() const { return text_at(member_at); }
     const char *refusal() const { return text_at(refusal_at); }
     const char *out_of_range() const { return text_at(out_of_range_at); }
+    /* The row's list and quirk, from the links of the table it is in. */
+    const ListOf *list(const Link *links) const;
+    const Quirk *quirk(const Link *links) const;
 
 private:
     const char *text_at(uint16_t at) const
@@ -460,6 +469,7 @@ struct ListOf {
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
     int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
     uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
+    const Link *entry_links = nullptr; /* the links of the entry's rows (see Link) */
 
     /* An entry's fields; a bare value has one, at offset 0, without key. */
     const Field *entry() const
@@ -507,8 +517,7 @@ consteval uint8_t entry_fields(size_t count)
 /* Rec::member as a list of tables, each entry read and sent by table Entry. */
 #define BX_TABLES(Rec, member, Entry) ::bx::tables_of(Entry, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member))
 /* Rec::member as a list of bare values, each entry the one field of Entry. */
-#define BX_VALUES(Rec, member, Entry) \
-    ::bx::ListOf{Entry, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+#define BX_VALUES(Rec, member, Entry) ::bx::values_of(Entry, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member))
 
 /* The entry of a list of bare texts of `size` bytes, of numbers, or of
  * bytes. */
@@ -564,10 +573,54 @@ constexpr size_t pool_bytes(const Source &src)
 
 void table_beyond_16_bit_offsets();  /* never defined: stops the compile */
 
+/* The distinct lists and quirks of a table's source rows, in row order. */
+template <size_t N>
+struct LinkSet {
+    Link links[N > 0 ? N : 1] = {};
+    size_t count = 0;
+
+    /* Row f's link: 1 + the index of its pair, 0 for none. */
+    constexpr uint8_t slot(const FieldDef &f) const
+    {
+        for (size_t k = 0; k < count; ++k)
+            if (links[k].list == f.list && links[k].quirk == f.quirk)
+                return static_cast<uint8_t>(k + 1);
+        return 0;
+    }
+};
+
+template <const auto &Source>
+consteval auto collect_links()
+{
+    LinkSet<std::size(Source)> set{};
+    for (const FieldDef &f : Source)
+        if ((f.list != nullptr || f.quirk != nullptr) && set.slot(f) == 0)
+            set.links[set.count++] = Link{f.list, f.quirk};
+    return set;
+}
+template <const auto &Source>
+inline constexpr auto kLinkSet = collect_links<Source>();
+
+/* A table's links as stored: only the pairs its rows use. */
+template <size_t L>
+struct Links {
+    Link links[L];
+};
+template <const auto &Source>
+consteval Links<kLinkSet<Source>.count> stored_links()
+{
+    Links<kLinkSet<Source>.count> out{};
+    for (size_t k = 0; k < kLinkSet<Source>.count; ++k)
+        out.links[k] = kLinkSet<Source>.links[k];
+    return out;
+}
+template <const auto &Source>
+inline constexpr auto kLinks = stored_links<Source>();
+
 /* A table as the library keeps it: its rows, then the pool of their texts.
  * Built at compile time from the table's source rows (FieldDef); only this
  * object is stored. */
-template <size_t N, size_t P>
+template <size_t N, size_t P, const auto &Source>
 struct Packed {
     Field rows[N];
     char pool[P] = {};
@@ -578,13 +631,12 @@ struct Packed {
      * fields: it finds the rows by their offset from itself. */
     ListOf whole{nullptr, static_cast<uint8_t>(N), true, 0, 1};
 
-    template <typename Source>
-    consteval explicit Packed(const Source &src)
+    consteval Packed()
     {
         static_assert(N <= 0xFFu, "a table has at most 255 rows");
         size_t used = 0;
         for (size_t i = 0; i < N; ++i)
-            pack_row(rows[i], src[i], i, used);
+            pack_row(rows[i], Source[i], i, used);
         index = index_keys<N, buckets_for(N)>(Keys{this}, N);
         whole.entry_at = -static_cast<int32_t>(offsetof(Packed, whole));
         whole.index_at = index_offset();
@@ -592,6 +644,16 @@ struct Packed {
 
     /* Where the key index lies from the first row. */
     static constexpr uint16_t index_offset() { return static_cast<uint16_t>(offsetof(Packed, index)); }
+
+    /* The lists and quirks the rows point at (see Field::link), or nullptr
+     * for a table without any. */
+    static constexpr const Link *links()
+    {
+        if constexpr (kLinkSet<Source>.count == 0)
+            return nullptr;
+        else
+            return kLinks<Source>.links;
+    }
 
     constexpr operator const Field *() const { return rows; }  /* NOLINT(google-explicit-constructor) */
     constexpr const Field *begin() const { return rows; }
@@ -645,13 +707,12 @@ private:
         row.sent_if = f.sent_if;
         row.lowest = f.lowest;
         row.highest = f.highest;
-        row.list = f.list;
-        row.quirk = f.quirk;
+        row.link = kLinkSet<Source>.slot(f);
     }
 };
 
 template <const auto &Source>
-inline constexpr Packed<std::size(Source), pool_bytes(Source)> kPacked{Source};
+inline constexpr Packed<std::size(Source), pool_bytes(Source), Source> kPacked{};
 
 /* Defines table `name` from its source rows `name##Source`:
  *     constexpr bx::FieldDef kThingSource[] = {BX_U32(...), ...};
@@ -661,11 +722,21 @@ inline constexpr Packed<std::size(Source), pool_bytes(Source)> kPacked{Source};
 
 /* Rec::member (entries of `stride` bytes, `capacity` of them) as a list of
  * tables, each entry read and sent by table `entry`. */
-template <size_t N, size_t P>
-constexpr ListOf tables_of(const Packed<N, P> &entry, uint16_t stride, uint16_t capacity)
+template <size_t N, size_t P, const auto &S>
+constexpr ListOf tables_of(const Packed<N, P, S> &entry, uint16_t stride, uint16_t capacity)
 {
     ListOf l{entry.rows, entry_fields(N), true, stride, capacity};
-    l.index_at = Packed<N, P>::index_offset();
+    l.index_at = Packed<N, P, S>::index_offset();
+    l.entry_links = Packed<N, P, S>::links();
+    return l;
+}
+
+/* The same as a list of bare values, each entry the one field of `entry`. */
+template <size_t N, size_t P, const auto &S>
+constexpr ListOf values_of(const Packed<N, P, S> &entry, uint16_t stride, uint16_t capacity)
+{
+    ListOf l{entry.rows, 1, false, stride, capacity};
+    l.entry_links = Packed<N, P, S>::links();
     return l;
 }
 
@@ -694,21 +765,21 @@ struct RowKeys {
 int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len);
 
 /* Parses a whole message by a table. */
-template <size_t N, size_t P>
-inline int parse_msg(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *msg)
+template <size_t N, size_t P, const auto &S>
+inline int parse_msg(const Packed<N, P, S> &table, blob_attr *(&tb)[N], blob_attr *msg)
 {
     return parse_table(table.whole, tb, blob_data(msg), blob_len(msg));
 }
 
 /* JTS_CheckBlobAttr for slot `slot`, with its row's key. */
-template <size_t N, size_t P>
-inline bool present(const Packed<N, P> &table, blob_attr *const (&tb)[N], size_t slot)
+template <size_t N, size_t P, const auto &S>
+inline bool present(const Packed<N, P, S> &table, blob_attr *const (&tb)[N], size_t slot)
 {
     return JTS_CheckBlobAttr(table.rows[slot].key(), tb[slot]) != 0;
 }
 
-template <size_t N, size_t P>
-inline int parse_elem(const Packed<N, P> &table, blob_attr *(&tb)[N], blob_attr *elem)
+template <size_t N, size_t P, const auto &S>
+inline int parse_elem(const Packed<N, P, S> &table, blob_attr *(&tb)[N], blob_attr *elem)
 {
     return parse_table(table.whole, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
@@ -718,7 +789,7 @@ constexpr int kNoMask = -1;
 
 /* Emits every field in table order; a flagged one only while the record's
  * mask (at byte offset mask_at, kNoMask: none) has one of its bits. */
-void emit_fields(const Field *fields, size_t count, const void *record, blob_buf *buf, int mask_at);
+void emit_fields(const Field *fields, size_t count, const Link *links, const void *record, blob_buf *buf, int mask_at);
 
 /* The end of reading a table: `refused` when a rule of a field refused the
  * message, and then the converter's result. */
@@ -737,15 +808,22 @@ struct Reading {
     uint32_t *mask;        /* its validity mask, or nullptr */
     const char *msg_end;   /* the end of the whole message: element spans stop there */
     blob_attr *const *tb;  /* the slots of the area, in table order */
+    const Link *links;     /* the links of the area's table (see Link) */
+
+    /* Row f's list and quirk. */
+    const ListOf *list(const Field &f) const { return f.list(links); }
 };
 
 /* Where a member departs from the columns: a small function of its
  * family's, in place of the columns' reading (read) or sending (send). */
 struct Quirk {
     Read (*read)(const Reading &r, const Field &f, blob_attr *attr);
-    void (*send)(const Field &f, const void *record, blob_buf *buf);
+    void (*send)(const Field &f, const Link *links, const void *record, blob_buf *buf);
     const char *note = nullptr;  /* one line: what it reads or sends that the row does not say */
 };
+
+inline const ListOf *Field::list(const Link *links) const { return link != 0 ? links[link - 1].list : nullptr; }
+inline const Quirk *Field::quirk(const Link *links) const { return link != 0 ? links[link - 1].quirk : nullptr; }
 
 void quirk_without_note();  /* never defined: stops the compile */
 constexpr FieldDef with_quirk(FieldDef f, const Quirk &quirk)
@@ -770,11 +848,11 @@ Read test_slot(const Reading &r, const Field &f, blob_attr *attr);
 /* Every slot in table order (a quirk's own reading where the row has one),
  * stopping at the first refusal. */
 Read read_fields(const Reading &r, const Field *fields, size_t count);
-Read read_fields(const char *func, const Field *fields, size_t count, blob_attr *const *tb, void *record,
+Read read_fields(const char *func, const Field *fields, size_t count, const Link *links, blob_attr *const *tb, void *record,
                  int mask_at);
 
 /* Emits field f of the record. */
-void emit_field(const Field &f, const void *record, blob_buf *buf);
+void emit_field(const Field &f, const Link *links, const void *record, blob_buf *buf);
 
 /* Stores one present attribute as field f of the record and traces it. */
 void store_field(const char *func, const Field &f, blob_attr *attr, void *record);
@@ -790,27 +868,28 @@ inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
 }
 
 /* The struct-to-JSON converter of a table: -1 on a null argument, else 0. */
-int stj_table(const void *record, blob_buf *buf, const ListOf &table, int mask_at);
-template <size_t N, size_t P>
-inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P> &table, int mask_at = kNoMask)
+int stj_table(const void *record, blob_buf *buf, const ListOf &table, const Link *links, int mask_at);
+template <size_t N, size_t P, const auto &S>
+inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P, S> &table, int mask_at = kNoMask)
 {
-    return stj_table(record, buf, table.whole, mask_at);
+    return stj_table(record, buf, table.whole, table.links(), mask_at);
 }
 
 /* Parses an area (a message's payload or a list element's value) by a
  * table into tb (a slot per row) and reads it. */
-Read read_table(const char *func, const ListOf &table, blob_attr **tb, void *data, size_t len, void *record,
+Read read_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, void *data, size_t len, void *record,
                 int mask_at);
 
 /* The JSON-to-struct converter of a table: -1 on a null argument, the
  * refusal's result, else 0. Out of line: a converter is its slots and a
  * call. */
-int jts_table(const char *func, const ListOf &table, blob_attr **tb, blob_attr *msg, void *record, int mask_at);
-template <size_t N, size_t P>
-inline int jts_fields(const char *func, const Packed<N, P> &table, blob_attr *msg, void *record, int mask_at)
+int jts_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, blob_attr *msg, void *record,
+              int mask_at);
+template <size_t N, size_t P, const auto &S>
+inline int jts_fields(const char *func, const Packed<N, P, S> &table, blob_attr *msg, void *record, int mask_at)
 {
     blob_attr *tb[N];
-    return jts_table(func, table.whole, tb, msg, record, mask_at);
+    return jts_table(func, table.whole, table.links(), tb, msg, record, mask_at);
 }
 
 /* ---- What a converter reads or sends ---------------------------------------- */
@@ -821,6 +900,7 @@ inline int jts_fields(const char *func, const Packed<N, P> &table, blob_attr *ms
  * mask, and, for a hand-written converter, how it departs from the table. */
 struct Converter {
     const ListOf *fields;          /* the table as a list of one entry; nullptr: no converter */
+    const Link *links;             /* its rows' links */
     const blobmsg_policy *policy;  /* a hand-written converter's own policy; nullptr: the table's keys */
     uint16_t policy_count;         /* 0 for a struct-to-JSON converter */
     int32_t mask_at;               /* byte offset of the record's mask, or kNoMask */
@@ -853,7 +933,7 @@ consteval uint8_t table_rows(size_t count)
 #define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note) \
     constexpr ::bx::Converter BX_DESCRIPTION(converter)                   \
     {                                                                      \
-        return ::bx::Converter{&(table).whole, policy, policy_count, mask_at, note}; \
+        return ::bx::Converter{&(table).whole, (table).links(), policy, policy_count, mask_at, note}; \
     }
 
 /* Defines a message's two converters: sent by one field table, received by

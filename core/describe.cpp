@@ -59,7 +59,7 @@ void value_ctype(const Field &f, char (&out)[16])
 }
 
 /* The C type of a member: a list's is its entry's, times its capacity. */
-void ctype_of(const Field &f, char (&out)[24])
+void ctype_of(const Field &f, const ListOf *list, char (&out)[24])
 {
     char entry[16] = "struct";
     if (f.wire != Wire::List) {
@@ -67,11 +67,11 @@ void ctype_of(const Field &f, char (&out)[24])
         std::snprintf(out, sizeof out, "%s", entry);
         return;
     }
-    if (f.list == nullptr) {  /* packed element bytes read and sent by a quirk */
+    if (list == nullptr) {  /* packed element bytes read and sent by a quirk */
         std::snprintf(out, sizeof out, "uint8_t[%u]", static_cast<unsigned>(f.size));
         return;
     }
-    const ListOf &l = *f.list;
+    const ListOf &l = *list;
     if (!l.tables)
         value_ctype(l.entry()[0], entry);
     if (l.capacity == 0)
@@ -87,15 +87,17 @@ BlobxlateList list_of(const ListOf &l)
                          l.to_first_empty ? 1 : 0};
 }
 
-void describe_field(const Field &f, BlobxlateField &out)
+void describe_field(const Field &f, const Link *links, BlobxlateField &out)
 {
+    const ListOf *list = f.list(links);
+    const Quirk *quirk = f.quirk(links);
     out = BlobxlateField{};
     out.pcKey = f.key();
     out.iBlobType = wire_type(f.wire);
     out.pcMember = f.member();
     out.uiOffset = f.offset;
-    out.uiSize = f.list != nullptr ? static_cast<uint32_t>(f.list->stride) * f.list->capacity : f.size;
-    ctype_of(f, out.szCType);
+    out.uiSize = list != nullptr ? static_cast<uint32_t>(list->stride) * list->capacity : f.size;
+    ctype_of(f, list, out.szCType);
     out.iPresence = presence(f);
     out.iRefusedRet = f.refused_ret;
     out.pcRefusal = f.refusal();
@@ -108,10 +110,10 @@ void describe_field(const Field &f, BlobxlateField &out)
     out.uiHighest = f.highest;
     out.pcOutOfRange = f.out_of_range();
     out.iEnumKind = f.word_list;
-    out.iIsList = f.list != nullptr ? 1 : 0;
-    if (f.list != nullptr)
-        out.stList = list_of(*f.list);
-    out.pcNote = f.quirk != nullptr ? f.quirk->note : nullptr;
+    out.iIsList = list != nullptr ? 1 : 0;
+    if (list != nullptr)
+        out.stList = list_of(*list);
+    out.pcNote = quirk != nullptr ? quirk->note : nullptr;
 }
 
 } // namespace
@@ -123,10 +125,16 @@ namespace {
 std::mutex query_lock;
 Converter query;
 
+/* A converter's table as the handle of its fields: the table's own list of
+ * one entry, with the links its rows point through (which the table itself
+ * cannot hold without being relocated). Made on the first question and
+ * never changed after. */
+ListOf tops[2][kLastMessageType + 1];
+
 Converter described_of(int direction, int type)
 {
     const MessageTransEntry *row = BLOBXLATE_FindRow(direction, type);
-    if (row == nullptr)
+    if (row == nullptr || type < kFirstMessageType || type > kLastMessageType)
         return Converter{};
     const std::lock_guard<std::mutex> hold(query_lock);
     query = Converter{};
@@ -134,6 +142,15 @@ Converter described_of(int direction, int type)
         row->converter.toJson(&query, nullptr);
     else
         row->converter.toStruct(nullptr, &query);
+    if (query.fields == nullptr)
+        return query;
+    ListOf &top = tops[direction][type];
+    if (top.entry_rows == nullptr) {
+        top = *query.fields;
+        top.entry_rows = query.fields->entry();
+        top.entry_links = query.links;
+    }
+    query.fields = &top;
     return query;
 }
 
@@ -207,7 +224,8 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
 {
     if (pstFields == nullptr || pstOut == nullptr || iIndex < 0 || iIndex >= BLOBXLATE_FieldCount(pstFields))
         return -1;
-    bx::describe_field(bx::table_of(pstFields)->entry()[iIndex], *pstOut);
+    const bx::ListOf &table = *bx::table_of(pstFields);
+    bx::describe_field(table.entry()[iIndex], table.entry_links, *pstOut);
     return 0;
 }
 

@@ -45,13 +45,13 @@ bx::Read store_numbers(const bx::Reading &r, const Field &f, blob_attr *list, un
  * past the array. */
 bx::Read read_lan_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    return store_numbers(r, f, attr, f.list->capacity + 1u,
+    return store_numbers(r, f, attr, r.list(f)->capacity + 1u,
                          [&r](unsigned n, uint32_t rate) { BX_TRACE_AS(r.func, "lan port[%d]: %dMbps\n", n, rate); });
 }
 
 bx::Read read_wan_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    return store_numbers(r, f, attr, f.list->capacity + 1u,
+    return store_numbers(r, f, attr, r.list(f)->capacity + 1u,
                          [&r](unsigned n, uint32_t rate) { BX_TRACE_AS(r.func, "wan port[%d]: %dMbps\n", n, rate); });
 }
 

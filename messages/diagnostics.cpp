@@ -100,12 +100,12 @@ BX_PACKED(kPingResult);
 
 /* Quirk: the sender traces the whole result before sending it; the
  * daemon's output may fill the whole array, so no more than it is printed. */
-void send_traced_result(const bx::Field &f, const void *record, blob_buf *buf)
+void send_traced_result(const bx::Field &f, const bx::Link *links, const void *record, blob_buf *buf)
 {
     const auto *rec = static_cast<const TraceRouteResult *>(record);
     BX_TRACE_AS("STJ_TraceRoute_Result", "STJ_TraceRoute_Result [%.*s] \n\n", static_cast<int>(sizeof rec->szResult),
                 rec->szResult);
-    bx::emit_field(f, record, buf);
+    bx::emit_field(f, links, record, buf);
 }
 
 constexpr bx::Quirk kTracedResult{nullptr, send_traced_result, "the sender traces the whole result before sending it"};

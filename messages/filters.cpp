@@ -19,6 +19,7 @@
 namespace {
 
 using bx::Field;
+using bx::Link;
 using bx::parsed_key;
 using bx::Quirk;
 using bx::Read;
@@ -74,7 +75,7 @@ Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
-    const bx::ListOf &l = *f.list;
+    const bx::ListOf &l = *r.list(f);
     const size_t size = l.entry()[0].size;
     char *first = static_cast<char *>(r.record) + f.offset;
     const int rule = position<Listed>(r);
@@ -118,7 +119,7 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
-    const bx::ListOf &l = *f.list;
+    const bx::ListOf &l = *r.list(f);
     const size_t start = slot_of(l, "starttime");
     const size_t end = slot_of(l, "endtime");
     auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
@@ -144,19 +145,20 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
 }
 
 /* Quirk: a rule without days goes out without "weekday"... */
-void send_weekday(const Field &f, const void *record, blob_buf *buf)
+void send_weekday(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     uint32_t weekday = 0;
     std::memcpy(&weekday, static_cast<const char *>(record) + f.offset, sizeof weekday);
     if (weekday != 0)
-        bx::emit_field(f, record, buf);
+        bx::emit_field(f, links, record, buf);
 }
 
 /* ... and without "timerange"; the periods end before the first one whose
  * end time is 0. */
 template <typename Rule>
-void send_periods(const Field &f, const void *record, blob_buf *buf)
+void send_periods(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
+    const bx::ListOf &entries = *f.list(links);
     const auto &rule = *static_cast<const Rule *>(record);
     if (rule.uiWeekday == 0)
         return;
@@ -165,7 +167,7 @@ void send_periods(const Field &f, const void *record, blob_buf *buf)
         if (pair.uiEndTime == 0)
             break;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry(), f.list->fields, &pair, buf, bx::kNoMask);
+        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &pair, buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);
@@ -189,7 +191,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
-    const bx::ListOf &l = *f.list;
+    const bx::ListOf &l = *r.list(f);
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     int n = 0;
     Read done = bx::kGoOn;
@@ -200,7 +202,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
         }
         blob_attr *tb[bx::kMaxEntryFields];
         bx::parse_span(l, tb, elem, r.msg_end);
-        const ListedRule rule{{r.func, first + n * l.stride, nullptr, r.msg_end, tb}, n};
+        const ListedRule rule{{r.func, first + n * l.stride, nullptr, r.msg_end, tb, l.entry_links}, n};
         done = bx::read_fields(rule, l.entry(), l.fields);
         ++n;
         return !done.refused;
@@ -210,8 +212,9 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 
 /* Quirk: a rule with index 0 is not sent, though "count" counts it. */
 template <typename List>
-void send_rules(const Field &f, const void *record, blob_buf *buf)
+void send_rules(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
+    const bx::ListOf &entries = *f.list(links);
     const auto &list = *static_cast<const List *>(record);
     void *array = blobmsg_open_array(buf, f.key());
     /* A count above the record's rules is the caller's error: never read
@@ -220,7 +223,7 @@ void send_rules(const Field &f, const void *record, blob_buf *buf)
         if (list.astRule[i].uiIdx == 0)
             continue;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry(), f.list->fields, &list.astRule[i], buf, bx::kNoMask);
+        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &list.astRule[i], buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);

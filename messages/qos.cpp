@@ -15,6 +15,7 @@
 namespace {
 
 using bx::Field;
+using bx::Link;
 using bx::Read;
 using bx::Reading;
 
@@ -47,7 +48,7 @@ BX_PACKED(kQosClassIndex);
 
 /* "protocol" as the add and list messages send it: slot 0 always, then the
  * later slots up to the first 0. */
-void send_protocols_to_first_zero(const Field &f, const void *record, blob_buf *buf)
+void send_protocols_to_first_zero(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     const auto *rule = static_cast<const QosClassRule *>(record);
     void *array = blobmsg_open_array(buf, f.key());
@@ -223,7 +224,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
-    const bx::ListOf &l = *f.list;
+    const bx::ListOf &l = *r.list(f);
     auto *list = static_cast<QosClassRuleList *>(r.record);
     uint32_t stored = 0;
     bx::for_each_elem(attr, [&](blob_attr *elem) {
@@ -236,7 +237,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
         blob_attr *tb[bx::kMaxEntryFields];
         bx::parse_span(l, tb, elem, r.msg_end);
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: g_stStaList_Array_policy\n");
-        bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb}, l.entry(), l.fields);
+        bx::read_fields(Reading{r.func, &list->astRule[stored++], nullptr, r.msg_end, tb, l.entry_links}, l.entry(), l.fields);
         return true;
     });
     return bx::kGoOn;

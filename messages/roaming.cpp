@@ -18,6 +18,7 @@
 namespace {
 
 using bx::Field;
+using bx::Link;
 using bx::parsed_key;
 
 /* A MAC written without separators. */
@@ -135,7 +136,7 @@ bx::Read read_support_flag(const bx::Reading &r, const Field &f, blob_attr *attr
     bx::trace_field(r.func, f, nullptr, 0, flag);
     return bx::kGoOn;
 }
-void send_support_flag(const Field &f, const void *record, blob_buf *buf)
+void send_support_flag(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     uint16_t flag = 0;
     std::memcpy(&flag, static_cast<const uint8_t *>(record) + f.offset, sizeof flag);

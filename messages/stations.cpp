@@ -88,9 +88,12 @@ BX_PACKED(kStaEntryOut);
 /* The list's two keys. The entries live in the caller's array behind
  * pstListInfo (no capacity of the record's own), as many as uiStaNumofEsps
  * says: sent up to it, received up to it as a capacity. */
-constexpr bx::ListOf sta_entries(const Field *entry)
+template <typename Entry>
+constexpr bx::ListOf sta_entries(const Entry &entry)
 {
-    return bx::ListOf{entry, STA_MAX, true, sizeof(StaEntry), 0}.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
+    bx::ListOf l{entry.rows, STA_MAX, true, sizeof(StaEntry), 0};
+    l.entry_links = entry.links();
+    return l.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
 }
 constexpr bx::ListOf kStaEntriesOut = sta_entries(kStaEntryOut);
 constexpr bx::ListOf kStaEntriesIn = sta_entries(kStaEntry).bounded_by_count().of_any_type();
@@ -115,7 +118,7 @@ void fill_entry(const char *func, blob_attr *const (&tb)[STA_MAX], StaEntry *ent
         BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[0] = %p\n", static_cast<const void *>(&list[0]));
         BX_TRACE_AS(func, "-t- -pstOut->pstListInfo[1] = %p\n", static_cast<const void *>(&list[1]));
     }
-    bx::read_fields(func, kStaEntry, STA_MAX, tb, entry, bx::kNoMask);
+    bx::read_fields(func, kStaEntry, STA_MAX, kStaEntry.links(), tb, entry, bx::kNoMask);
 }
 
 /* ---- The small messages -------------------------------------------------------- */
@@ -182,7 +185,7 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     uint32_t count = rec->pstListInfo != nullptr ? rec->uiStaNumofEsps : 0;
     for (uint32_t i = 0; i < count; ++i) {
         void *table = blobmsg_open_table(pstBuf, nullptr);
-        bx::emit_fields(kStaEntryOut, STA_MAX, &rec->pstListInfo[i], pstBuf, bx::kNoMask);
+        bx::emit_fields(kStaEntryOut, STA_MAX, kStaEntryOut.links(), &rec->pstListInfo[i], pstBuf, bx::kNoMask);
         blob_nest_end(pstBuf, table);
     }
     blob_nest_end(pstBuf, list);

@@ -13,6 +13,7 @@
 namespace {
 
 using bx::Field;
+using bx::Link;
 using bx::parsed_key;
 using bx::Read;
 using bx::Reading;
@@ -113,7 +114,7 @@ BX_PACKED(kTimerIdx);
 /* ---- Rate limits (108, 109) ----------------------------------------------------- */
 
 /* Quirk: the switch goes out as the word of 0 or 1, whatever else the record holds. */
-void send_switch_as_bool(const Field &f, const void *record, blob_buf *buf)
+void send_switch_as_bool(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     uint32_t value = 0;
     std::memcpy(&value, static_cast<const uint8_t *>(record) + f.offset, sizeof value);
@@ -223,15 +224,16 @@ constexpr bx::FieldDef kIptvVlanSource[] = {
 BX_PACKED(kIptvVlan);
 
 /* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
-void send_used_vlans(const Field &f, const void *record, blob_buf *buf)
+void send_used_vlans(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
+    const bx::ListOf &entries = *f.list(links);
     const auto *iptv = static_cast<const IptvConfig *>(record);
     void *array = blobmsg_open_array(buf, f.key());
     for (const IptvVlan &vlan : iptv->astVlan) {
         if (vlan.uiVlanId == 0)
             continue;
         void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(f.list->entry(), f.list->fields, &vlan, buf, bx::kNoMask);
+        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &vlan, buf, bx::kNoMask);
         blob_nest_end(buf, table);
     }
     blob_nest_end(buf, array);

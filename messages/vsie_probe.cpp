@@ -16,6 +16,7 @@ namespace {
 constexpr uint32_t kProbeListEntries = 3;
 
 using bx::Field;
+using bx::Link;
 using bx::at_most;
 using bx::vsie::low_byte;
 
@@ -70,7 +71,7 @@ constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
 bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
     if (bx::vsie::found(r, f, attr)) {
-        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, f.list->capacity, attr, [&r](size_t k, uint8_t byte) {
+        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, r.list(f)->capacity, attr, [&r](size_t k, uint8_t byte) {
             BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
         });
     }
@@ -122,7 +123,7 @@ constexpr bx::FieldDef kFlushReceivedSource[] = {BX_TEXT(VsieProbeRxEntry, szSer
 BX_PACKED(kFlushReceived);
 
 /* Quirk (149): "vsie" carries the OUI ahead of uiVsieLen payload bytes. */
-void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
+void send_oui_and_payload(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     const auto &rec = *static_cast<const VsieProbeRxRecord *>(record);
     void *vsie = blobmsg_open_array(buf, f.key());
@@ -140,7 +141,7 @@ constexpr bx::FieldDef kOneRecordSentSource[] = {
     BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kOuiAndPayload),
 };
 BX_PACKED(kOneRecordSent);
-constexpr bx::ListOf kOneRecord{kOneRecordSent, bx::entry_fields(std::size(kOneRecordSent)), true, sizeof(VsieProbeRxRecord), 1};
+constexpr bx::ListOf kOneRecord = bx::tables_of(kOneRecordSent, sizeof(VsieProbeRxRecord), 1);
 constexpr bx::FieldDef kRecordAddSentSource[] = {
     bx::with_list(bx::FieldDef{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
 };
