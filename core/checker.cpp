@@ -242,24 +242,24 @@ uint32_t stored_number(const Field &f, blob_attr *attr, bool *unknown_word)
     return f.wire == Wire::U8 ? get_u32(attr) & 0xFFu : get_u32(attr);
 }
 
-bool within(const Field &f, uint32_t value) { return value - f.lowest <= f.highest - f.lowest; }
+bool within(const Field &f, uint32_t value) { return value - f.lowest() <= f.highest() - f.lowest(); }
 
 void examine_number(Examination &in, const Field &f, blob_attr *attr)
 {
     bool unknown = false;
     const uint32_t stored = stored_number(f, attr, &unknown);
-    const bool refused_after = f.check == Check::After && !within(f, stored);
+    const bool refused_after = f.check() == Check::After && !within(f, stored);
     if (unknown) {
         BX_SAY(in, "\"%s\" is no word of its list: stored as %d%s", get_text(attr), static_cast<int>(stored),
             refused_after ? ", then the message is refused" : "");
         report(in, BLOBXLATE_FINDING_UNKNOWN_WORD, f.key(), true, static_cast<int32_t>(stored));
         return;
     }
-    const uint32_t tested = f.check == Check::Before ? get_u32(attr) : stored;
-    if (f.check == Check::None || within(f, tested))
+    const uint32_t tested = f.check() == Check::Before ? get_u32(attr) : stored;
+    if (f.check() == Check::None || within(f, tested))
         return;
-    BX_SAY(in, "%u is outside %u..%u: the message is refused%s", tested, f.lowest, f.highest,
-        f.check == Check::After ? " once it is stored" : "");
+    BX_SAY(in, "%u is outside %u..%u: the message is refused%s", tested, f.lowest(), f.highest(),
+        f.check() == Check::After ? " once it is stored" : "");
     report(in, BLOBXLATE_FINDING_OUT_OF_RANGE, f.key(), true, tested);
 }
 
@@ -340,7 +340,7 @@ void examine_row(Examination &in, const Area &a, const Field &f)
     blob_attr *attr = slot_of(a.data, a.len, f);
     const size_t was = push_key(in, f.key(), std::strlen(f.key()));
     if (attr == nullptr && f.required) {
-        BX_SAY(in, "a required key is missing: the message is refused (%d)", f.refused_ret);
+        BX_SAY(in, "a required key is missing: the message is refused (%d)", f.refused_ret());
         report(in, BLOBXLATE_FINDING_MISSING, f.key());
     } else if (attr != nullptr && f.stored && f.quirk(a.table.entry_links) == nullptr) {
         if (f.wire == Wire::List && f.list(a.table.entry_links) != nullptr)

@@ -214,7 +214,7 @@ void emit_fields(const Field *fields, size_t count, const Link *links, const voi
     const uint32_t mask = mask_of(record, mask_at);
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
-        if (!f.sent || (f.sent_if != 0 && (mask & f.sent_if) == 0))
+        if (!f.sent || (f.sent_if() != 0 && (mask & f.sent_if()) == 0))
             continue;
         const Quirk *quirk = f.quirk(links);
         if (quirk != nullptr && quirk->send != nullptr)
@@ -398,7 +398,7 @@ void emit_list(const Field &f, const ListOf &l, const void *record, blob_buf *bu
 
 /* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
  * zero wraps to the largest number and is refused. */
-bool in_range(const Field &f, uint32_t value) { return value - f.lowest <= f.highest - f.lowest; }
+bool in_range(const Field &f, uint32_t value) { return value - f.lowest() <= f.highest() - f.lowest(); }
 
 uint32_t stored_u32(const Field &f, const void *record)
 {
@@ -425,7 +425,7 @@ Read test_slot(const Reading &r, const Field &f, blob_attr *attr)
         BX_TRACE_AS(r.func, "%s\n", f.refusal());
     if (!f.required)
         return kGoOn;
-    return {true, f.refused_ret};
+    return {true, f.refused_ret()};
 }
 
 Read read_slot(const Reading &r, const Field &f, blob_attr *attr) { return read_slot_as(r, f, f.wire, attr); }
@@ -441,15 +441,15 @@ Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
     if (wire == Wire::List) {
         const Read done = read_list(r, f, attr);
         if (r.mask != nullptr)
-            *r.mask |= f.mask_bit;
+            *r.mask |= f.mask_bit();
         return done;
     }
-    if (f.check == Check::Before && !in_range(f, get_u32(attr)))
+    if (f.check() == Check::Before && !in_range(f, get_u32(attr)))
         return refuse(r, f);
     store_as(r.func, f, wire, attr, r.record);
     if (r.mask != nullptr)
-        *r.mask |= f.mask_bit;
-    if (f.check == Check::After && !in_range(f, stored_u32(f, r.record)))
+        *r.mask |= f.mask_bit();
+    if (f.check() == Check::After && !in_range(f, stored_u32(f, r.record)))
         return refuse(r, f);
     return kGoOn;
 }

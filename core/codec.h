@@ -13,6 +13,7 @@
 #ifndef BLOBXLATE_CORE_CODEC_H
 #define BLOBXLATE_CORE_CODEC_H
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -265,29 +266,37 @@ struct FieldDef {
  * table's links. A row holds no pointer, so the loader relocates nothing in
  * it and its pages stay shared between the processes that load the library. Rows live only inside their table: a
  * copy would lose its texts, so a row cannot be copied. */
-struct Field {
-    uint16_t key_at = 0;           /* each text: 0 when there is none */
-    uint16_t trace_at = 0;
-    uint16_t member_at = 0;
+/* The columns most rows leave at their defaults: a row that sets any of
+ * them keeps them in its table's pool (see Field::rules_at). The texts are
+ * offsets from the row, as in the row itself. */
+struct Rules {
+    uint32_t mask_bit = 0;
+    uint32_t sent_if = 0;
+    uint32_t lowest = 0;
+    uint32_t highest = 0;
     uint16_t refusal_at = 0;
     uint16_t out_of_range_at = 0;
-    Wire wire = Wire::U32;
-    int8_t word_list = -1;
+    Check check = Check::None;
+    int8_t refused_ret = -1;
+    uint8_t spare[2] = {};  /* no padding: the record is copied into the pool byte by byte */
+};
+
+struct Field {
+    uint16_t key_at = 0;    /* each text: 0 when there is none */
+    uint16_t trace_at = 0;
+    uint16_t member_at = 0;
+    uint16_t rules_at = 0;  /* the row's Rules in the pool, 0: every one at its default */
     uint16_t offset = 0;
     uint16_t size = 0;
+    Wire wire = Wire::U32;
+    int8_t word_list = -1;
     TraceShape shape{};
     bool sent : 1 = true;
     bool whole : 1 = false;
     bool tested : 1 = true;
     bool stored : 1 = true;
     bool required : 1 = false;
-    Check check = Check::None;
-    int8_t refused_ret = -1;
     uint8_t link = 0;  /* 1 + the index of the row's list and quirk among its table's links; 0: none */
-    uint32_t mask_bit = 0;
-    uint32_t sent_if = 0;
-    uint32_t lowest = 0;
-    uint32_t highest = 0;
 
     constexpr Field() = default;
     Field(const Field &) = delete;
@@ -296,8 +305,21 @@ struct Field {
     const char *key() const { return text_at(key_at); }
     const char *trace() const { return text_at(trace_at); }
     const char *member() const { return text_at(member_at); }
-    const char *refusal() const { return text_at(refusal_at); }
-    const char *out_of_range() const { return text_at(out_of_range_at); }
+    Rules rules() const
+    {
+        Rules r;
+        if (rules_at != 0)
+            std::memcpy(&r, reinterpret_cast<const char *>(this) + rules_at, sizeof r);
+        return r;
+    }
+    uint32_t mask_bit() const { return rules().mask_bit; }
+    uint32_t sent_if() const { return rules().sent_if; }
+    uint32_t lowest() const { return rules().lowest; }
+    uint32_t highest() const { return rules().highest; }
+    Check check() const { return rules().check; }
+    int8_t refused_ret() const { return rules().refused_ret; }
+    const char *refusal() const { return text_at(rules().refusal_at); }
+    const char *out_of_range() const { return text_at(rules().out_of_range_at); }
     /* The row's list and quirk, from the links of the table it is in. */
     const ListOf *list(const Link *links) const;
     const Quirk *quirk(const Link *links) const;
@@ -560,14 +582,23 @@ constexpr size_t text_length(const char *text)
     return n;
 }
 
-/* The bytes a table's texts take in its pool, terminators included. */
+/* A row whose Rules are not all at their defaults. */
+constexpr bool has_rules(const FieldDef &f)
+{
+    return f.mask_bit != 0 || f.sent_if != 0 || f.lowest != 0 || f.highest != 0 || f.refusal != nullptr ||
+           f.out_of_range != nullptr || f.check != Check::None || f.refused_ret != -1;
+}
+
+/* The bytes a table's texts and rules take in its pool, terminators included. */
 template <typename Source>
 constexpr size_t pool_bytes(const Source &src)
 {
     size_t n = 0;
-    for (const FieldDef &f : src)
+    for (const FieldDef &f : src) {
         for (const char *text : {f.key, f.trace, f.member, f.refusal, f.out_of_range})
             n += text != nullptr ? text_length(text) + 1 : 0;
+        n += has_rules(f) ? sizeof(Rules) : 0;
+    }
     return n > 0 ? n : 1;
 }
 
@@ -684,13 +715,33 @@ private:
         return static_cast<uint16_t>(at);
     }
 
+    struct RuleBytes {
+        char bytes[sizeof(Rules)];
+    };
+    /* A row's Rules as they lie in memory, copied into the pool. */
+    consteval uint16_t add_bytes(const RuleBytes &r, size_t i, size_t &used)
+    {
+        const size_t at = (N - i) * sizeof(Field) + used;
+        if (at > 0xFFFFu)
+            table_beyond_16_bit_offsets();
+        for (char byte : r.bytes)
+            pool[used++] = byte;
+        return static_cast<uint16_t>(at);
+    }
+
     consteval void pack_row(Field &row, const FieldDef &f, size_t i, size_t &used)
     {
         row.key_at = add_text(f.key, i, used);
         row.trace_at = add_text(f.trace, i, used);
         row.member_at = add_text(f.member, i, used);
-        row.refusal_at = add_text(f.refusal, i, used);
-        row.out_of_range_at = add_text(f.out_of_range, i, used);
+        if (has_rules(f)) {
+            Rules r{f.mask_bit, f.sent_if, f.lowest, f.highest};
+            r.refusal_at = add_text(f.refusal, i, used);
+            r.out_of_range_at = add_text(f.out_of_range, i, used);
+            r.check = f.check;
+            r.refused_ret = f.refused_ret;
+            row.rules_at = add_bytes(std::bit_cast<RuleBytes>(r), i, used);
+        }
         row.wire = f.wire;
         row.word_list = f.word_list;
         row.offset = f.offset;
@@ -701,12 +752,6 @@ private:
         row.tested = f.tested;
         row.stored = f.stored;
         row.required = f.required;
-        row.check = f.check;
-        row.refused_ret = f.refused_ret;
-        row.mask_bit = f.mask_bit;
-        row.sent_if = f.sent_if;
-        row.lowest = f.lowest;
-        row.highest = f.highest;
         row.link = kLinkSet<Source>.slot(f);
     }
 };

@@ -51,8 +51,8 @@ constexpr bx::FieldDef kRoamingSource[] = {
     bx::flagged(BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"), 1u << 6),
 };
 BX_PACKED(kRoaming);
-static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
-              kRoaming[std::size(kRoaming) - 1].mask_bit == BX_ROAM_THRESHOLD_RSSI5G);
+static_assert(kRoamingSource[0].mask_bit == BX_ROAM_ENABLE && kRoamingSource[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
+              kRoamingSource[std::size(kRoamingSource) - 1].mask_bit == BX_ROAM_THRESHOLD_RSSI5G);
 
 /* ---- 115, 116: signal-strength query and answer ------------------------------ */
 

@@ -61,7 +61,7 @@ Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
     if (attr != nullptr)
         return bx::read_slot(r, f, attr);
     BX_TRACE_AS(r.func, "%s\n", f.refusal());
-    return {true, f.refused_ret};
+    return {true, f.refused_ret()};
 }
 constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr, "absence is traced with the refusal text alone, not by the presence check"};
 constexpr bx::FieldDef set_required(bx::FieldDef f, const char *refusal)
@@ -189,7 +189,7 @@ Read read_rate_traced_crossed(const Reading &r, const Field &f, blob_attr *attr)
     const uint32_t value = bx::get_u32(attr);  /* stored untraced */
     std::memcpy(static_cast<uint8_t *>(r.record) + f.offset, &value, sizeof value);
     if (r.mask != nullptr)
-        *r.mask |= f.mask_bit;
+        *r.mask |= f.mask_bit();
     const auto *report = static_cast<const PeriodRateReport *>(r.record);
     const bool tx = f.offset == offsetof(PeriodRateReport, uiTxRateRt);
     bx::trace_field(r.func, f, nullptr, 0, tx ? report->uiRxRateRt : report->uiTxRateRt);
