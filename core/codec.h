@@ -770,7 +770,8 @@ inline constexpr Packed<std::size(Source), pool_bytes(Source), Source> kPacked{}
 template <size_t N, size_t P, const auto &S>
 constexpr ListOf tables_of(const Packed<N, P, S> &entry, uint16_t stride, uint16_t capacity)
 {
-    ListOf l{entry.rows, entry_fields(N), true, stride, capacity};
+    static_assert(N <= kMaxEntryFields, "an entry's slots live on the stack: at most kMaxEntryFields rows");
+    ListOf l{entry.rows, static_cast<uint8_t>(N), true, stride, capacity};
     l.index_at = Packed<N, P, S>::index_offset();
     l.entry_links = Packed<N, P, S>::links();
     return l;
