@@ -228,7 +228,7 @@ BX_API int JTS_StaList(struct blob_attr *pstMsg, void *pvRecord)
     });
     return 0;
 }
-BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, 2, ::bx::kNoMask,
+BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, kStaListReceived.size(), ::bx::kNoMask,
              "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
              "array); an element past them ends the walk; each element uses an entry, even without keys")
 
