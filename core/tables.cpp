@@ -4,6 +4,7 @@
  * the dispatchers' inclusive scan may look at but never matches. */
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <type_traits>
 
 #include "blobxlate.h"
@@ -53,8 +54,31 @@ constexpr Line kCatalogue[] = {BX_CATALOGUE(BX_LINE)};
 #undef BX_NO_ROW
 #undef BX_ROW
 
-constexpr size_t kToJsonRows = 160;
-constexpr size_t kToStructRows = 159;
+/* The rows of one direction: the catalogue lines with a position in it. */
+template <typename Fn>
+constexpr size_t rows_in(Row<Fn> Line::*side)
+{
+    size_t rows = 0;
+    for (const Line &line : kCatalogue)
+        rows += (line.*side).position >= 0 ? 1 : 0;
+    return rows;
+}
+constexpr size_t kToJsonRows = rows_in(&Line::to_json);
+constexpr size_t kToStructRows = rows_in(&Line::to_struct);
+
+/* One catalogue line per type, each number inside the range. */
+constexpr bool each_type_once()
+{
+    for (size_t i = 0; i < std::size(kCatalogue); ++i) {
+        if (kCatalogue[i].type < bx::kFirstMessageType)
+            return false;
+        for (size_t j = i + 1; j < std::size(kCatalogue); ++j)
+            if (kCatalogue[j].type == kCatalogue[i].type)
+                return false;
+    }
+    return true;
+}
+static_assert(each_type_once(), "a message type with two catalogue lines, or a negative number");
 
 template <typename Fn, size_t N>
 struct Table {
@@ -86,7 +110,8 @@ constexpr Table<Fn, N> build(Row<Fn> Line::*side, Fn closing)
     return t;
 }
 
-/* Every position of a table filled exactly once. */
+/* Every position of a table filled exactly once: no position used twice,
+ * none left empty. */
 template <typename Fn>
 constexpr bool filled_once(Row<Fn> Line::*side, size_t rows)
 {
@@ -149,8 +174,12 @@ constinit const MessageTransEntry g_astJsonToStruct_Func[] = {BX_ROWS_160(BX_TO_
 const int32_t g_iJsonToStruct_FuncNum =
     static_cast<int32_t>(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0]) - 1;
 
-static_assert(sizeof g_astStructToJson_Func / sizeof g_astStructToJson_Func[0] == kToJsonRows + 1);
-static_assert(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0] == kToStructRows + 1);
+/* A catalogue line that adds a row to a table needs one more row copied
+ * into the exported array above (BX_ROWS_160 and the row after it). */
+static_assert(sizeof g_astStructToJson_Func / sizeof g_astStructToJson_Func[0] == kToJsonRows + 1,
+              "g_astStructToJson_Func copies a row count other than the catalogue's");
+static_assert(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0] == kToStructRows + 1,
+              "g_astJsonToStruct_Func copies a row count other than the catalogue's");
 
 /* Every row of a table is examined, and the closing row after the last one
  * as well: the scan bound is inclusive. The closing row's id is outside the

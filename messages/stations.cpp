@@ -192,7 +192,7 @@ BX_API int STJ_StaList(const void *pvRecord, struct blob_buf *pstBuf)
     return 0;
 }
 
-BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, 2, ::bx::kNoMask,
+BX_DESCRIBED(JTS_StaList, kStaListReceived, nullptr, kStaListReceived.size(), ::bx::kNoMask,
              "the entries fill the caller's array behind pstListInfo, uiStaNumofEsps at most (none without the "
              "array); an element past them ends the walk; each element uses an entry, even without keys")
 

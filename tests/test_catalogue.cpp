@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/tables.h"
 #include "records.h"
 #include "support.h"
 
@@ -68,7 +69,7 @@ TEST(Catalogue, NullArgumentsAreRefusedByEveryConverter)
     bxtest::Msg msg("");
     bxtest::Buf buf;
     bxtest::TraceCapture cap;
-    for (int type = 0; type <= 172; ++type) {
+    for (int type = 0; type <= bx::kLastMessageType; ++type) {
         bxtest::Record rec(type);
         SCOPED_TRACE(type);
         EXPECT_EQ(STRUCT_TRANS_JSON(type, nullptr, buf.get()), -1);

@@ -11,6 +11,7 @@
 #include <thread>
 #include <vector>
 
+#include "core/tables.h"
 #include "support.h"
 
 namespace {
@@ -23,7 +24,7 @@ void convert_all(int rounds, unsigned *converted)
     alignas(16) static thread_local unsigned char back[131072];
     static thread_local StaEntry stations[4];
     for (int round = 0; round < rounds; ++round) {
-        for (int type = 0; type <= 172; ++type) {
+        for (int type = 0; type <= bx::kLastMessageType; ++type) {
             std::memset(rec, 0, sizeof rec);
             std::memset(back, 0, sizeof back);
             if (type == MSG_STA_LIST) {

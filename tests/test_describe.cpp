@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/tables.h"
 #include "support.h"
 
 namespace {
@@ -127,7 +128,7 @@ void store_one(int type, const BlobxlateMessage &m, const BlobxlateField &f, std
 
 TEST(Describe, MembersAreWhereTheConvertersStore)
 {
-    for (int type = 0; type <= 172; ++type) {
+    for (int type = 0; type <= bx::kLastMessageType; ++type) {
         BlobxlateMessage m{};
         if (BLOBXLATE_Describe(BLOBXLATE_TO_STRUCT, type, &m) != 0 || m.pcNote != nullptr)
             continue;

@@ -59,6 +59,7 @@ std::string answer(int type, blob_attr *msg, bxtest::Buf &out, std::string *json
 
 TEST(Examples, EachComesBackAsItWasSentAndStaysSo)
 {
+    // quirk: STJ_StaList
     for (int i = 0; i < g_iJsonToStruct_FuncNum; ++i) {
         int type = g_astJsonToStruct_Func[i].id;
         char name[32];

@@ -17,6 +17,7 @@ namespace {
 const Case kDeviceInfo[] = {
     {MSG_RET, "espResult=i32:7",
      "esp ret:7\n"},
+    // quirk: kLanRates kWanRates
     {MSG_HW_INFO, R"(vendor=s"V" model=s"M1" version=s"1.0" descriptionurl=s"http://d" cpumodel=s"c7" )"
      R"(flashsize=i32:16 ramsize=i32:128 lanportsmax=i32:3 wanportsmax=i32:1 systype=s"linux" sysversion=s"5.4" )"
      R"(description=s"router" cpumainfrequency=i32:1200 cpusupplier=s"cs" memoryprovider=s"mp" cpucores=i32:4 )"
@@ -38,6 +39,13 @@ const Case kDeviceInfo[] = {
      "Mac:00:11:22:33:44:55\nSN:SN1\nproduct name:P\n"},
     {MSG_MANAGE_INFO, R"(ip=s"1.1.1.1" domainname=s"d" curip=s"2.2.2.2")",
      "IP:1.1.1.1\nDomain Name:d\nCur IP:2.2.2.2\n"},
+    // quirk: kCurIpOnIp ("curip" is read by whether "ip" is there, and traced under its own name)
+    {MSG_MANAGE_INFO, R"(ip=s"1.1.1.1")",
+     "IP:1.1.1.1\nIllegal parameter: domainname\nCur IP:\n",
+     R"(ip=s"1.1.1.1" domainname=s"" curip=s"")"},
+    {MSG_MANAGE_INFO, R"(curip=s"2.2.2.2")",
+     "Illegal parameter: ip\nIllegal parameter: domainname\nIllegal parameter: curip\n",
+     R"(ip=s"" domainname=s"" curip=s"")"},
     {MSG_FUNC_SUPPORT, R"(wifi=s"disable" dualband=s"enable" usb=s"enable" vpn=s"enable" ipv6=s"disable" )"
      R"(privmesh=s"disable" portblind=s"enable" easymesh=s"disable")",
      "SupportWifi:0\nSupportDualBand:1\nSupportUsb:1\nSupportVpn:1\nSupportIPv6:0\nSupportPrivMesh:0\n"
@@ -81,6 +89,7 @@ const Case kDeviceControl[] = {
     {MSG_UPGRADE_STATUS, "",
      "",
      R"(UpgradeStatus=s"NOMAL-NotUpgrade")"},
+    // quirk: kNamedFirst
     {MSG_LED_COLOUR, R"(status=s"disable" colour=s"2")",
      "JTS_Led_Colour()\nledcolour status:0\nledcolour colour: -1\n",
      R"(status=s"disable" colour=s"-1")"},
@@ -134,6 +143,10 @@ const Case kCarrier[] = {
      "wanindex=i32:0 number=i32:0"},
     {MSG_CUSTOM_FACTORY_INFO, R"(randpassword=s"Ab3dEf7h")",
      "randpassword:Ab3dEf7h\n"},
+    // quirk: kRandPasswordRead
+    {MSG_CUSTOM_FACTORY_INFO, R"(randpassword=s"Ab3dEf7")",
+     "wrong randpassword:Ab3dEf7\n",
+     R"(randpassword=s"")"},
     {MSG_WIFI_GET_AGENT_UPLINK_INFO, R"(type=s"5g" ssid=s"mesh" rssi=i32:-61 noise=i32:-95 uprate=i32:866 )"
      "downrate=i32:780",
      "type:2\nssid: mesh\nRssi: -61\nNoise: -95\nUpRate: 866\nDownRate: 780\n"},
@@ -181,6 +194,11 @@ const Case kWan[] = {
      "PppoeUser:alice\nPppoePwd:pw\nIllegal parameter: mtu\nIllegal parameter: server\n"
      "Illegal parameter: service\n",
      R"(user=s"alice" pwd=s"pw" mtu=i32:0)"},
+    // quirk: kServerShowsPwd
+    {MSG_PPPOE, R"(pwd=s"pw" server=s"isp")",
+     "Illegal parameter: user\nPppoePwd:pw\nIllegal parameter: mtu\nPppoeServer:pw\nIllegal parameter: service\n"
+     "Illegal parameter: capaflag\n",
+     R"(pwd=s"pw" server=s"isp" mtu=i32:0)"},
     {MSG_PPPOE, "mtu=i32:1500",
      "Illegal parameter: user\nIllegal parameter: pwd\nMTU:1500\nIllegal parameter: server\n"
      "Illegal parameter: service\nIllegal parameter: capaflag\n"},
@@ -250,6 +268,7 @@ const Case kPorts[] = {
      "lan=i32:1 wan=i32:2 lanindex=[i32:3] wanindex=[i32:1 i32:2]"},
     {MSG_PORT_STATUS, R"(type=s"LAN" index=i32:1 linkstatus=s"up" duplex=s"AUTO" negrate=i32:100)",
      "type:2\nindex:1\nlinkstatus:1\nduplex:3\nnegrate:100\n"},
+    // quirk: kRxPacketsRead
     {MSG_PORT_TRAFFIC, R"(type=s"WAN" index=i32:2 txbytes=i64:3000000010 rxbytes=i64:3000000020 )"
      "txpackets=i64:3000000030 rxpackets=i64:3000000040 txerrors=i64:3000000050 rxerrors=i64:3000000060 "
      "txdrops=i64:3000000070 rxdrops=i64:5000000000",
@@ -345,6 +364,7 @@ TEST(Refusals, Device) { for (const Case &c : kRefusals) bxtest::expect_case(c);
 // The result is traced whole, under the sender's name, before it goes out.
 TEST(Quirks, TraceRouteResultIsTracedBeforeItIsSent)
 {
+    // quirk: kTracedResult
     BX_REQUIRE_TRACE_CAPTURE();
     TraceRouteResult rec{};
     std::memcpy(rec.szResult, "hop 1", 5);

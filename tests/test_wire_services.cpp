@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "support.h"
 
@@ -38,6 +39,7 @@ const Case kTimers[] = {
      "rxrate_rt=i32:22 maxrxrate=i32:33 maxtxrate=i32:44 avarxrate=i32:55 avatxrate=i32:66",
      "eTaskType:0\ntaskname:wan-watch\nIllegal parameter: reportinterval\nIllegal parameter: sampleinterval\n",
      R"(tasktype=s"UPLINK" taskname=s"wan-watch" reportinterval=i32:0 sampleinterval=i32:0)"},
+    // quirk: kRateTracedCrossed
     {MSG_PERIOD_RATE_GET, R"(tasktype=s"UPLINK" taskname=s"wan-watch" mac=s"aa:bb" txrate_rt=i32:11 )"
      "rxrate_rt=i32:22 maxrxrate=i32:33 maxtxrate=i32:44 avarxrate=i32:55 avatxrate=i32:66",
      "period tasktype:0\nperiod taskname:wan-watch\nperiod mac:aa:bb\nperiod txrate_rt:0\nperiod rxrate_rt:11\n"
@@ -48,6 +50,7 @@ const Case kTimers[] = {
      "Illegal parameter: ports2p4g\nIllegal parameter: ports5g\nNULL == cur\n\n",
      R"(status=s"enable" vlanlist=[{vlanid=i32:45 ethports=i32:1 ports2p4g=i32:2 ports5g=i32:3} {vlanid=i32:85 )"
      "ethports=i32:0 ports2p4g=i32:0 ports5g=i32:0}]"},
+    // quirk: kVlans
     {MSG_IPTV, "",
      "Illegal parameter: status\nNo Vlan Task\n",
      R"(status=s"disable" vlanlist=[])"},
@@ -61,6 +64,7 @@ const Case kQos[] = {
      "status:1\n"},
     {MSG_8021P, R"(enable=s"enable")",
      "status:1\n"},
+    // quirk: kAddProtocols
     {MSG_QOS_CLASSIFICATION_ADD, "protocol=[i32:6 i32:17] priority=i32:3 dscp=i32:46 vlan8021p=i32:5 "
      R"(name=s"voip" srcmac=s"AA:BB:CC:DD:EE:01" dstmac=s"AA:BB:CC:DD:EE:02" srcip=s"1.2.3.4")",
      "Priority:3\nDscp:46\nValn8021p:5\nName:voip\nSrcName:AA:BB:CC:DD:EE:01\nDstName:AA:BB:CC:DD:EE:02\n",
@@ -68,6 +72,7 @@ const Case kQos[] = {
      R"(dstmac=s"AA:BB:CC:DD:EE:02")"},
     {MSG_QOS_CLASSIFICATION_DELETE, "index=i32:3",
      "Index:3\n"},
+    // quirk: kRules kListedProtocols
     {MSG_QOS_CLASSIFICATION_LIST, R"(index=i32:1 list=[{index=i32:1 name=s"voip" priority=i32:3 dscp=i32:46 )"
      R"(vlan8021p=i32:5 protocol=[i32:6 i32:17] srcip=s"1.2.3.4" srcmask=s"255.0.0.0" srcport=i32:80 srcmac=s"aa" )"
      R"(dstip=s"5.6.7.8" dstmask=s"255.255.0.0" dstport=i32:443 dstmac=s"bb"}])",
@@ -75,6 +80,7 @@ const Case kQos[] = {
      "-t- blobmsg_parse: g_stStaList_Array_policy\nidx:1\nname:voip\npriority:3\ndscps:46\nlinktype:5\n"
      "protocol[1]: 6\nprotocol[2]: 17\nSrcIp:1.2.3.4\nSrcMask:255.0.0.0\nSrcPort:80\nSrcMac:aa\nDstIp: 5.6.7.8\n"
      "DstMask: 255.255.0.0\nDstPort: 443\nDstMac: bb\n"},
+    // quirk: kPortText
     {MSG_QOS_CLASSIFICATION_SET, R"(priority=i32:3 dscp=i32:46 vlan8021p=i32:5 name=s"voip" )"
      R"(srcip=s"192.168.100.100x" srcmask=s"255.255.255.0" srcport=s"80" srcmac=s"AA:BB:CC:DD:EE:01" )"
      R"(dstip=s"10.0.0.1" dstmask=s"255.0.0.0" dstport=s"ABCDEF" dstmac=s"AA:BB:CC:DD:EE:02")",
@@ -95,10 +101,12 @@ const Case kFilters[] = {
     {MSG_FILTER_URL_SWITCH, R"(status=s"disable")",
      "Status:0\n",
      R"(idx=s"disable")"},
+    // quirk: kUrlRuleList kListedUrlTimes kListedUrlMacs kListedUrls
     {MSG_FILTER_URL_LIST, R"(count=i32:1 list=[{idx=i32:3 enable=s"enable" urls=[s"a.com"] name=s"kids" )"
      R"(macs=[s"aa:bb"] mode=s"White" weekday=i32:31 timerange=[{starttime=i32:60 endtime=i32:120}]}])",
      "count: 1\nIdx:3\nEnable:1\nList[0]Urls0:a.com\nName:kids\nList[0]Macs0:aa:bb\nMode:1\nWeekday:31\n"
      "List[0]Starttime0:60\nList[0]Endtime0:120\n"},
+    // quirk: kUrlTimes kUrlMacs kUrls
     {MSG_FILTER_URL, R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org/xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"] name=s"kids" )"
      R"(macs=[s"aa:bb"] mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} )"
      "{starttime=i32:0 endtime=i32:86400} {starttime=i32:5 endtime=i32:0}]",
@@ -108,6 +116,7 @@ const Case kFilters[] = {
      R"(mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} {starttime=i32:0 endtime=i32:86400}])"},
     {MSG_FILTER_URL_REPLY, "idx=i32:-2",
      "Idx:-2\n"},
+    // quirk: kDnsRuleList kListedDnsTimes kListedHostnames
     {MSG_FILTER_DNS_LIST, R"(count=i32:1 list=[{idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"kids" )"
      R"(macs=s"aa:bb" action=s"LanIp" mode=s"White" weekday=i32:31 timerange=[{starttime=i32:60 endtime=i32:120}]}])",
      "count: 1\nIdx:2\nEnable:1\nList[0]Urls0:a.com\nName:kids\nMacs:aa:bb\nAction:1\nMode:1\nWeekday:31\n"
@@ -115,6 +124,12 @@ const Case kFilters[] = {
     {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" mode=s"Black" action=s"Ignore" weekday=i32:0 )"
      R"(status=s"enable")",
      "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
+     "Mode:0\nWeekday:0\nIllegal parameter: timerange\n",
+     R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")"},
+    // quirk: kHostnames (a number is read as an empty text, which ends what is sent)
+    {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" hostnames=[i32:5 s"a.com"] action=s"Ignore" mode=s"Black" )"
+     "weekday=i32:0",
+     "Idx:1\nEnable:1\nHost Name0:\nHost Name1:a.com\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
      "Mode:0\nWeekday:0\nIllegal parameter: timerange\n",
      R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")"},
     {MSG_FILTER_DNS_REPLY, "idx=i32:-2",
@@ -142,6 +157,7 @@ const Case kVsie[] = {
     {MSG_VSIE_BEACONTX_SET, R"(enable=s"on" idx=i32:4)",
      "Idx:4\nEnable:-1\n",
      R"(idx=i32:4 enable=s"")"},
+    // quirk: kOui
     {MSG_VSIE_PROBERX_ADD, R"(servicename=s"svc" band=s"5G" oui=[i32:0 i32:80 i32:242])",
      "Servicename:svc\nBand:1\nOUI[0]:0\nOUI[1]:80\nOUI[2]:242\n"},
     {MSG_VSIE_PROBERX_ADD, R"(idx=i32:1 servicename=s"svc" band=s"6G" oui=[i32:0 i32:80 i32:242 i32:1])",
@@ -149,6 +165,7 @@ const Case kVsie[] = {
      R"(servicename=s"svc" band=s"" oui=[i32:0 i32:80 i32:242])"},
     {MSG_VSIE_PROBERX_IDX, "idx=i32:3",
      "Idx:3\n"},
+    // quirk: JTS_Vsie_Proberx_List
     {MSG_VSIE_PROBERX_LIST, R"(list=[{idx=i32:7 servicename=s"s" band=s"5G" oui=[i32:5] record=[{mac=s"m" )"
      R"(band=s"2.4G" vsie=[i32:9]}]} {idx=i32:8}])",
      "blobmsg_parse1\n\nblobmsg_parse2\n\nblobmsg_for_each_attr1\n\nblobmsg_parse3\n\nIdx0:7\nServicename0:s\n"
@@ -162,6 +179,7 @@ const Case kVsie[] = {
     {MSG_VSIE_PROBERX_FLUSH, R"(idx=i32:1 servicename=s"svc" band=s"6G" oui=[i32:0 i32:80 i32:242 i32:1])",
      "Servicename:svc\n",
      R"(servicename=s"")"},
+    // quirk: kOuiAndPayload JTS_Vsie_Proberx_Record_Add
     {MSG_VSIE_PROBERX_RECORD_ADD, R"(record=[{mac=s"00:11:22:33:44:55" band=s"5G" vsie=[i32:0 i32:80 i32:242 )"
      "i32:4 i32:1 i32:2]}]",
      "Mac:00:11:22:33:44:55\nBand:1\ncount:3,count_oui:3\n",
@@ -179,6 +197,7 @@ const Case kVsie[] = {
     {MSG_VSIE_PROBERESP_IDX, "idx=i32:3",
      "Idx:3\n"},
     {MSG_VSIE_PROBERESP_LIST, "", "Illegal parameter: list\n", "list=[]"},  // the count is set to 0
+    // quirk: JTS_Vsie_Proberesp_List
     {MSG_VSIE_PROBERESP_LIST, R"(list=[{idx=i32:1 mac=s"m1" band=s"5G" iedata=[i32:65]} {idx=i32:2} )"
      "{idx=i32:3} {idx=i32:4} {idx=i32:5}]",
      "Idx0:1\nMac0:m1\nBand0:1\nIedata0:A\nIdx1:2\nIllegal parameter: mac\nIllegal parameter: band\n"
@@ -196,6 +215,7 @@ const Case kRefusals[] = {
      "param task id error\n",
      R"(taskid=i32:0 status=s"disable" action=s"disable" type=s"continuous" starthour=i32:0 startminute=i32:0 )"
      "endhour=i32:0 endminute=i32:0 week=i32:0", -1},
+    // quirk: kRequiredQuietly
     {MSG_WIFI_TIMER_SET, "taskid=i32:9",
      "Illegal parameter: status\nparam action error\n",
      R"(taskid=i32:9 status=s"disable" action=s"disable" type=s"continuous" starthour=i32:0 startminute=i32:0 )"
@@ -207,12 +227,14 @@ const Case kRefusals[] = {
     {MSG_QOS, "",
      "Illegal parameter: enable\n",
      R"(enable=s"disable")", -1},
+    // quirk: kOnOrOff
     {MSG_QOS, R"(enable=s"on")", "", R"(enable=s"disable")", -1},  // refused untraced, nothing stored
     {MSG_WIFI_TIMER_SET, R"(taskid=i32:4 action=s"enable" starthour=i32:7 startminute=i32:30 endhour=i32:22 )"
      "endminute=i32:0",
      "Illegal parameter: status\nIllegal parameter: type\nparam week error\n",
      R"(taskid=i32:4 status=s"disable" action=s"enable" type=s"continuous" starthour=i32:7 startminute=i32:30 )"
      "endhour=i32:22 endminute=i32:0 week=i32:0", -1},
+    // quirk: kDnsTimes
     {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" action=s"Ignore" mode=s"Black" weekday=i32:128)",
      "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
      "Mode:0\nWeekday:128\n",
@@ -220,6 +242,7 @@ const Case kRefusals[] = {
      "timerange=[]", -1},
     // The beacon list reads an entry's bytes only while the message has "iedata" of its own.
     // "count" bounds the beacon list: an element past it is traced and skipped.
+    // quirk: JTS_Vsie_Beacontx_List
     {MSG_VSIE_BEACONTX_LIST, R"(count=i32:1 iedata=[] list=[{idx=i32:5} {idx=i32:6}])",
      "Count:1\nIdx0:5\nIllegal parameter: servicename\nIllegal parameter: ssididx\nIllegal parameter: duration\n"
      "Illegal parameter: len\nIllegal parameter: iedata\nNULL == cur\n\n",
@@ -247,6 +270,7 @@ const Case kRefusals[] = {
      "Illegal parameter: timerange\nIdx:2\nIllegal parameter: enable\nIllegal parameter: urls\nName:x\n"
      "Illegal parameter: macs\nMode Error\n",
      "count=i32:0 list=[]", -1},
+    // quirk: kUrlMode
     {MSG_FILTER_URL, R"(idx=i32:1 enable=s"enable" mode=s"Grey" weekday=i32:3)",
      "Idx:1\nEnable:1\nIllegal parameter: urls\nIllegal parameter: name\nIllegal parameter: macs\nMode Error\n",
      R"(idx=i32:1 enable=s"enable" urls=[] name=s"" macs=[] mode=s"Black")", -1},
@@ -256,6 +280,7 @@ const Case kRefusals[] = {
     {MSG_FILTER_URL, R"(enable=s"on" idx=i32:1)",
      "Idx:1\nEnable:4294967295\n",
      R"(idx=i32:1 enable=s"" urls=[] name=s"" macs=[] mode=s"Black")", -1},
+    // quirk: kWeekday
     {MSG_FILTER_URL, R"(enable=s"disable" urls=s"a.com")",
      "Illegal parameter: idx\nEnable:0\nIllegal parameter: urls\nIllegal parameter: name\n"
      "Illegal parameter: macs\nIllegal parameter: mode\n",
@@ -288,6 +313,7 @@ TEST(Refusals, Services) { for (const Case &c : kRefusals) bxtest::expect_case(c
 // word lands in slot 0 (the last one wins) and the trace prints slot 1.
 TEST(Quirks, QosSetProtocolTextIsWalkedAsAttributes)
 {
+    // quirk: kProtocolWords
     bxtest::Buf inner, outer;
     for (const char *word : {"tcp", "udp", "icmp"})
         blobmsg_add_string(inner.get(), nullptr, word);
@@ -308,9 +334,31 @@ TEST(Quirks, QosSetProtocolTextIsWalkedAsAttributes)
 // other than 0 is "enable".
 TEST(Quirks, RateLimitSendsWhatItsFlagsSay)
 {
+    // quirk: kSwitchAsBool kMarkingRx
     RateLimitEntry entry{2, "m", "i", 7, 9, RATE_LIMIT_VALID_ENABLE | RATE_LIMIT_VALID_TX};
     EXPECT_EQ(bxtest::stj_typed(MSG_RATELIMIT, &entry), R"(ratelimitenable=s"enable" mac=s"m" ip=s"i" txratelimit=i32:9)");
     entry = {0, "m", "i", 7, 9, RATE_LIMIT_VALID_ENABLE | RATE_LIMIT_VALID_RX};
     EXPECT_EQ(bxtest::stj_typed(MSG_RATELIMIT, &entry), R"(ratelimitenable=s"disable" mac=s"m" ip=s"i" rxratelimit=i32:7)");
+    // In a list, the tx rate alone marks the rx rate as given.
+    RateLimitList list{};
+    EXPECT_EQ(bxtest::receive(MSG_RATELIMIT_LIST, "ratelimitlist=[{txratelimit=i32:9}]", &list).ret, 0);
+    EXPECT_EQ(list.astEntry[0].uiValidFlags, static_cast<uint32_t>(RATE_LIMIT_VALID_RX));
+}
+
+// A DNS rule's name is measured one byte past its array: in a record the
+// caller did not zero, a name that fills the array is refused once stored.
+TEST(Quirks, DnsNameRefusedOnlyInAnUnzeroedRecord)
+{
+    // quirk: kDnsName
+    const char *msg = R"(idx=i32:1 enable=s"enable" name=s"0123456789012345678901234567890123456789" )"
+                      R"(action=s"Ignore" mode=s"Black" weekday=i32:0)";
+    FilterDnsRule rule{};
+    EXPECT_EQ(bxtest::receive(MSG_FILTER_DNS, msg, &rule).ret, 0);
+    std::memset(&rule, 'x', sizeof rule);
+    const bxtest::Received r = bxtest::receive(MSG_FILTER_DNS, msg, &rule);
+    EXPECT_EQ(r.ret, -1);
+    if (bxtest::trace_paths_private()) {
+        EXPECT_EQ(r.trace.substr(r.trace.find("Name:")), "Name:0123456789012345678901234567890x\nout nmd fsl\n");
+    }
 }
 } // namespace

@@ -45,6 +45,10 @@ const Case kRadioAp[] = {
     {MSG_AP_ACCESS_RULE, R"(radio=s"5G" apindex=i32:1 accessrule=s"isolate" count=i32:2 )"
      R"(iplist=[{ip=s"10.0.0.1" port=i32:80} {ip=s"10.0.0.2" port=i32:443}])",
      "ip:10.0.0.1\nport:80\nip:10.0.0.2\nport:443\nradio:1\napindex:1\naccessrule:1\ncount:2\n"},
+    // quirk: kRuleOrNone
+    {MSG_AP_ACCESS_RULE, R"(radio=s"5G" apindex=i32:1 accessrule=s"bogus")",
+     "Illegal parameter: iplist\nradio:1\napindex:1\naccessrule:3\nIllegal parameter: count\n",
+     R"(radio=s"5G" apindex=i32:1 accessrule=s"" count=i32:0 iplist=[])"},
     {MSG_AP_ADD, R"(radio=s"5G" apindex=i32:3)",
      "radio:1\napindex:3\n"},
     {MSG_AP_DELETE, R"(radio=s"5G" apindex=i32:3)",
@@ -210,6 +214,7 @@ const Case kRoaming[] = {
      "Illegal parameter: enable\nIllegal parameter: thresholdrssi\nreportinterval:30\n"
      "Illegal parameter: starttime\nIllegal parameter: startrssi\nIllegal parameter: lowrssiperiod\n"
      "Illegal parameter: thresholdrssi5g\n"},
+    // quirk: kBareMac
     {MSG_ROAMING_AP_RSSI_QUERY, R"(count=i32:1 mac=s"a0:b1:c2:d3:e4:f5" apinfo=[{bssid=s"00:11:22:33:44:55" )"
      "channel=i32:6}]",
      "count:1\nmac:a0:b1:c2:d3:\nbssid:00:11:22:33:\nchannel:6\n",
@@ -221,6 +226,7 @@ const Case kRoaming[] = {
     {MSG_ROAMING_BSS_TRANS, R"(sta=s"a0:b1:c2:d3:e4:f5" channel=i32:11)",
      "sta:a0:b1:c2:d3:\nIllegal parameter: bssid\nchannel:11\n",
      R"(sta=s"a0:b1:c2:d3:" bssid=s"" channel=i32:11)"},
+    // quirk: kSupportFlag
     {MSG_ROAMING_REPORT, R"(mac=s"aa:bb:cc:dd:ee:ff" connecttime=i32:30 rssi=i32:-60 radio=s"5G" channel=i32:36 )"
      R"(bssid=s"11:22:33:44:55:66" rxRate=i32:100 txRate=i32:200 support11k=s"true" support11v=s"true")",
      "mac:aa:bb:cc:dd:ee:ff\nbssid:11:22:33:44:55:66\nconnecttime:30\nrssi:-60\nradio:1\nchannel:36\nrxRate:100\n"
@@ -251,6 +257,7 @@ const Case kRefusals[] = {
     {MSG_AP_BASIC, R"(radio=s"6G")",
      "radio:2\nIllegal parameter: apindex\n[apindex] is not valid.\n",
      R"(radio=s"" apindex=i32:0)", -1},
+    // quirk: kTestedOnUpstream
     {MSG_AP_RATE_LIMIT, R"(radio=s"5G" apindex=i32:1 dsbandwidth=i32:7)",
      "radio:1\napindex:1\nIllegal parameter: usbandwidth\n[uiDsBandWidth] is not valid.\n",
      R"(radio=s"5G" apindex=i32:1)", -1},
@@ -288,6 +295,7 @@ TEST(Refusals, Wifi) { for (const Case &c : kRefusals) bxtest::expect_case(c); }
 // the walk.
 TEST(Quirks, StationListTracesItsWalk)
 {
+    // quirk: JTS_StaList
     BX_REQUIRE_TRACE_CAPTURE();
     const uint8_t capacity[4] = {2};  // the record starts with the array's capacity
     bxtest::Record rec(MSG_STA_LIST, capacity, sizeof capacity);

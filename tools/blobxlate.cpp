@@ -15,6 +15,7 @@
 #include "examples.h"
 #include "keys.h"
 #include "kinds.h"
+#include "quirks.h"
 #include "schema.h"
 
 namespace {
@@ -27,6 +28,7 @@ const char kUsage[] =
     "       blobxlate schema [--sent] TYPE|all\n"
     "       blobxlate keys TYPE\n"
     "       blobxlate check TYPE [FILE]\n"
+    "       blobxlate quirks\n"
     "       blobxlate --help | --version\n";
 
 const char kHelp[] =
@@ -68,6 +70,10 @@ const char kHelp[] =
     "                (Read) and when the struct-to-JSON one sends it (Sent),\n"
     "                words, text length or range, list capacity; the notes of\n"
     "                what a converter does beyond its columns follow\n"
+    "  quirks        one line per place a converter departs from its columns,\n"
+    "                tab-separated: type, direction (to-struct, to-json),\n"
+    "                converter, key path (\"-\": the converter's own note) and\n"
+    "                the note saying how\n"
     "  --trace       prints the conversion's trace lines on standard error\n"
     "  --help        this text\n"
     "  --version     the program's version\n"
@@ -280,7 +286,11 @@ int main(int argc, char **argv)
         return words(operand);
     if (command == "schema" && operand != nullptr)
         return schema(*operand, sent ? BLOBXLATE_TO_JSON : BLOBXLATE_TO_STRUCT);
-    if (args.empty() || command == "list" || command == "words" || command == "schema")
+    if (command == "quirks" && args.size() == 1) {
+        std::printf("%s", bxtool::quirks_text().c_str());
+        return 0;
+    }
+    if (args.empty() || command == "list" || command == "quirks" || command == "words" || command == "schema")
         return usage_error();
     return typed_command(args, trace);
 }

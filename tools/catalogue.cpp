@@ -7,13 +7,14 @@
 
 #include "blobxlate.h"
 #include "core/catalogue.h"
+#include "core/tables.h"
 
 namespace bxtool {
 
 namespace {
 
-constexpr int kFirstType = 0;
-constexpr int kLastType = 172;
+constexpr int kFirstType = bx::kFirstMessageType;
+constexpr int kLastType = bx::kLastMessageType;
 
 // The record of each type, for each direction, from the library's catalogue.
 struct RecordRow {
