@@ -266,6 +266,13 @@ const Case kRefusals[] = {
      "Idx:3\nEnable:1\nIllegal parameter: hostnames\nName:kids\nIllegal parameter: macs\n"
      "Illegal parameter: action\n",
      R"(idx=i32:3 enable=s"enable" hostnames=[] name=s"kids" macs=s"" action=s"Ignore" mode=s"Black")", -1},
+    // A time past a day refuses the rule once its pair is stored; later pairs are not read.
+    {MSG_FILTER_DNS, R"(idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"n" macs=s"aa" action=s"Ignore" )"
+     R"(mode=s"Black" weekday=i32:1 timerange=[{starttime=i32:60 endtime=i32:86401} {starttime=i32:1 endtime=i32:2}])",
+     "Idx:2\nEnable:1\nHost Name0:a.com\nName:n\nMac:aa\nAction:0\nMode:0\nWeekday:1\nStarttime0:60\nEndtime0:86401\n"
+     "err time\n",
+     R"(idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"n" macs=s"aa" action=s"Ignore" mode=s"Black" weekday=i32:1 )"
+     "timerange=[{starttime=i32:60 endtime=i32:86401}]", -1},
     {MSG_FILTER_DNS, R"(idx=s"3")",
      "Illegal parameter: idx\nIllegal parameter: enable\n",
      R"(idx=i32:0 enable=s"disable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")", -1},
