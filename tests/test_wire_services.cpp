@@ -117,6 +117,13 @@ const Case kFilters[] = {
      "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
      "Mode:0\nWeekday:0\nIllegal parameter: timerange\n",
      R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")"},
+    // The one MAC text may fill all 32 bytes: kept without a terminator, sent whole.
+    {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" macs=s"0123456789abcdef0123456789ABCDEFxyz" action=s"Ignore" )"
+     R"(mode=s"Black" weekday=i32:0)",
+     "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nMac:0123456789abcdef0123456789ABCDEF\n"
+     "Action:0\nMode:0\nWeekday:0\nIllegal parameter: timerange\n",
+     R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"0123456789abcdef0123456789ABCDEF" action=s"Ignore" )"
+     R"(mode=s"Black")"},
     {MSG_FILTER_DNS_REPLY, "idx=i32:-2",
      "Idx:-2\n"},
 };
