@@ -146,6 +146,7 @@ const Case kVsie[] = {
      "duration=i32:7 len=i32:1 iedata=[i32:65 i32:66]}]",
      "Count:1\nIdx0:5\nServicename0:s\nSsididx0:6\nDuration0:7\nLen0:1\nIedata0:A\n",
      R"(count=i32:1 list=[{idx=i32:5 servicename=s"s" ssididx=i32:6 duration=i32:7 len=i32:1 iedata=[i32:65]}])"},
+    {MSG_VSIE_BEACONTX_LIST, "count=i32:0", "Count:0\nIllegal parameter: list\n", "count=i32:0 list=[]"},
     {MSG_VSIE_BEACONTX_SET, R"(enable=s"on" idx=i32:4)",
      "Idx:4\nEnable:-1\n",
      R"(idx=i32:4 enable=s"")"},
