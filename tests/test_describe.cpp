@@ -246,6 +246,18 @@ TEST(Check, SaysWhatTheConverterDoes)
     EXPECT_EQ(said(MSG_VSIE_PROBERX_LIST, bxtest::Msg("list=[{idx=i32:1} s\"x\" {} {} {}]")),
               "list[1]: a STRING element where TABLE is read: skipped\n"  // a skipped element takes no entry
               "list[4]: past the 3 entries read: dropped with every element after it\n");
+    // Each blobmsg type by its name.
+    bxtest::Buf types;
+    blobmsg_add_u16(types.get(), "ip", 1);
+    blobmsg_add_u8(types.get(), "dhcprt", 1);
+    blobmsg_add_double(types.get(), "connum", 1);
+    blobmsg_close_array(types.get(), blobmsg_open_array(types.get(), "portid"));
+    blobmsg_close_table(types.get(), blobmsg_open_table(types.get(), "linkspeed"));
+    blobmsg_add_field(types.get(), BLOBMSG_TYPE_UNSPEC, "mac", nullptr, 0);
+    const std::string kept = " is read: ignored, the member keeps its value\n";
+    EXPECT_EQ(said(MSG_WAN_STATUS, types.head()), "ip: INT16 where STRING" + kept + "dhcprt: INT8 where INT32" + kept +
+                                                      "connum: DOUBLE where INT32" + kept + "portid: ARRAY where INT32" + kept +
+                                                      "linkspeed: TABLE where INT32" + kept + "mac: UNSPEC where STRING" + kept);
     // A name running past its attribute: that attribute and the rest are not read.
     bxtest::Msg broken("ip=s\"192.0.2.1\" mtu=i32:1500 linkspeed=i32:2");
     auto *mtu = blob_next(static_cast<blob_attr *>(blob_data(broken)));
