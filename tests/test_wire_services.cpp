@@ -155,6 +155,9 @@ const Case kVsie[] = {
     {MSG_VSIE_PROBERX_ADD, R"(idx=i32:1 servicename=s"svc" band=s"6G" oui=[i32:0 i32:80 i32:242 i32:1])",
      "Servicename:svc\nBand:2\nOUI[0]:0\nOUI[1]:80\nOUI[2]:242\n",
      R"(servicename=s"svc" band=s"" oui=[i32:0 i32:80 i32:242])"},
+    {MSG_VSIE_PROBERX_ADD, R"(servicename=s"svc")",
+     "Servicename:svc\nIllegal parameter: band\nIllegal parameter: oui\n",
+     R"(servicename=s"svc" band=s"2.4G" oui=[i32:0 i32:0 i32:0])"},
     {MSG_VSIE_PROBERX_IDX, "idx=i32:3",
      "Idx:3\n"},
     {MSG_VSIE_PROBERX_LIST, R"(list=[{idx=i32:7 servicename=s"s" band=s"5G" oui=[i32:5] record=[{mac=s"m" )"
