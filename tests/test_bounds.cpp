@@ -79,7 +79,7 @@ const Bound kBounds[] = {
     {MSG_FILTER_DNS_LIST, "count=i32:99", "list", "{idx=i32:1}", FILTER_RULE_NUM},
     {MSG_FILTER_URL, kUrlRule, "urls", R"(s"u")", FILTER_TEXT_NUM},
     {MSG_FILTER_URL, kUrlRule, "timerange", "{starttime=i32:1 endtime=i32:2}", FILTER_TIME_RANGE_NUM},
-    {MSG_VSIE_BEACONTX_LIST, "count=i32:99", "list", "{idx=i32:1}", VSIE_BEACONTX_LIST_MAX},
+    {MSG_VSIE_BEACONTX_LIST, "count=i32:99 iedata=[]", "list", "{idx=i32:1}", VSIE_BEACONTX_LIST_MAX},
     {MSG_VSIE_BEACONTX_ADD, "len=i32:999", "iedata", "i32:1", VSIE_IEDATA_MAX},
 };
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <endian.h>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,21 @@ TEST(Describe, ChosenMessages)
     EXPECT_EQ(iedata.stList.iBound, BLOBXLATE_BOUND_COUNT);
     EXPECT_EQ(list.stList.iTables, 1);
     EXPECT_EQ(iedata.stList.iTables, 0);
+    EXPECT_EQ(list.iEnumKind, -1);
+    // What ends or fills a received list: as received, the beacon list is
+    // held to "count" and skips what is past it, its bytes are read whatever
+    // their type; the node MACs set the count to the entries filled; a URL
+    // rule's texts go out up to the first empty one.
+    const auto shape = [](const BlobxlateField &f) {
+        const BlobxlateList &l = f.stList;
+        return std::vector<int>{f.iIsList, l.iBound, l.iFillsCount, l.iAnyType, l.iSurplusSkipped, l.iToFirstEmpty};
+    };
+    EXPECT_EQ(shape(field(BLOBXLATE_TO_STRUCT, MSG_VSIE_BEACONTX_LIST, 1)), (std::vector<int>{1, 1, 0, 0, 1, 0}));
+    EXPECT_EQ(shape(iedata), (std::vector<int>{1, 1, 0, 1, 0, 0}));
+    EXPECT_EQ(shape(field(BLOBXLATE_TO_STRUCT, MSG_WIFI_TOPO_MAC, 0)), (std::vector<int>{1, 0, 1, 0, 0, 0}));
+    const BlobxlateField urls = field(BLOBXLATE_TO_JSON, MSG_FILTER_URL, 2);
+    EXPECT_STREQ(urls.pcKey, "urls");
+    EXPECT_EQ(shape(urls), (std::vector<int>{1, 0, 0, 0, 0, 1}));
 
     // Quirks and hand-written converters say where they depart.
     EXPECT_NE(field(BLOBXLATE_TO_STRUCT, MSG_PPPOE, 3).pcNote, nullptr);
@@ -73,6 +89,16 @@ TEST(Describe, ChosenMessages)
     EXPECT_EQ(p[2].type, BLOBMSG_TYPE_STRING);
     EXPECT_EQ(BLOBXLATE_Policy(MSG_UPGRADE_STATUS, &count), nullptr);
     EXPECT_EQ(count, 0);
+
+    // A field index outside the table is refused.
+    BlobxlateMessage wan{};
+    BlobxlateField f{};
+    ASSERT_EQ(BLOBXLATE_Describe(BLOBXLATE_TO_STRUCT, MSG_WAN_STATUS, &wan), 0);
+    ASSERT_EQ(BLOBXLATE_FieldCount(wan.pstFields), 13);
+    EXPECT_EQ(BLOBXLATE_Field(wan.pstFields, 12, &f), 0);
+    EXPECT_EQ(BLOBXLATE_Field(wan.pstFields, 13, &f), -1);
+    EXPECT_EQ(BLOBXLATE_Field(wan.pstFields, -1, &f), -1);
+    EXPECT_EQ(BLOBXLATE_FieldCount(nullptr), 0);
 
     BlobxlateMessage none{};
     EXPECT_EQ(BLOBXLATE_Describe(BLOBXLATE_TO_STRUCT, MSG_UPGRADE_STATUS, &none), -1);
@@ -174,6 +200,10 @@ TEST(Check, NamesEachProblemWhereItIs)
         {MSG_WAN_STATUS, "ip=s\"192.0.2.100/255.255.255.0\"", "ip:9"},
         {MSG_VSIE_BEACONTX_ADD, "len=i32:2 iedata=[i32:221 i32:8 i32:9]", "iedata[2]:10"},
         {MSG_VSIE_PROBERX_LIST, "list=[{idx=i32:1} {} {} {}]", "list[3]:10"},
+        // The timer list holds as many as its array, whatever "count" says;
+        // the beacon list no more than its "count".
+        {MSG_WIFI_TIMER, "count=i32:1 timerlist=[{taskid=i32:1} {taskid=i32:2}]", ""},
+        {MSG_VSIE_BEACONTX_LIST, "count=i32:1 list=[{idx=i32:1} {idx=i32:2}]", "list[1]:10"},
     };
     for (const auto &c : cases) {
         bxtest::Msg msg(c.msg);
@@ -185,6 +215,54 @@ TEST(Check, NamesEachProblemWhereItIs)
     bxtest::Msg empty("");
     EXPECT_EQ(BLOBXLATE_Check(MSG_UPGRADE_STATUS, empty, collect, nullptr), -1);
     EXPECT_EQ(BLOBXLATE_Check(MSG_WAN_STATUS, nullptr, collect, nullptr), -1);
+}
+
+// What each finding says the converter will do, as the one line a caller
+// shows.
+std::string said(int type, blob_attr *msg)
+{
+    std::string out;
+    BLOBXLATE_Check(
+        type, msg,
+        [](void *ctx, const BlobxlateFinding *f) { *static_cast<std::string *>(ctx) += std::string(f->pcPath) + ": " + f->pcText + "\n"; },
+        &out);
+    return out;
+}
+
+TEST(Check, SaysWhatTheConverterDoes)
+{
+    EXPECT_EQ(said(MSG_FILTER_URL_REPLY, bxtest::Msg("idx=i32:1 enable=s\"enable\"")), "enable: never read: ignored\n");
+    EXPECT_EQ(said(MSG_WAN_STATUS, bxtest::Msg("ip=s\"192.0.2.100/255.255.255.0\" ip=s\"x\" bogus=i32:1 workmode=s\"dhcp-bogus\" linkspeed=s\"9\"")),
+              "ip: a second \"ip\": ignored, the first is read\nbogus: not a key of this message: ignored\n"
+              "linkspeed: STRING where INT32 is read: ignored, the member keeps its value\n"
+              "workmode: \"dhcp-bogus\" is no word of its list: stored as 6\nip: a text of 25 characters: cut to 15\n");
+    EXPECT_EQ(said(MSG_STA_LIST, bxtest::Msg("stalist=[{mac=s\"aa\" txpackets=i32:5}]")),
+              "stalist[0].txpackets: INT32 where INT64 is read: ignored; send it with blobmsg_add_u64\n");
+    EXPECT_EQ(said(MSG_FILTER_DNS, bxtest::Msg("idx=i32:17 enable=s\"enable\" action=s\"Ignore\" weekday=i32:1")),
+              "idx: 17 is outside 0..16: the message is refused once it is stored\n"
+              "mode: a required key is missing: the message is refused (-1)\n");
+    EXPECT_EQ(said(MSG_VSIE_BEACONTX_ADD, bxtest::Msg("len=i32:2 iedata=[s\"x\" i32:8 i32:9]")),
+              "iedata[0]: a STRING element read as the number 2013265920\n"  // "x\0\0\0" as a number
+              "iedata[2]: past the 2 entries read: dropped with every element after it\n");
+    EXPECT_EQ(said(MSG_VSIE_PROBERX_LIST, bxtest::Msg("list=[{idx=i32:1} s\"x\" {} {} {}]")),
+              "list[1]: a STRING element where TABLE is read: skipped\n"  // a skipped element takes no entry
+              "list[4]: past the 3 entries read: dropped with every element after it\n");
+    // Each blobmsg type by its name.
+    bxtest::Buf types;
+    blobmsg_add_u16(types.get(), "ip", 1);
+    blobmsg_add_u8(types.get(), "dhcprt", 1);
+    blobmsg_add_double(types.get(), "connum", 1);
+    blobmsg_close_array(types.get(), blobmsg_open_array(types.get(), "portid"));
+    blobmsg_close_table(types.get(), blobmsg_open_table(types.get(), "linkspeed"));
+    const std::string kept = " is read: ignored, the member keeps its value\n";
+    EXPECT_EQ(said(MSG_WAN_STATUS, types.head()), "ip: INT16 where STRING" + kept + "dhcprt: INT8 where INT32" + kept +
+                                                      "connum: DOUBLE where INT32" + kept + "portid: ARRAY where INT32" + kept +
+                                                      "linkspeed: TABLE where INT32" + kept);
+    // A name running past its attribute: that attribute and the rest are not read.
+    bxtest::Msg broken("ip=s\"192.0.2.1\" mtu=i32:1500 linkspeed=i32:2");
+    auto *mtu = blob_next(static_cast<blob_attr *>(blob_data(broken)));
+    static_cast<blobmsg_hdr *>(blob_data(mtu))->namelen = htobe16(200);
+    EXPECT_EQ(said(MSG_WAN_STATUS, broken), ": a malformed attribute: it and everything after it are not read\n");
 }
 
 } // namespace

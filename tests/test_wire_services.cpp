@@ -132,6 +132,13 @@ const Case kFilters[] = {
      "Idx:1\nEnable:1\nHost Name0:\nHost Name1:a.com\nIllegal parameter: name\nIllegal parameter: macs\nAction:0\n"
      "Mode:0\nWeekday:0\nIllegal parameter: timerange\n",
      R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")"},
+    // The one MAC text may fill all 32 bytes: kept without a terminator, sent whole.
+    {MSG_FILTER_DNS, R"(idx=i32:1 enable=s"enable" macs=s"0123456789abcdef0123456789ABCDEFxyz" action=s"Ignore" )"
+     R"(mode=s"Black" weekday=i32:0)",
+     "Idx:1\nEnable:1\nIllegal parameter: hostnames\nIllegal parameter: name\nMac:0123456789abcdef0123456789ABCDEF\n"
+     "Action:0\nMode:0\nWeekday:0\nIllegal parameter: timerange\n",
+     R"(idx=i32:1 enable=s"enable" hostnames=[] name=s"" macs=s"0123456789abcdef0123456789ABCDEF" action=s"Ignore" )"
+     R"(mode=s"Black")"},
     {MSG_FILTER_DNS_REPLY, "idx=i32:-2",
      "Idx:-2\n"},
 };
@@ -154,6 +161,7 @@ const Case kVsie[] = {
      "duration=i32:7 len=i32:1 iedata=[i32:65 i32:66]}]",
      "Count:1\nIdx0:5\nServicename0:s\nSsididx0:6\nDuration0:7\nLen0:1\nIedata0:A\n",
      R"(count=i32:1 list=[{idx=i32:5 servicename=s"s" ssididx=i32:6 duration=i32:7 len=i32:1 iedata=[i32:65]}])"},
+    {MSG_VSIE_BEACONTX_LIST, "count=i32:0", "Count:0\nIllegal parameter: list\n", "count=i32:0 list=[]"},
     {MSG_VSIE_BEACONTX_SET, R"(enable=s"on" idx=i32:4)",
      "Idx:4\nEnable:-1\n",
      R"(idx=i32:4 enable=s"")"},
@@ -163,6 +171,9 @@ const Case kVsie[] = {
     {MSG_VSIE_PROBERX_ADD, R"(idx=i32:1 servicename=s"svc" band=s"6G" oui=[i32:0 i32:80 i32:242 i32:1])",
      "Servicename:svc\nBand:2\nOUI[0]:0\nOUI[1]:80\nOUI[2]:242\n",
      R"(servicename=s"svc" band=s"" oui=[i32:0 i32:80 i32:242])"},
+    {MSG_VSIE_PROBERX_ADD, R"(servicename=s"svc")",
+     "Servicename:svc\nIllegal parameter: band\nIllegal parameter: oui\n",
+     R"(servicename=s"svc" band=s"2.4G" oui=[i32:0 i32:0 i32:0])"},
     {MSG_VSIE_PROBERX_IDX, "idx=i32:3",
      "Idx:3\n"},
     // quirk: JTS_Vsie_Proberx_List
@@ -291,6 +302,13 @@ const Case kRefusals[] = {
      "Idx:3\nEnable:1\nIllegal parameter: hostnames\nName:kids\nIllegal parameter: macs\n"
      "Illegal parameter: action\n",
      R"(idx=i32:3 enable=s"enable" hostnames=[] name=s"kids" macs=s"" action=s"Ignore" mode=s"Black")", -1},
+    // A time past a day refuses the rule once its pair is stored; later pairs are not read.
+    {MSG_FILTER_DNS, R"(idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"n" macs=s"aa" action=s"Ignore" )"
+     R"(mode=s"Black" weekday=i32:1 timerange=[{starttime=i32:60 endtime=i32:86401} {starttime=i32:1 endtime=i32:2}])",
+     "Idx:2\nEnable:1\nHost Name0:a.com\nName:n\nMac:aa\nAction:0\nMode:0\nWeekday:1\nStarttime0:60\nEndtime0:86401\n"
+     "err time\n",
+     R"(idx=i32:2 enable=s"enable" hostnames=[s"a.com"] name=s"n" macs=s"aa" action=s"Ignore" mode=s"Black" weekday=i32:1 )"
+     "timerange=[{starttime=i32:60 endtime=i32:86401}]", -1},
     {MSG_FILTER_DNS, R"(idx=s"3")",
      "Illegal parameter: idx\nIllegal parameter: enable\n",
      R"(idx=i32:0 enable=s"disable" hostnames=[] name=s"" macs=s"" action=s"Ignore" mode=s"Black")", -1},
