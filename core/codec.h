@@ -219,35 +219,54 @@ enum class Check : uint8_t {
     After,   /* stored and traced first, then refused: the record keeps it */
 };
 
-/* One member of a message as a table is written: where it lives in the
- * record, how it travels, and every rule the message keeps for it. The
- * rules default to "optional, always sent, any value": a regular member is
- * just its BX_* line. This form exists only while compiling: BX_PACKED
- * turns a table of them into the rows the library keeps (Field, below). */
-struct FieldDef {
-    const char *key;
-    Wire wire;
-    int8_t word_list;  /* EnumKind of a Word, else -1 */
-    uint16_t offset;
-    uint16_t size;
-    const char *trace;  /* trace after storing (no line end), or nullptr */
-    TraceShape shape;   /* how trace's value is passed */
-    const char *member = nullptr;  /* the record member's name, for the description */
-    bool sent : 1 = true;            /* false: only ever received */
-    bool whole : 1 = false;          /* a text copied with the array's whole size */
-    bool tested : 1 = true;          /* false: parsed by the policy, never tested */
-    bool stored : 1 = true;          /* false: the key is tested, never read */
-    bool required : 1 = false;       /* a message without it is refused */
-    Check check = Check::None;       /* whether and when lowest..highest is tested */
-    int8_t refused_ret = -1;         /* result of a refused message */
-    const char *refusal = nullptr;   /* trace line of a message without it, if any */
-    const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest, if any */
-    const ListOf *list = nullptr;    /* a List's entries and how they are walked */
-    const Quirk *quirk = nullptr;    /* where the member departs from these columns */
-    uint32_t mask_bit = 0;           /* set in the record's mask once stored */
-    uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
+/* Whether a received member is read. */
+enum class Use : uint8_t {
+    Read,    /* tested, stored, traced and sent */
+    Tested,  /* tested (a missing one is reported or refused), never read; still sent */
+    Listed,  /* the same, never sent: only the message's key list has it */
+    Parsed,  /* parsed into its slot, nothing more: the slots keep the order the daemons have always parsed */
+};
+
+/* A number's accepted values and when they are tested. */
+struct Range {
+    Check when = Check::None;
     uint32_t lowest = 0;
     uint32_t highest = 0;
+    const char *refusal = nullptr;  /* trace of a value outside lowest..highest (result -1), if any */
+};
+
+/* sent_if's default: the member's own validity bit. */
+constexpr uint32_t kOwnBit = 0xFFFFFFFFu;
+
+/* One member of a message as a table is written: designated columns whose
+ * defaults say "optional, read, always sent, any value", so that a regular
+ * member is its BX_* line alone and a rule is the column named after it,
+ * written after the line's own arguments in this order:
+ *     BX_U32(Rec, uiNum, "num", "Num:%d", .required = true, .absent = kNoNum)
+ * This form exists only while compiling: BX_PACKED turns a table of them
+ * into the rows the library keeps (Field, below). */
+struct FieldDef {
+    /* What the member is. */
+    const char *key = nullptr;
+    Wire wire = Wire::U32;
+    int8_t word_list = -1;  /* EnumKind of a Word, else -1 */
+    uint16_t offset = 0;
+    uint16_t size = 0;
+    const char *trace = nullptr;   /* trace after storing (no line end), or nullptr */
+    TraceShape shape{};            /* how trace's value is passed */
+    const char *member = nullptr;  /* the record member's name, for the description */
+    bool whole = false;            /* a text copied with its array's whole size: one that fills it keeps no terminator */
+    const ListOf *list = nullptr;  /* a List's entries and how they are walked */
+    /* Its presence. */
+    bool required = false;         /* a message without it is refused (result `ret`) */
+    const char *absent = nullptr;  /* traced when it is missing: the refusal, or a report that lets the message go on */
+    int8_t ret = -1;
+    uint32_t bit = 0;              /* validity bit set in the record's mask once stored */
+    uint32_t sent_if = kOwnBit;    /* sent only while the mask has one of these (0: always) */
+    /* Its use, its check, and where it departs from these columns. */
+    Use use = Use::Read;
+    Range range{};
+    const Quirk *quirk = nullptr;
 };
 
 /* One member of a message as the library keeps it: FieldDef's columns, with
@@ -309,17 +328,21 @@ consteval uint16_t fits16(size_t n)
 }
 #define BX_FIELD_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member))
 #define BX_FIELD_AT(Rec, member) ::bx::fits16(offsetof(Rec, member))
-#define BX_TEXT(Rec, member, key, trace)                                                              \
-    ::bx::FieldDef{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
-                trace, ::bx::trace_shape(trace), #member}
-#define BX_U32(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
-#define BX_S32(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
-#define BX_U64(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace), #member}
-#define BX_WORD(Rec, member, word_list, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
+
+/* The row of member m of record Rec, travelling as wire_ under key_, with
+ * the trace trace_ once stored; more columns may follow. */
+#define BX_MEMBER(Rec, m, wire_, words_, size_, key_, trace_, ...)                                         \
+    ::bx::FieldDef{.key = key_, .wire = wire_, .word_list = words_, .offset = BX_FIELD_AT(Rec, m), .size = size_, \
+                   .trace = trace_, .shape = ::bx::trace_shape(trace_), .member = #m, __VA_ARGS__}
+#define BX_TEXT(Rec, m, key_, trace_, ...) \
+    BX_MEMBER(Rec, m, ::bx::Wire::Text, -1, ::bx::text_size(BX_FIELD_SIZE(Rec, m)), key_, trace_, __VA_ARGS__)
+#define BX_U32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U32, -1, 4, key_, trace_, __VA_ARGS__)
+#define BX_S32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::S32, -1, 4, key_, trace_, __VA_ARGS__)
+#define BX_U64(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U64, -1, 8, key_, trace_, __VA_ARGS__)
+#define BX_WORD(Rec, m, words_, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::Word, words_, 4, key_, trace_, __VA_ARGS__)
+
+/* A key the message parses that the record has no member for. */
+#define BX_KEY(key_, wire_) ::bx::FieldDef{.key = key_, .wire = wire_, .use = ::bx::Use::Parsed}
 
 /* A text array's size, held to what sending can terminate. */
 void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
@@ -328,100 +351,6 @@ consteval uint16_t text_size(uint16_t size)
     if (size > kMaxText)
         text_array_longer_than_kMaxText();
     return size;
-}
-
-/* A member without which the message is refused: `refusal` (when not null)
- * is traced and the converter returns `ret` (-1, or 0 where the message
- * says so). */
-constexpr FieldDef required(FieldDef f, const char *refusal, int8_t ret = -1)
-{
-    f.required = true;
-    f.refusal = refusal;
-    f.refused_ret = ret;
-    return f;
-}
-
-/* An optional member whose absence is reported like a refusal (`report`
- * traced), though the message goes on. */
-constexpr FieldDef reported(FieldDef f, const char *report)
-{
-    f.refusal = report;
-    return f;
-}
-
-/* A member with a validity bit in the record's mask: storing it sets `bit`,
- * sending needs one of `sent_if` in the mask. */
-constexpr FieldDef flagged(FieldDef f, uint32_t bit, uint32_t sent_if)
-{
-    f.mask_bit = bit;
-    f.sent_if = sent_if;
-    return f;
-}
-constexpr FieldDef flagged(FieldDef f, uint32_t bit) { return flagged(f, bit, bit); }
-
-/* A number refused (trace `refusal`, result -1) outside lowest..highest. */
-constexpr FieldDef ranged(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
-{
-    f.check = Check::Before;
-    f.lowest = lowest;
-    f.highest = highest;
-    f.out_of_range = refusal;
-    return f;
-}
-
-/* The same test made once the value is stored and traced (refusal may be
- * nullptr: the store's own trace is the only line). */
-constexpr FieldDef ranged_after(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
-{
-    f = ranged(f, lowest, highest, refusal);
-    f.check = Check::After;
-    return f;
-}
-
-/* An enumeration word refused once stored when its list does not know it
- * (stored as -1). */
-constexpr FieldDef known_word(FieldDef f) { return ranged_after(f, 0, 0x7FFFFFFFu, nullptr); }
-
-/* A key the message's policy lists and tests (its absence is traced) but
- * that no converter reads. */
-constexpr FieldDef tested_only(FieldDef f)
-{
-    f.stored = false;
-    return f;
-}
-
-/* A text copied with its array's whole size: one that fills the array
- * is stored without a terminator. */
-constexpr FieldDef whole(FieldDef f)
-{
-    f.whole = true;
-    return f;
-}
-
-/* A key that only the message's policy lists: tested, never read, never
- * sent. */
-constexpr FieldDef listed_only(FieldDef f)
-{
-    f.stored = false;
-    f.sent = false;
-    return f;
-}
-
-/* A key the message's policy parses but nothing tests, reads or sends: the
- * policy keeps the slots the daemons have always parsed, in their order. */
-constexpr FieldDef parsed_only(FieldDef f)
-{
-    f.tested = false;
-    f.stored = false;
-    f.sent = false;
-    return f;
-}
-
-/* A key the policy parses that the record has no member for (see
- * parsed_only). */
-constexpr FieldDef parsed_key(const char *key, Wire wire)
-{
-    return parsed_only(FieldDef{key, wire, -1, 0, 0, nullptr, {}});
 }
 
 /* The validity bits of the settings, in a mask whose high bits say other
@@ -464,26 +393,6 @@ struct ListOf {
         return entry_rows != nullptr ? entry_rows : reinterpret_cast<const Field *>(reinterpret_cast<const char *>(this) + entry_at);
     }
 
-    /* The record counts its entries in the u32 at byte offset `at`: it bounds
-     * what is sent. */
-    constexpr ListOf counted_at(size_t at) const { ListOf l = *this; l.count_at = static_cast<int16_t>(at); return l; }
-    /* A received list fills no more entries than that count says. */
-    constexpr ListOf bounded_by_count() const { ListOf l = *this; l.bound = Bound::Count; return l; }
-    /* Once received, that count is the number of entries filled. */
-    /* ... or tests that count only once an entry is stored. */
-    constexpr ListOf bounded_by_count_after() const { ListOf l = *this; l.bound = Bound::CountAfter; return l; }
-    constexpr ListOf of_any_type() const { ListOf l = *this; l.any_type = true; return l; }
-    constexpr ListOf filling_count() const { ListOf l = *this; l.fills_count = true; return l; }
-    constexpr ListOf by_span() const { ListOf l = *this; l.spans = true; return l; }
-    constexpr ListOf sent_to_first_empty() const { ListOf l = *this; l.to_first_empty = true; return l; }
-    constexpr ListOf past_bound_traced(const char *text, bool skipped) const
-    {
-        ListOf l = *this;
-        l.past_bound = text;
-        l.surplus_skipped = skipped;
-        return l;
-    }
-    constexpr ListOf odd_traced(const char *text) const { ListOf l = *this; l.odd = text; return l; }
 };
 
 /* The most rows an entry table may have: a received entry's slots live on
@@ -501,42 +410,38 @@ consteval uint8_t entry_fields(size_t count)
     ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member) / sizeof(static_cast<Rec *>(nullptr)->member[0]))
 #define BX_ENTRY_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member[0]))
 
-/* Rec::member as a list of tables, each entry read and sent by table Entry. */
-#define BX_TABLES(Rec, member, Entry)                                                                   \
-    ::bx::ListOf{Entry, ::bx::entry_fields(::bx::Described<Entry>::count), \
-                 true, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
-/* Rec::member as a list of bare values, each entry the one field of Entry. */
-#define BX_VALUES(Rec, member, Entry) \
-    ::bx::ListOf{Entry, 1, false, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member)}
+/* Rec::m as a list of tables, each entry read and sent by table Entry, or
+ * of bare values, each entry the one field of Entry; ListOf's columns may
+ * follow, in their order:
+ *     BX_TABLES(Rec, astRule, kRule, .count_at = offsetof(Rec, uiCount), .bound = bx::Bound::Count) */
+#define BX_TABLES(Rec, m, Entry, ...)                                                                  \
+    ::bx::ListOf{.entry_rows = Entry, .fields = ::bx::entry_fields(::bx::Described<Entry>::count), .tables = true, \
+                 .stride = BX_ENTRY_SIZE(Rec, m), .capacity = BX_ENTRIES(Rec, m), __VA_ARGS__}
+#define BX_VALUES(Rec, m, Entry, ...)                                                                        \
+    ::bx::ListOf{.entry_rows = Entry, .fields = 1, .tables = false, .stride = BX_ENTRY_SIZE(Rec, m), \
+                 .capacity = BX_ENTRIES(Rec, m), __VA_ARGS__}
 
-/* The entry of a list of bare texts of `size` bytes, of numbers, or of
+/* The entry of a list of bare texts of `size_` bytes, of numbers, or of
  * bytes. */
-#define BX_TEXT_ENTRY(size, trace) \
-    ::bx::FieldDef{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
-#define BX_U32_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
-#define BX_U8_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
+#define BX_ENTRY(wire_, size_, trace_, ...) \
+    ::bx::FieldDef{.wire = wire_, .size = size_, .trace = trace_, .shape = ::bx::trace_shape(trace_), __VA_ARGS__}
+#define BX_TEXT_ENTRY(size_, trace_, ...) BX_ENTRY(::bx::Wire::Text, ::bx::text_size(size_), trace_, __VA_ARGS__)
+#define BX_U32_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U32, 4, trace_, __VA_ARGS__)
+#define BX_U8_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U8, 1, trace_, __VA_ARGS__)
 
-/* Rec::member sent and received as the list `key`; `trace` (or nullptr)
- * follows a received list with the number of entries filled. The row's
- * size stays 0: the list's entries and capacity say how far it reaches. */
-#define BX_LIST(Rec, member, key, list, trace)                                                                  \
-    ::bx::with_list(::bx::FieldDef{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace), \
-                                #member},                                                                     \
-                    list)
-
-constexpr FieldDef with_list(FieldDef f, const ListOf &list)
-{
-    f.list = &list;
-    return f;
-}
+/* Rec::m sent and received as the list key_; trace_ (or nullptr) follows a
+ * received list with the number of entries filled. The row's size stays 0:
+ * the list's entries and capacity say how far it reaches. */
+#define BX_LIST(Rec, m, key_, list_, trace_, ...) \
+    BX_MEMBER(Rec, m, ::bx::Wire::List, -1, 0, key_, trace_, .list = &(list_), __VA_ARGS__)
 
 /* The counted lists: "count" goes out as the record's uiCount and the
  * entries follow, as many as it says; a received list fills from its
  * first entry, uiCount becomes the number filled ("count:%u") and an
  * element past the array ends the walk with a trace. */
 constexpr const char *kListFull = "list full, %u entries kept\n";
-#define BX_COUNTED_TABLES(Rec, member, Entry) \
-    BX_TABLES(Rec, member, Entry).counted_at(offsetof(Rec, uiCount)).filling_count().past_bound_traced(::bx::kListFull, false)
+#define BX_COUNTED_TABLES(Rec, m, Entry) \
+    BX_TABLES(Rec, m, Entry, .count_at = offsetof(Rec, uiCount), .fills_count = true, .past_bound = ::bx::kListFull)
 #define BX_COUNT(Rec) BX_U32(Rec, uiCount, "count", nullptr)
 #define BX_COUNTED_LIST(Rec, member, key, list) BX_LIST(Rec, member, key, list, "count:%u")
 
@@ -556,10 +461,13 @@ constexpr size_t pool_bytes(const Source &src)
 {
     size_t n = 0;
     for (const FieldDef &f : src)
-        for (const char *text : {f.key, f.trace, f.member, f.refusal, f.out_of_range})
+        for (const char *text : {f.key, f.trace, f.member, f.absent, f.range.refusal})
             n += text != nullptr ? text_length(text) + 1 : 0;
     return n > 0 ? n : 1;
 }
+
+/* A row's quirk, which must carry its note (see Quirk). */
+consteval const Quirk *noted(const Quirk *quirk);
 
 void table_beyond_16_bit_offsets();  /* never defined: stops the compile */
 
@@ -611,26 +519,26 @@ private:
         row.key_at = add_text(f.key, i, used);
         row.trace_at = add_text(f.trace, i, used);
         row.member_at = add_text(f.member, i, used);
-        row.refusal_at = add_text(f.refusal, i, used);
-        row.out_of_range_at = add_text(f.out_of_range, i, used);
+        row.refusal_at = add_text(f.absent, i, used);
+        row.out_of_range_at = add_text(f.range.refusal, i, used);
         row.wire = f.wire;
         row.word_list = f.word_list;
         row.offset = f.offset;
         row.size = f.size;
         row.shape = f.shape;
-        row.sent = f.sent;
+        row.sent = f.use == Use::Read || f.use == Use::Tested;
         row.whole = f.whole;
-        row.tested = f.tested;
-        row.stored = f.stored;
+        row.tested = f.use != Use::Parsed;
+        row.stored = f.use == Use::Read;
         row.required = f.required;
-        row.check = f.check;
-        row.refused_ret = f.refused_ret;
-        row.mask_bit = f.mask_bit;
-        row.sent_if = f.sent_if;
-        row.lowest = f.lowest;
-        row.highest = f.highest;
+        row.check = f.range.when;
+        row.refused_ret = f.ret;
+        row.mask_bit = f.bit;
+        row.sent_if = f.sent_if == kOwnBit ? f.bit : f.sent_if;
+        row.lowest = f.range.lowest;
+        row.highest = f.range.highest;
         row.list = f.list;
-        row.quirk = f.quirk;
+        row.quirk = noted(f.quirk);
     }
 };
 
@@ -752,12 +660,11 @@ struct Quirk {
 };
 
 void quirk_without_note();  /* never defined: stops the compile */
-constexpr FieldDef with_quirk(FieldDef f, const Quirk &quirk)
+consteval const Quirk *noted(const Quirk *quirk)
 {
-    if (quirk.note == nullptr)
+    if (quirk != nullptr && quirk->note == nullptr)
         quirk_without_note();
-    f.quirk = &quirk;
-    return f;
+    return quirk;
 }
 
 /* One slot by its field's columns: tests it (JTS_CheckBlobAttr), stores and

@@ -6,7 +6,7 @@ namespace {
 
 constexpr bx::FieldDef kRetSource[] = {
     /* Without its one member the reply says nothing: refused. */
-    bx::required(BX_U32(RetParam, espResult, "espResult", "esp ret:%d"), nullptr),
+    BX_U32(RetParam, espResult, "espResult", "esp ret:%d", .required = true),
 };
 BX_PACKED(kRet);
 

@@ -33,22 +33,22 @@ BX_PACKED(kUpgrade);
 
 /* The password is traced in clear, like every other value. */
 constexpr bx::FieldDef kLoginPasswordSource[] = {
-    bx::required(BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"), nullptr),
+    BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s", .required = true),
 };
 BX_PACKED(kLoginPassword);
 
 /* The three switches share their record and their key; only the receivers'
  * trace texts differ. */
 constexpr bx::FieldDef kFireWallSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d", .required = true),
 };
 BX_PACKED(kFireWall);
 constexpr bx::FieldDef kLedSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d", .required = true),
 };
 BX_PACKED(kLed);
 constexpr bx::FieldDef kDualbandSyncSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d", .required = true),
 };
 BX_PACKED(kDualbandSync);
 
@@ -69,7 +69,7 @@ constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr, "the converter t
 /* Quirk: EnumLedColour has no words towards the bus, so the colour is sent
  * as its decimal number ("1") but received as a word ("green"). */
 constexpr bx::FieldDef kLedColourSource[] = {
-    bx::with_quirk(BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d"), kNamedFirst),
+    BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d", .quirk = &kNamedFirst),
     BX_WORD(LedColourParam, eColour, EnumLedColour, "colour", "ledcolour colour: %d"),
 };
 BX_PACKED(kLedColour);

@@ -83,9 +83,9 @@ constexpr bx::FieldDef kHwInfoSource[] = {
     BX_TEXT(HwInfoParam, szCpuSupplier, "cpusupplier", "cpu supplier:%s"),
     BX_TEXT(HwInfoParam, szMemoryProvider, "memoryprovider", "memory provider:%s"),
     BX_U32(HwInfoParam, uiCpuCores, "cpucores", "cpu cores:%d"),
-    bx::parsed_key("rebootcount", bx::Wire::U32),
-    bx::with_quirk(BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr), kLanRates),
-    bx::with_quirk(BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr), kWanRates),
+    BX_KEY("rebootcount", bx::Wire::U32),
+    BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr, .quirk = &kLanRates),
+    BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr, .quirk = &kWanRates),
     BX_U32(HwInfoParam, ui24gMaxBw, "2.4gmaxbw", "2GMaxBW:%d"),
     BX_U32(HwInfoParam, ui5gMaxBw, "5gmaxbw", "5GMaxBW:%d"),
     BX_U32(HwInfoParam, ui24gMode, "2.4gmode", "2GMode:%d"),
@@ -152,7 +152,7 @@ constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr, "read only when \"ip\" is p
 constexpr bx::FieldDef kManageInfoSource[] = {
     BX_TEXT(ManageInfoParam, szIp, "ip", "IP:%s"),
     BX_TEXT(ManageInfoParam, szDomainName, "domainname", "Domain Name:%s"),
-    bx::with_quirk(BX_TEXT(ManageInfoParam, szCurIp, "curip", "Cur IP:%s"), kCurIpOnIp),
+    BX_TEXT(ManageInfoParam, szCurIp, "curip", "Cur IP:%s", .quirk = &kCurIpOnIp),
 };
 BX_PACKED(kManageInfo);
 
@@ -210,7 +210,8 @@ BX_PACKED(kRunTimeInfo);
  * bound of its own). */
 constexpr bx::FieldDef kOpenPortSource[] = {BX_U32_ENTRY("Ports: %u")};
 BX_PACKED(kOpenPort);
-constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort).sent_to_first_empty().of_any_type();
+constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort, .to_first_empty = true,
+    .any_type = true);
 constexpr bx::FieldDef kOpenPortsSource[] = {BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr)};
 BX_PACKED(kOpenPorts);
 

@@ -63,7 +63,7 @@ BX_PACKED(kTopoReceived);
 constexpr bx::FieldDef kNodeMacSource[] = {BX_TEXT_ENTRY(BX_ENTRY_SIZE(TopoApMacParam, aszMac), "mac:%s")};
 BX_PACKED(kNodeMac);
 constexpr bx::ListOf kNodeMacs =
-    BX_VALUES(TopoApMacParam, aszMac, kNodeMac).counted_at(offsetof(TopoApMacParam, uiCount)).filling_count();
+    BX_VALUES(TopoApMacParam, aszMac, kNodeMac, .count_at = offsetof(TopoApMacParam, uiCount), .fills_count = true);
 constexpr bx::FieldDef kNodeMacsSentSource[] = {BX_COUNT(TopoApMacParam), BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs)};
 BX_PACKED(kNodeMacsSent);
 constexpr bx::FieldDef kNodeMacsReceivedSource[] = {kNodeMacsSentSource[1]};

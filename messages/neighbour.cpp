@@ -19,7 +19,7 @@ BX_PACKED(kRadio);
 
 /* A channel scan names its radio or is refused. */
 constexpr bx::FieldDef kScanRadioSource[] = {
-    bx::required(kRadioSource[0], "[radio] is not valid."),
+    BX_WORD(WifiRadioRec, eRadio, EnumBand, "radio", "radio:%d", .required = true, .absent = "[radio] is not valid."),
 };
 BX_PACKED(kScanRadio);
 
@@ -66,13 +66,13 @@ BX_PACKED(kNeighbourIn);
  * the count in the record, whether this message brought it or the caller
  * put it there. */
 constexpr bx::ListOf kNeighboursOut =
-    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourOut).counted_at(offsetof(WlanNeighbourRec, uiCount));
+    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourOut, .count_at = offsetof(WlanNeighbourRec, uiCount));
 constexpr bx::ListOf kNeighboursIn =
-    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourIn).counted_at(offsetof(WlanNeighbourRec, uiCount))
-        .bounded_by_count().odd_traced(kNotAnEntry);
+    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourIn, .count_at = offsetof(WlanNeighbourRec, uiCount),
+        .bound = bx::Bound::Count, .odd = kNotAnEntry);
 
 /* A scan's results name their radio or are refused. */
-#define SCAN_RADIO(Rec) bx::required(BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d"), "[radio] is not valid.")
+#define SCAN_RADIO(Rec) BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d", .required = true, .absent = "[radio] is not valid.")
 #define SCAN_COUNT(Rec) BX_U32(Rec, uiCount, "count", "count:%u")
 
 constexpr bx::FieldDef kNeighboursSentSource[] = {
@@ -99,7 +99,7 @@ BX_PACKED(kScore);
 /* Sent: as many scores as the caller's count says. Received: not held to
  * "count", every element fills the next pair up to the record's capacity. */
 constexpr bx::ListOf kScores =
-    BX_TABLES(ChannelScoreRec, astScore, kScore).counted_at(offsetof(ChannelScoreRec, uiCount)).odd_traced(kNotAnEntry);
+    BX_TABLES(ChannelScoreRec, astScore, kScore, .count_at = offsetof(ChannelScoreRec, uiCount), .odd = kNotAnEntry);
 constexpr bx::FieldDef kChannelScoreSource[] = {
     SCAN_RADIO(ChannelScoreRec),
     SCAN_COUNT(ChannelScoreRec),

@@ -46,7 +46,7 @@ constexpr bx::FieldDef kPortTrafficSource[] = {
     BX_U64(PortTraffic, ulTxBytes, "txbytes", "ulTxBytes:%lld"),
     BX_U64(PortTraffic, ulRxBytes, "rxbytes", "ulRxBytes:%lld"),
     kTxPackets,
-    bx::with_quirk(BX_U64(PortTraffic, ulRxPackets, "rxpackets", nullptr), kRxPacketsRead),
+    BX_U64(PortTraffic, ulRxPackets, "rxpackets", nullptr, .quirk = &kRxPacketsRead),
     BX_U64(PortTraffic, ulTxErrors, "txerrors", "txerrors:%lld"),
     BX_U64(PortTraffic, ulRxErrors, "rxerrors", "rxerrors:%lld"),
     BX_U64(PortTraffic, ulTxDrops, "txdrops", "txdrops:%lld"),
@@ -91,9 +91,11 @@ BX_PACKED(kWanIndex);
 /* Quirk: each number is read whatever its type and stored before the count
  * is tested, so a count of 0 still takes the first. */
 constexpr bx::ListOf kLanIndexes =
-    BX_VALUES(PortNum, auiLanIndex, kLanIndex).counted_at(offsetof(PortNum, uiLanNum)).bounded_by_count_after().of_any_type();
+    BX_VALUES(PortNum, auiLanIndex, kLanIndex, .count_at = offsetof(PortNum, uiLanNum), .bound = bx::Bound::CountAfter,
+        .any_type = true);
 constexpr bx::ListOf kWanIndexes =
-    BX_VALUES(PortNum, auiWanIndex, kWanIndex).counted_at(offsetof(PortNum, uiWanNum)).bounded_by_count_after().of_any_type();
+    BX_VALUES(PortNum, auiWanIndex, kWanIndex, .count_at = offsetof(PortNum, uiWanNum), .bound = bx::Bound::CountAfter,
+        .any_type = true);
 
 constexpr bx::FieldDef kPortNumSource[] = {
     BX_U32(PortNum, uiLanNum, "lan", "lannum:%d"),

@@ -31,7 +31,7 @@ constexpr bx::Quirk kOnOrOff{read_on_or_off, nullptr, "a word other than \"enabl
 
 /* "enable" is required and must be "enable" or "disable". */
 constexpr bx::FieldDef kQosSwitchSource[] = {
-    bx::required(bx::with_quirk(BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u"), kOnOrOff), nullptr),
+    BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u", .required = true, .quirk = &kOnOrOff),
 };
 BX_PACKED(kQosSwitch);
 
@@ -96,7 +96,7 @@ constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_firs
 constexpr bx::FieldDef kProtocolSource[] = {BX_U32_ENTRY(nullptr)};
 BX_PACKED(kProtocol);
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
-#define RULE_PROTOCOLS(quirk) bx::with_quirk(BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr), quirk)
+#define RULE_PROTOCOLS(q) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, .quirk = &(q))
 
 /* ---- Add (124) ------------------------------------------------------------------------ */
 
@@ -107,8 +107,8 @@ constexpr bx::FieldDef kAddReceivedSource[] = {
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Valn8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
-    bx::whole(BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s")),
-    bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s")),
+    BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s", .whole = true),
+    BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s", .whole = true),
     RULE_PROTOCOLS(kAddProtocols),
 };
 BX_PACKED(kAddReceived);
@@ -124,7 +124,7 @@ BX_PACKED(kAddSent);
 /* ---- Set (127) and get (128) ------------------------------------------------------------ */
 
 /* Quirk: all eight protocol slots go out, zeros included, each element named "protocol". */
-constexpr bx::FieldDef kNamedProtocolSource[] = {bx::FieldDef{"protocol", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}};
+constexpr bx::FieldDef kNamedProtocolSource[] = {bx::FieldDef{.key = "protocol", .wire = bx::Wire::U32, .size = 4}};
 BX_PACKED(kNamedProtocol);
 constexpr bx::ListOf kNamedProtocols = BX_VALUES(QosClassRule, auiProtocol, kNamedProtocol);
 
@@ -167,10 +167,9 @@ Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
     return bx::read_slot_as(r, f, bx::Wire::U32, attr);
 }
 constexpr bx::Quirk kPortText{read_port_text, nullptr, "a STRING whose first four bytes are read as a big-endian number"};
-#define SET_PORT(member, key, trace)                                                                  \
-    bx::with_quirk(bx::FieldDef{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
-                         bx::trace_shape(trace)},                                                     \
-                   kPortText)
+#define SET_PORT(m, key_, trace_)                                                                     \
+    bx::FieldDef{.key = key_, .wire = bx::Wire::Text, .offset = BX_FIELD_AT(QosClassRule, m), .size = 4, \
+                 .trace = trace_, .shape = bx::trace_shape(trace_), .quirk = &kPortText}
 
 /* The set message alone sends "protocol" and the ports as strings. Quirk:
  * the MAC texts are cut at 16 characters like the addresses. */
@@ -179,7 +178,7 @@ constexpr bx::FieldDef kSetReceivedSource[] = {
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Vlan8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
-    bx::with_quirk(BX_WORD(QosClassRule, auiProtocol[0], EnumProtocol, "protocol", nullptr), kProtocolWords),
+    BX_WORD(QosClassRule, auiProtocol[0], EnumProtocol, "protocol", nullptr, .quirk = &kProtocolWords),
     BX_TEXT(QosClassRule, szSrcIp, "srcip", "SrcIp:%s"),
     BX_TEXT(QosClassRule, szSrcMask, "srcmask", "SrcMask:%s"),
     SET_PORT(uiSrcPort, "srcport", "srcport:%u"),
@@ -206,11 +205,11 @@ constexpr bx::FieldDef kListedRuleSource[] = {
     BX_TEXT(QosClassRule, szSrcIp, "srcip", "SrcIp:%s"),
     BX_TEXT(QosClassRule, szSrcMask, "srcmask", "SrcMask:%s"),
     BX_U32(QosClassRule, uiSrcPort, "srcport", "SrcPort:%d"),
-    bx::whole(BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcMac:%s")),
+    BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcMac:%s", .whole = true),
     BX_TEXT(QosClassRule, szDstIp, "dstip", "DstIp: %s"),
-    bx::whole(BX_TEXT(QosClassRule, szDstMask, "dstmask", "DstMask: %s")),
+    BX_TEXT(QosClassRule, szDstMask, "dstmask", "DstMask: %s", .whole = true),
     BX_U32(QosClassRule, uiDstPort, "dstport", "DstPort: %d"),
-    bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac: %s")),
+    BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac: %s", .whole = true),
 };
 BX_PACKED(kListedRule);
 
@@ -246,10 +245,10 @@ constexpr bx::Quirk kRules{read_rules, nullptr, "elements of any type read as ru
 /* uiCount travels under "index"; without it the caller's uiCount bounds the
  * received list. */
 constexpr bx::ListOf kListedRules =
-    BX_TABLES(QosClassRuleList, astRule, kListedRule).counted_at(offsetof(QosClassRuleList, uiCount));
+    BX_TABLES(QosClassRuleList, astRule, kListedRule, .count_at = offsetof(QosClassRuleList, uiCount));
 constexpr bx::FieldDef kRuleListSource[] = {
     BX_U32(QosClassRuleList, uiCount, "index", "uiCount:%u"),
-    bx::with_quirk(BX_LIST(QosClassRuleList, astRule, "list", kListedRules, nullptr), kRules),
+    BX_LIST(QosClassRuleList, astRule, "list", kListedRules, nullptr, .quirk = &kRules),
 };
 BX_PACKED(kRuleList);
 

@@ -18,7 +18,6 @@
 namespace {
 
 using bx::Field;
-using bx::parsed_key;
 
 /* A MAC written without separators. */
 constexpr size_t kBareMacLen = 12;
@@ -41,13 +40,13 @@ BX_PACKED(kL2Roaming);
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
 constexpr bx::FieldDef kRoamingSource[] = {
-    bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
-    bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
-    bx::flagged(BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"), 1u << 2),
-    bx::flagged(BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u"), 1u << 3),
-    bx::flagged(BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d"), 1u << 4),
-    bx::flagged(BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"), 1u << 5),
-    bx::flagged(BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"), 1u << 6),
+    BX_U32(RoamingRec, uiEnable, "enable", "enable:%u", .bit = 1u << 0),
+    BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d", .bit = 1u << 1),
+    BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u", .bit = 1u << 2),
+    BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u", .bit = 1u << 3),
+    BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d", .bit = 1u << 4),
+    BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u", .bit = 1u << 5),
+    BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d", .bit = 1u << 6),
 };
 BX_PACKED(kRoaming);
 static_assert(kRoaming[0].mask_bit == BX_ROAM_ENABLE && kRoaming[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
@@ -73,42 +72,38 @@ constexpr bx::Quirk kBareMac{read_bare_mac, nullptr, "at most 12 characters copi
  * list. The query's and the answer's list elements are parsed with the
  * message's own policy, so the message and each element list the same keys. */
 constexpr bx::FieldDef kApInfoSource[] = {
-    parsed_key("count", bx::Wire::U32),
-    parsed_key("mac", bx::Wire::Text),
-    parsed_key("apinfo", bx::Wire::List),
-    bx::with_quirk(BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_KEY("count", bx::Wire::U32),
+    BX_KEY("mac", bx::Wire::Text),
+    BX_KEY("apinfo", bx::Wire::List),
+    BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s", .quirk = &kBareMac),
     BX_U32(RoamingApInfoRec, uiChannel, "channel", "channel:%u"),
 };
 BX_PACKED(kApInfo);
-constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo)
-                                    .counted_at(offsetof(RoamingApQueryRec, uiCount))
-                                    .bounded_by_count()
-                                    .odd_traced(kNotAnEntry);
+constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo,
+    .count_at = offsetof(RoamingApQueryRec, uiCount), .bound = bx::Bound::Count, .odd = kNotAnEntry);
 constexpr bx::FieldDef kApQuerySource[] = {
     BX_U32(RoamingApQueryRec, uiCount, "count", "count:%u"),
-    bx::with_quirk(BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s"), kBareMac),
+    BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s", .quirk = &kBareMac),
     BX_LIST(RoamingApQueryRec, astApInfo, "apinfo", kApInfos, nullptr),
-    parsed_key("bssid", bx::Wire::Text),
-    parsed_key("channel", bx::Wire::U32),
+    BX_KEY("bssid", bx::Wire::Text),
+    BX_KEY("channel", bx::Wire::U32),
 };
 BX_PACKED(kApQuery);
 
 constexpr bx::FieldDef kApRssiSource[] = {
-    parsed_key("count", bx::Wire::U32),
-    parsed_key("aprssi", bx::Wire::List),
-    bx::with_quirk(BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_KEY("count", bx::Wire::U32),
+    BX_KEY("aprssi", bx::Wire::List),
+    BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s", .quirk = &kBareMac),
     BX_S32(RoamingApRssiRec, iRssi, "rssi", "rssi:%d"),
 };
 BX_PACKED(kApRssi);
-constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi)
-                                    .counted_at(offsetof(RoamingApRspRec, uiCount))
-                                    .bounded_by_count()
-                                    .odd_traced(kNotAnEntry);
+constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi,
+    .count_at = offsetof(RoamingApRspRec, uiCount), .bound = bx::Bound::Count, .odd = kNotAnEntry);
 constexpr bx::FieldDef kApRspSource[] = {
     BX_U32(RoamingApRspRec, uiCount, "count", "count:%u"),
     BX_LIST(RoamingApRspRec, astApRssi, "aprssi", kApRssis, nullptr),
-    parsed_key("bssid", bx::Wire::Text),
-    parsed_key("rssi", bx::Wire::S32),
+    BX_KEY("bssid", bx::Wire::Text),
+    BX_KEY("rssi", bx::Wire::S32),
 };
 BX_PACKED(kApRsp);
 
@@ -142,10 +137,10 @@ void send_support_flag(const Field &f, const void *record, blob_buf *buf)
     bx::add_word(buf, f.key(), f.word_list, flag);
 }
 constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag, "a 16-bit member: only the word \"true\" stores 1, any other text 0"};
-#define SUPPORT_FLAG(member, key, trace)                                                                \
-    bx::with_quirk(bx::FieldDef{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
-                         BX_FIELD_SIZE(RoamingReportRec, member), trace, bx::trace_shape(trace)},         \
-                   kSupportFlag)
+#define SUPPORT_FLAG(m, key_, trace_)                                                                     \
+    bx::FieldDef{.key = key_, .wire = bx::Wire::Word, .word_list = EnumBoolean, .offset = BX_FIELD_AT(RoamingReportRec, m), \
+                 .size = BX_FIELD_SIZE(RoamingReportRec, m), .trace = trace_, .shape = bx::trace_shape(trace_),  \
+                 .quirk = &kSupportFlag}
 
 constexpr bx::FieldDef kReportOutSource[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
@@ -197,7 +192,7 @@ BX_PACKED(kStaRssiOut);
 /* Received in another order than sent: radio before rssi. The MAC takes
  * all 18 bytes, terminator included: a longer text leaves none. */
 constexpr bx::FieldDef kStaRssiInSource[] = {
-    bx::whole(BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s")),
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s", .whole = true),
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
 };

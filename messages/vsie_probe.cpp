@@ -86,13 +86,14 @@ constexpr bx::FieldDef kRxAddSource[] = {
     BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s"),
     /* No range check: an unknown word stores 2. */
     BX_WORD(VsieProbeRxEntry, uiBand, EnumBand, "band", "Band:%u"),
-    bx::with_quirk(BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr), kOui),
+    BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr, .quirk = &kOui),
 };
 BX_PACKED(kRxAdd);
 
 /* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
  * behind (a received list is read by its own converter). */
-constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte).counted_at(offsetof(VsieProbeRxRecord, uiVsieLen));
+constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte,
+    .count_at = offsetof(VsieProbeRxRecord, uiVsieLen));
 constexpr bx::FieldDef kRecordSentSource[] = {
     BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
     BX_WORD(VsieProbeRxRecord, uiBand, EnumBand, "band", nullptr),
@@ -100,7 +101,7 @@ constexpr bx::FieldDef kRecordSentSource[] = {
 };
 BX_PACKED(kRecordSent);
 constexpr bx::ListOf kRecords =
-    BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent).counted_at(offsetof(VsieProbeRxEntry, uiRecordCount));
+    BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent, .count_at = offsetof(VsieProbeRxEntry, uiRecordCount));
 
 /* No count: the receiver counts the list. */
 constexpr bx::FieldDef kRxEntrySentSource[] = {
@@ -110,7 +111,7 @@ constexpr bx::FieldDef kRxEntrySentSource[] = {
 };
 BX_PACKED(kRxEntrySent);
 constexpr bx::ListOf kRxEntries =
-    BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent).counted_at(offsetof(VsieProbeRxList, uiCount));
+    BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent, .count_at = offsetof(VsieProbeRxList, uiCount));
 constexpr bx::FieldDef kRxListSentSource[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntries, nullptr)};
 BX_PACKED(kRxListSent);
 
@@ -142,7 +143,7 @@ constexpr bx::FieldDef kOneRecordSentSource[] = {
 BX_PACKED(kOneRecordSent);
 constexpr bx::ListOf kOneRecord{kOneRecordSent, bx::entry_fields(std::size(kOneRecordSent)), true, sizeof(VsieProbeRxRecord), 1};
 constexpr bx::FieldDef kRecordAddSentSource[] = {
-    bx::with_list(bx::FieldDef{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
+    bx::FieldDef{.key = "record", .wire = bx::Wire::List, .size = sizeof(VsieProbeRxRecord), .list = &kOneRecord},
 };
 BX_PACKED(kRecordAddSent);
 
@@ -152,15 +153,13 @@ BX_PACKED(kRecordAddSent);
  * of any type read as numbers), traced once they are. */
 constexpr bx::FieldDef kResponseByteSource[] = {BX_U8_ENTRY("Iedata:%x")};
 BX_PACKED(kResponseByte);
-constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte)
-                                          .counted_at(offsetof(VsieProbeRespEntry, uiIedataLen))
-                                          .filling_count()
-                                          .of_any_type();
+constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte,
+    .count_at = offsetof(VsieProbeRespEntry, uiIedataLen), .fills_count = true, .any_type = true);
 
 /* An added entry: no "idx", no "band". */
 constexpr bx::FieldDef kRespAddSource[] = {
     BX_TEXT(VsieProbeRespEntry, szMac, "mac", "Mac:%s"),
-    bx::reported(BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d"), "No IEDATA"),
+    BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d", .absent = "No IEDATA"),
 };
 BX_PACKED(kRespAdd);
 
@@ -173,7 +172,7 @@ constexpr bx::FieldDef kRespEntrySentSource[] = {
 };
 BX_PACKED(kRespEntrySent);
 constexpr bx::ListOf kRespEntries =
-    BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
+    BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent, .count_at = offsetof(VsieProbeRespList, uiCount));
 constexpr bx::FieldDef kRespListSentSource[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
 BX_PACKED(kRespListSent);
 
