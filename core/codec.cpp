@@ -212,7 +212,7 @@ void emit_fields(const Field *fields, size_t count, const void *record, blob_buf
     const uint32_t mask = mask_of(record, mask_at);
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
-        if (!f.sent || (f.sent_if != 0 && (mask & f.sent_if) == 0))
+        if (!f.sent || f.way == Way::Received || (f.sent_if != 0 && (mask & f.sent_if) == 0))
             continue;
         if (f.quirk != nullptr && f.quirk->send != nullptr)
             f.quirk->send(f, record, buf);
@@ -435,10 +435,27 @@ Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
     return kGoOn;
 }
 
+const Field &ListOf::row(size_t i) const
+{
+    const Field *f = entry();
+    if (way == Way::Both)
+        return f[i];
+    const Way skipped = way == Way::Sent ? Way::Received : way == Way::Received ? Way::Sent : Way::Both;
+    for (size_t seen = 0;; ++f) {
+        if (skipped == Way::Both || f->way != skipped) {
+            if (seen == i)
+                return *f;
+            ++seen;
+        }
+    }
+}
+
 Read read_fields(const Reading &r, const Field *fields, size_t count)
 {
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
+        if (f.way == Way::Sent)
+            continue;
         Read done = f.quirk != nullptr && f.quirk->read != nullptr ? f.quirk->read(r, f, r.tb[i])
                                                                    : read_slot(r, f, r.tb[i]);
         if (done.refused)

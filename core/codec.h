@@ -3,7 +3,7 @@
  * A message is described by a table of Fields: each row says where a member
  * lives in the record, how it travels, and the rules the message keeps for
  * it (required, validity bit, range, keys only listed). A regular message
- * is its table and a BX_*_CONVERTERS line; an irregular one keeps a short
+ * is its table and a BX_CONVERTERS line; an irregular one keeps a short
  * function that says where it departs from its table.
  *
  * Everything here reads only inside the message it is given: attributes
@@ -227,6 +227,14 @@ enum class Use : uint8_t {
     Parsed,  /* parsed into its slot, nothing more: the slots keep the order the daemons have always parsed */
 };
 
+/* The direction a row of a message's one table serves, where the sent and
+ * the received forms differ. */
+enum class Way : uint8_t {
+    Both,
+    Sent,      /* only sent: a receiver neither parses nor reads it */
+    Received,  /* only received: never sent */
+};
+
 /* A number's accepted values and when they are tested. */
 struct Range {
     Check when = Check::None;
@@ -263,7 +271,8 @@ struct FieldDef {
     int8_t ret = -1;
     uint32_t bit = 0;              /* validity bit set in the record's mask once stored */
     uint32_t sent_if = kOwnBit;    /* sent only while the mask has one of these (0: always) */
-    /* Its use, its check, and where it departs from these columns. */
+    /* Its direction, use, check, and where it departs from these columns. */
+    Way way = Way::Both;
     Use use = Use::Read;
     Range range{};
     const Quirk *quirk = nullptr;
@@ -293,6 +302,7 @@ struct Field {
     bool required : 1 = false;
     Check check = Check::None;
     int8_t refused_ret = -1;
+    Way way = Way::Both;
     uint32_t mask_bit = 0;
     uint32_t sent_if = 0;
     uint32_t lowest = 0;
@@ -386,12 +396,16 @@ struct ListOf {
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
     int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
+    Way way = Way::Both;               /* a message's table as one direction sees it (see DescribedAs) */
 
     /* An entry's fields; a bare value has one, at offset 0, without key. */
     const Field *entry() const
     {
         return entry_rows != nullptr ? entry_rows : reinterpret_cast<const Field *>(reinterpret_cast<const char *>(this) + entry_at);
     }
+
+    /* Field i of the `fields` this list's direction sees. */
+    const Field &row(size_t i) const;
 
 };
 
@@ -533,6 +547,7 @@ private:
         row.required = f.required;
         row.check = f.range.when;
         row.refused_ret = f.ret;
+        row.way = f.way;
         row.mask_bit = f.bit;
         row.sent_if = f.sent_if == kOwnBit ? f.bit : f.sent_if;
         row.lowest = f.range.lowest;
@@ -566,7 +581,7 @@ constexpr enum blobmsg_type wire_type(Wire wire)
 /* A table's rows as the keys of a parse: no policy is stored. */
 struct RowKeys {
     const Field *rows;
-    bool has(size_t i) const { return rows[i].key() != nullptr; }
+    bool has(size_t i) const { return rows[i].key() != nullptr && rows[i].way != Way::Sent; }
     const char *name(size_t i) const { return rows[i].key(); }
     int type(size_t i) const { return wire_type(rows[i].wire); }
 };
@@ -579,7 +594,7 @@ int parse_rows(const Field *rows, size_t count, blob_attr **tb, void *data, unsi
 template <size_t N, size_t P>
 struct PackedKeys {
     const Packed<N, P> *table;
-    constexpr bool has(size_t i) const { return table->rows[i].key_at != 0; }
+    constexpr bool has(size_t i) const { return table->rows[i].key_at != 0 && table->rows[i].way != Way::Sent; }
     constexpr const char *name(size_t i) const { return table->key_text(i); }
 };
 template <size_t N, size_t P>
@@ -754,35 +769,72 @@ consteval uint8_t table_rows(size_t count)
     return static_cast<uint8_t>(count);
 }
 
+/* A table's rows as one direction sees them: the table itself, or, when
+ * some of its rows serve one direction only, a list of its rows that skips
+ * the other direction's. */
+template <const auto &Table>
+consteval uint8_t rows_toward(Way way)
+{
+    size_t n = 0;
+    for (const Field &f : Table)
+        n += f.way == Way::Both || f.way == way ? 1 : 0;
+    return table_rows(n);
+}
+template <const auto &Table>
+struct DescribedAs {
+    static constexpr bool split = rows_toward<Table>(Way::Sent) + rows_toward<Table>(Way::Received) != 2 * Table.size();
+    static constexpr ListOf sent{.entry_rows = Table.rows, .fields = rows_toward<Table>(Way::Sent), .tables = true,
+                                 .stride = 0, .capacity = 1, .way = Way::Sent};
+    static constexpr ListOf received{.entry_rows = Table.rows, .fields = rows_toward<Table>(Way::Received),
+                                     .tables = true, .stride = 0, .capacity = 1, .way = Way::Received};
+};
+template <const auto &Table>
+constexpr const ListOf *described_as(Way way)
+{
+    if constexpr (DescribedAs<Table>::split)
+        return way == Way::Sent ? &DescribedAs<Table>::sent : &DescribedAs<Table>::received;
+    else
+        return &Table.whole;
+}
+
 /* The description of converter C is the function bx::described::C, built
  * in code so that nothing in it is relocated: the table's own list of one
- * entry (Packed::whole), the policy, the mask and the note. */
-#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note)     \
+ * entry (Packed::whole, or its rows one direction sees), the policy, the
+ * mask and the note. */
+#define BX_DESCRIBED_AS(converter, fields, policy, policy_count, mask_at, note)  \
     extern "C++" {                                                             \
     namespace bx::described {                                                  \
     ::bx::Converter converter()                                                \
     {                                                                          \
-        return ::bx::Converter{&(table).whole, policy, policy_count, mask_at, note}; \
+        return ::bx::Converter{fields, policy, policy_count, mask_at, note};   \
     }                                                                          \
     }                                                                          \
     }
+#define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note) \
+    BX_DESCRIBED_AS(converter, &(table).whole, policy, policy_count, mask_at, note)
 
-/* Defines a message's two converters: sent by one field table, received by
- * another (often the same), with the record's mask at byte offset mask_at
- * (kNoMask: none). */
-#define BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, mask_at) \
-    BX_SENT_ROW(stj_name, sent, mask_at)                                     \
-    BX_RECEIVED_ROW(jts_name, received, mask_at)
+/* The record's mask: none, or at byte offset `at`. */
+constexpr int mask_at() { return kNoMask; }
+constexpr int mask_at(size_t at) { return static_cast<int>(at); }
+
+/* Defines a message's two converters from its one table, with the byte
+ * offset of the record's mask when it has one:
+ *     BX_CONVERTERS(STJ_Ping, JTS_Ping, kPing, offsetof(PingRequest, uiCapaFlag))
+ * Rows of one direction (.way) are skipped by the other. */
+#define BX_CONVERTERS(stj_name, jts_name, table, ...)          \
+    BX_SENT_ROW(stj_name, table, ::bx::mask_at(__VA_ARGS__)) \
+    BX_RECEIVED_ROW(jts_name, table, ::bx::mask_at(__VA_ARGS__))
 
 /* One direction of a message whose other converter says more than a table
- * does: the struct-to-JSON converter of a table (mask_at as above)... */
+ * does: the struct-to-JSON converter of a table (mask_at: the byte offset
+ * of the record's mask, or kNoMask)... */
 #define BX_SENT_ROW(stj_name, sent, mask_at)                                                \
     BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                     \
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
         return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
     }                                                                                      \
-    BX_DESCRIBED(stj_name, sent, nullptr, 0, mask_at, nullptr)
+    BX_DESCRIBED_AS(stj_name, ::bx::described_as<sent>(::bx::Way::Sent), nullptr, 0, mask_at, nullptr)
 
 /* ... and the JSON-to-struct converter of a table. */
 #define BX_RECEIVED_ROW(jts_name, received, mask_at)                                        \
@@ -791,19 +843,8 @@ consteval uint8_t table_rows(size_t count)
         BX_TRACE_CALL();                                                                   \
         return ::bx::jts_fields<received>(__func__, pstMsg, pvRecord, mask_at);            \
     }                                                                                      \
-    BX_DESCRIBED(jts_name, received, nullptr, ::bx::Described<received>::count, mask_at, nullptr)
-
-/* A message sent and received by one table. */
-#define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, table, table, ::bx::kNoMask)
-
-/* A message sent by one table and received by another. */
-#define BX_CONVERTERS(stj_name, jts_name, sent, received) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, ::bx::kNoMask)
-
-/* A message whose record keeps the validity bits of its fields in `mask`. */
-#define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, static_cast<int>(offsetof(Rec, mask)))
+    BX_DESCRIBED_AS(jts_name, ::bx::described_as<received>(::bx::Way::Received), nullptr,                  \
+                    ::bx::described_as<received>(::bx::Way::Received)->fields, mask_at, nullptr)
 
 } // namespace bx
 

@@ -167,7 +167,7 @@ const blobmsg_policy *built_policy(int type, const Converter &c)
         if (used + c.policy_count > kPolicyRoom)
             return nullptr;
         for (size_t i = 0; i < c.policy_count; ++i)
-            entries[used + i] = blobmsg_policy{c.fields->entry()[i].key(), wire_type(c.fields->entry()[i].wire)};
+            entries[used + i] = blobmsg_policy{c.fields->row(i).key(), wire_type(c.fields->row(i).wire)};
         start[type] = static_cast<uint16_t>(used + 1);
         used += c.policy_count;
     }
@@ -209,7 +209,7 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
 {
     if (pstFields == nullptr || pstOut == nullptr || iIndex < 0 || iIndex >= BLOBXLATE_FieldCount(pstFields))
         return -1;
-    bx::describe_field(bx::table_of(pstFields)->entry()[iIndex], *pstOut);
+    bx::describe_field(bx::table_of(pstFields)->row(static_cast<size_t>(iIndex)), *pstOut);
     return 0;
 }
 

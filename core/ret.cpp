@@ -14,6 +14,6 @@ BX_PACKED(kRet);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_Ret, JTS_Ret, kRet)
+BX_CONVERTERS(STJ_Ret, JTS_Ret, kRet)
 
 } // extern "C"

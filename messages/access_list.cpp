@@ -80,18 +80,19 @@ extern "C" {
 
 /* ---- 54 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiStaDeassociation, JTS_WifiStaDeassociation, kDeassoc)
+BX_CONVERTERS(STJ_WifiStaDeassociation, JTS_WifiStaDeassociation, kDeassoc)
 
 /* ---- 64 ---- */
 
-BX_CONVERTERS(STJ_WifiBlackWhite_Add, JTS_WifiBlackWhite_Add, kAccessEntry, kAccessAdd)
+BX_SENT_ROW(STJ_WifiBlackWhite_Add, kAccessEntry, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiBlackWhite_Add, kAccessAdd, ::bx::kNoMask)
 
 /* ---- 65 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
+BX_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
 
 /* ---- 66 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_List, JTS_WifiBlackWhite_List, kAccessListMsg)
+BX_CONVERTERS(STJ_WifiBlackWhite_List, JTS_WifiBlackWhite_List, kAccessListMsg)
 
 } // extern "C"

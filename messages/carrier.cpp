@@ -194,47 +194,46 @@ BX_PACKED(kCustomFactoryInfo);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
+BX_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
 
-BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
+BX_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
-BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
+BX_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
-BX_MASKED_CONVERTERS(STJ_CTCCServerInfo, JTS_CTCCServerInfo, CTCCServerInfoParam, uiValidMask, kCTCCServerInfo,
-                      kCTCCServerInfo)
+BX_CONVERTERS(STJ_CTCCServerInfo, JTS_CTCCServerInfo, kCTCCServerInfo, offsetof(CTCCServerInfoParam, uiValidMask))
 
-BX_FIELD_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
+BX_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
 
-BX_FIELD_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
+BX_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
 
-BX_FIELD_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
+BX_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
 
-BX_FIELD_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
+BX_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
 
-BX_FIELD_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
+BX_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
 
-BX_FIELD_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
+BX_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
 
-BX_FIELD_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
+BX_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
 
-BX_FIELD_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
+BX_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
 
-BX_FIELD_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
+BX_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
 
-BX_FIELD_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
+BX_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
 
-BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
+BX_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
-BX_FIELD_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
+BX_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
 
-BX_FIELD_CONVERTERS(STJ_CustomFactoryInfo, JTS_CustomFactoryInfo, kCustomFactoryInfo)
+BX_CONVERTERS(STJ_CustomFactoryInfo, JTS_CustomFactoryInfo, kCustomFactoryInfo)
 
-BX_FIELD_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
+BX_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
 
-BX_FIELD_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
+BX_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
 
-BX_FIELD_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
+BX_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
 
-BX_FIELD_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
+BX_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
 
 } // extern "C"

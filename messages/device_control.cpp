@@ -78,21 +78,22 @@ BX_PACKED(kLedColour);
 
 extern "C" {
 
-BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kRebootSent, kRebootReceived)
+BX_SENT_ROW(STJ_Reboot, kRebootSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Reboot, kRebootReceived, ::bx::kNoMask)
 
-BX_FIELD_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
+BX_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
 
-BX_FIELD_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
+BX_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
 
-BX_FIELD_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
+BX_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
 
-BX_FIELD_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
+BX_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
 
 /* Sent only: nobody asks the device to be in an upgrade state. */
 BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
-BX_FIELD_CONVERTERS(STJ_LedColour, JTS_Led_Colour, kLedColour)
+BX_CONVERTERS(STJ_LedColour, JTS_Led_Colour, kLedColour)
 
-BX_FIELD_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
+BX_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
 
 } // extern "C"

@@ -219,26 +219,27 @@ BX_PACKED(kOpenPorts);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_HwInfo, JTS_HwInfo, kHwInfo)
+BX_CONVERTERS(STJ_HwInfo, JTS_HwInfo, kHwInfo)
 
-BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFwSent, kFwReceived)
+BX_SENT_ROW(STJ_FwInfo, kFwSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_FwInfo, kFwReceived, ::bx::kNoMask)
 
-BX_FIELD_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
+BX_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 
-BX_FIELD_CONVERTERS(STJ_ManageInfo, JTS_ManageInfo, kManageInfo)
+BX_CONVERTERS(STJ_ManageInfo, JTS_ManageInfo, kManageInfo)
 
-BX_FIELD_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
+BX_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
 
-BX_FIELD_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
+BX_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
 
-BX_FIELD_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
+BX_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
 
-BX_FIELD_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
+BX_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
 
-BX_FIELD_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
+BX_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
 
-BX_FIELD_CONVERTERS(STJ_TcpOpenPort, JTS_TcpOpenPort, kOpenPorts)
+BX_CONVERTERS(STJ_TcpOpenPort, JTS_TcpOpenPort, kOpenPorts)
 
-BX_FIELD_CONVERTERS(STJ_UdpOpenPort, JTS_UdpOpenPort, kOpenPorts)
+BX_CONVERTERS(STJ_UdpOpenPort, JTS_UdpOpenPort, kOpenPorts)
 
 } // extern "C"

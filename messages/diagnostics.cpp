@@ -120,13 +120,14 @@ BX_PACKED(kUplinkSupport);
 
 extern "C" {
 
-BX_MASKED_CONVERTERS(STJ_Ping, JTS_Ping, PingRequest, uiCapaFlag, kPing, kPing)
-BX_MASKED_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, TraceRouteRequest, uiCapaFlag, kTraceRouteSent, kTraceRoute)
+BX_CONVERTERS(STJ_Ping, JTS_Ping, kPing, offsetof(PingRequest, uiCapaFlag))
+BX_SENT_ROW(STJ_TraceRoute, kTraceRouteSent, ::bx::mask_at(offsetof(TraceRouteRequest, uiCapaFlag)))
+BX_RECEIVED_ROW(JTS_TraceRoute, kTraceRoute, ::bx::mask_at(offsetof(TraceRouteRequest, uiCapaFlag)))
 
-BX_FIELD_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
+BX_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 
-BX_FIELD_CONVERTERS(STJ_TraceRoute_Result, JTS_TraceRouteResult, kTraceRouteResult)
+BX_CONVERTERS(STJ_TraceRoute_Result, JTS_TraceRouteResult, kTraceRouteResult)
 
-BX_FIELD_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
+BX_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
 
 } // extern "C"

@@ -417,14 +417,15 @@ BX_PACKED(kSwitchReceived);
 
 extern "C" {
 
-BX_CONVERTERS(STJ_FilterUrl_Switch, JTS_FilterUrl_Switch, kSwitchSent, kSwitchReceived)
+BX_SENT_ROW(STJ_FilterUrl_Switch, kSwitchSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_FilterUrl_Switch, kSwitchReceived, ::bx::kNoMask)
 
-BX_FIELD_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
-BX_FIELD_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)
-BX_FIELD_CONVERTERS(STJ_FilterUrl_Reply, JTS_FilterUrl_Set_Reply, kUrlReply)
+BX_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
+BX_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)
+BX_CONVERTERS(STJ_FilterUrl_Reply, JTS_FilterUrl_Set_Reply, kUrlReply)
 
-BX_FIELD_CONVERTERS(STJ_FilterDns_Set, JTS_FilterDns_Set, kDnsRule)
-BX_FIELD_CONVERTERS(STJ_FilterDns_List, JTS_FilterDns_Get, kDnsList)
-BX_FIELD_CONVERTERS(STJ_FilterDns_Reply, JTS_FilterDns_Set_Reply, kDnsReply)
+BX_CONVERTERS(STJ_FilterDns_Set, JTS_FilterDns_Set, kDnsRule)
+BX_CONVERTERS(STJ_FilterDns_List, JTS_FilterDns_Get, kDnsList)
+BX_CONVERTERS(STJ_FilterDns_Reply, JTS_FilterDns_Set_Reply, kDnsReply)
 
 } // extern "C"

@@ -99,18 +99,20 @@ BX_PACKED(kLanStaticListReceived);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_BridgeSwitch, JTS_BridgeSet, kBridgeSwitch)
-BX_FIELD_CONVERTERS(STJ_BridgeStatus, JTS_BridgeGet, kBridgeStatus)
-BX_FIELD_CONVERTERS(STJ_Repeater_SetInfo, JTS_RepeaterSet, kRepeaterSet)
-BX_FIELD_CONVERTERS(STJ_Repeater_StaInfo, JTS_RepeaterGet, kRepeaterStaInfo)
+BX_CONVERTERS(STJ_BridgeSwitch, JTS_BridgeSet, kBridgeSwitch)
+BX_CONVERTERS(STJ_BridgeStatus, JTS_BridgeGet, kBridgeStatus)
+BX_CONVERTERS(STJ_Repeater_SetInfo, JTS_RepeaterSet, kRepeaterSet)
+BX_CONVERTERS(STJ_Repeater_StaInfo, JTS_RepeaterGet, kRepeaterStaInfo)
 /* One pair serves the WAN MAC clone (33) and the LAN MAC clone (35). */
-BX_FIELD_CONVERTERS(STJ_CloneMac, JTS_MacClone, kMacClone)
-BX_FIELD_CONVERTERS(STJ_Lan, JTS_Lan, kLan)
-BX_FIELD_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
-BX_FIELD_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
-BX_FIELD_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
+BX_CONVERTERS(STJ_CloneMac, JTS_MacClone, kMacClone)
+BX_CONVERTERS(STJ_Lan, JTS_Lan, kLan)
+BX_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
+BX_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
+BX_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
 
-BX_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, kRepeaterListSent, kRepeaterListReceived)
-BX_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, kLanStaticListSent, kLanStaticListReceived)
+BX_SENT_ROW(STJ_Repeater_List, kRepeaterListSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_RepeaterList, kRepeaterListReceived, ::bx::kNoMask)
+BX_SENT_ROW(STJ_LanStatic_List, kLanStaticListSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_LanStatic_List, kLanStaticListReceived, ::bx::kNoMask)
 
 } // extern "C"

@@ -73,16 +73,18 @@ BX_PACKED(kNodeMacsReceived);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WifiMesh, JTS_WifiMesh, kRole)
-BX_FIELD_CONVERTERS(STJ_WifiMeshRoaming, JTS_WifiMeshRoaming, kRoaming)
-BX_FIELD_CONVERTERS(STJ_WifiBackhaulbss, JTS_WifiBackhaulbss, kBackhaul)
-BX_CONVERTERS(STJ_WifiTopo, JTS_WifiTopo, kTopoSent, kTopoReceived)
-BX_FIELD_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
-BX_FIELD_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
+BX_CONVERTERS(STJ_WifiMesh, JTS_WifiMesh, kRole)
+BX_CONVERTERS(STJ_WifiMeshRoaming, JTS_WifiMeshRoaming, kRoaming)
+BX_CONVERTERS(STJ_WifiBackhaulbss, JTS_WifiBackhaulbss, kBackhaul)
+BX_SENT_ROW(STJ_WifiTopo, kTopoSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiTopo, kTopoReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
+BX_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
 
 /* Only ever sent: the agent reports the event, nobody sends it to a node. */
 BX_SENT_ROW(STJ_WifiLocalMesh_Event, kNodeEvent, ::bx::kNoMask)
 
-BX_CONVERTERS(STJ_WifiTopoMac, JTS_WifiTopoMac, kNodeMacsSent, kNodeMacsReceived)
+BX_SENT_ROW(STJ_WifiTopoMac, kNodeMacsSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiTopoMac, kNodeMacsReceived, ::bx::kNoMask)
 
 } // extern "C"

@@ -115,22 +115,23 @@ extern "C" {
 
 /* ---- 77 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
+BX_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
-BX_CONVERTERS(STJ_WlanNeighbour, JTS_WlanNeighbour, kNeighboursSent, kNeighboursReceived)
+BX_SENT_ROW(STJ_WlanNeighbour, kNeighboursSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WlanNeighbour, kNeighboursReceived, ::bx::kNoMask)
 
 /* ---- 79 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
+BX_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 /* ---- 80 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
+BX_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
 
 /* ---- 81 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ChannelScore, JTS_ChannelScore, kChannelScore)
+BX_CONVERTERS(STJ_ChannelScore, JTS_ChannelScore, kChannelScore)
 
 } // extern "C"

@@ -111,26 +111,26 @@ extern "C" {
 
 /* ---- Port counts and numbers (45) --------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortNum, JTS_PortNum, kPortNum)
+BX_CONVERTERS(STJ_PortNum, JTS_PortNum, kPortNum)
 
 /* ---- One port's link state (46) ----------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
+BX_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 /* ---- One port's traffic counters (47) ----------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortTraffic, JTS_PortTraffic, kPortTraffic)
+BX_CONVERTERS(STJ_PortTraffic, JTS_PortTraffic, kPortTraffic)
 
 /* ---- One port's rates (48) ---------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortRate, JTS_PortRate, kPortRate)
+BX_CONVERTERS(STJ_PortRate, JTS_PortRate, kPortRate)
 
 /* ---- One port's MAC address (49) ---------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortMAC, JTS_PortMAC, kPortMac)
+BX_CONVERTERS(STJ_PortMAC, JTS_PortMAC, kPortMac)
 
 /* ---- One port's up/down switch and address (50) ------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortUpDown, JTS_PortUpDown, kPortUpDown)
+BX_CONVERTERS(STJ_PortUpDown, JTS_PortUpDown, kPortUpDown)
 
 } // extern "C"

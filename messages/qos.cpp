@@ -256,13 +256,16 @@ BX_PACKED(kRuleList);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_QoS, JTS_QoS, kQosSwitch)
-BX_FIELD_CONVERTERS(STJ_Dscp, JTS_Dscp, kQosSwitch)
-BX_FIELD_CONVERTERS(STJ_8021p, JTS_8021p, kQosSwitch)
-BX_CONVERTERS(STJ_Qos_Classification_Add, JTS_Qos_Classification_Add, kAddSent, kAddReceived)
-BX_FIELD_CONVERTERS(STJ_Qos_Classification_Delete, JTS_Qos_Classification_Delete, kQosClassIndex)
-BX_FIELD_CONVERTERS(STJ_Qos_Classification_List, JTS_Qos_Classification_List, kRuleList)
-BX_CONVERTERS(STJ_Qos_Classification_Set, JTS_Qos_Classification_Set, kRule, kSetReceived)
-BX_CONVERTERS(STJ_Qos_Classification_Get, JTS_Qos_Classification_Get, kRule, kQosClassIndex)
+BX_CONVERTERS(STJ_QoS, JTS_QoS, kQosSwitch)
+BX_CONVERTERS(STJ_Dscp, JTS_Dscp, kQosSwitch)
+BX_CONVERTERS(STJ_8021p, JTS_8021p, kQosSwitch)
+BX_SENT_ROW(STJ_Qos_Classification_Add, kAddSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Qos_Classification_Add, kAddReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Qos_Classification_Delete, JTS_Qos_Classification_Delete, kQosClassIndex)
+BX_CONVERTERS(STJ_Qos_Classification_List, JTS_Qos_Classification_List, kRuleList)
+BX_SENT_ROW(STJ_Qos_Classification_Set, kRule, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Qos_Classification_Set, kSetReceived, ::bx::kNoMask)
+BX_SENT_ROW(STJ_Qos_Classification_Get, kRule, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Qos_Classification_Get, kQosClassIndex, ::bx::kNoMask)
 
 } // extern "C"

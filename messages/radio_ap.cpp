@@ -231,19 +231,21 @@ BX_PACKED(kApIndex);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WifiStatus, JTS_WifiStatus, kWifiSwitch)
-BX_FIELD_CONVERTERS(STJ_Wifi5Status, JTS_Wifi5Status, kWifiSwitch)
-BX_FIELD_CONVERTERS(STJ_WifiOpt, JTS_WifiOpt, kWifiRadio)
+BX_CONVERTERS(STJ_WifiStatus, JTS_WifiStatus, kWifiSwitch)
+BX_CONVERTERS(STJ_Wifi5Status, JTS_Wifi5Status, kWifiSwitch)
+BX_CONVERTERS(STJ_WifiOpt, JTS_WifiOpt, kWifiRadio)
 /* The selection message's receiver traces under the name JTS_WifiRadio. */
-BX_FIELD_CONVERTERS(STJ_WifiSelect, JTS_WifiRadio, kWifiSelect)
-BX_MASKED_CONVERTERS(STJ_RadioBasic, JTS_RadioBasic, RadioBasicRec, capaflag, kRadioBasic, kRadioBasic)
-BX_MASKED_CONVERTERS(STJ_ApBasic, JTS_ApBasic, ApBasicRec, capaflag, kApBasicOut, kApBasicIn)
-BX_MASKED_CONVERTERS(STJ_ApAdvanced, JTS_ApAdvanced, ApAdvancedRec, capaflag, kApAdvanced, kApAdvanced)
-BX_FIELD_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
-BX_FIELD_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
-BX_FIELD_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
+BX_CONVERTERS(STJ_WifiSelect, JTS_WifiRadio, kWifiSelect)
+BX_CONVERTERS(STJ_RadioBasic, JTS_RadioBasic, kRadioBasic, offsetof(RadioBasicRec, capaflag))
+BX_SENT_ROW(STJ_ApBasic, kApBasicOut, ::bx::mask_at(offsetof(ApBasicRec, capaflag)))
+BX_RECEIVED_ROW(JTS_ApBasic, kApBasicIn, ::bx::mask_at(offsetof(ApBasicRec, capaflag)))
+BX_CONVERTERS(STJ_ApAdvanced, JTS_ApAdvanced, kApAdvanced, offsetof(ApAdvancedRec, capaflag))
+BX_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
+BX_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
+BX_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
 
-BX_MASKED_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, ApRateLimitRec, capaflag, kApRateLimit, kApRateLimit)
-BX_CONVERTERS(STJ_ApAccessRule, JTS_ApAccessRule, kApAccessRuleSent, kApAccessRuleReceived)
+BX_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, kApRateLimit, offsetof(ApRateLimitRec, capaflag))
+BX_SENT_ROW(STJ_ApAccessRule, kApAccessRuleSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_ApAccessRule, kApAccessRuleReceived, ::bx::kNoMask)
 
 } // extern "C"

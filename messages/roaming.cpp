@@ -204,21 +204,21 @@ extern "C" {
 
 /* ---- 113 ---- */
 
-BX_FIELD_CONVERTERS(STJ_L2_Roaming, JTS_L2_Roaming, kL2Roaming)
+BX_CONVERTERS(STJ_L2_Roaming, JTS_L2_Roaming, kL2Roaming)
 
 /* ---- 114 ---- */
 
 /* Only the settings the mask names go out; the mask itself never does, and
  * only gains bits: an absent key leaves its bit as it was. */
-BX_MASKED_CONVERTERS(STJ_Roaming, JTS_Roaming, RoamingRec, uiRoamFlag, kRoaming, kRoaming)
+BX_CONVERTERS(STJ_Roaming, JTS_Roaming, kRoaming, offsetof(RoamingRec, uiRoamFlag))
 
 /* ---- 115 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Roaming_APQuery, JTS_Roaming_APQuery, kApQuery)
+BX_CONVERTERS(STJ_Roaming_APQuery, JTS_Roaming_APQuery, kApQuery)
 
 /* ---- 116 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
+BX_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
 
 /* ---- 117 ---- */
 
@@ -229,7 +229,8 @@ BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
 
 /* ---- 118 ---- */
 
-BX_CONVERTERS(STJ_Roaming_Report, JTS_Roaming_Report, kReportOut, kReportIn)
+BX_SENT_ROW(STJ_Roaming_Report, kReportOut, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Roaming_Report, kReportIn, ::bx::kNoMask)
 
 /* ---- 119 (no record-to-tree direction) ---- */
 
@@ -237,6 +238,7 @@ BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 /* ---- 120 ---- */
 
-BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssiOut, kStaRssiIn)
+BX_SENT_ROW(STJ_Roaming_StaRssi, kStaRssiOut, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Roaming_StaRssi, kStaRssiIn, ::bx::kNoMask)
 
 } // extern "C"

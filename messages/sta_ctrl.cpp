@@ -70,16 +70,18 @@ BX_PACKED(kWifiListReceived);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
-BX_FIELD_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
-BX_FIELD_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
-BX_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, kCtrlListSent, kCtrlListReceived)
+BX_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
+BX_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
+BX_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
+BX_SENT_ROW(STJ_StaCtrlList, kCtrlListSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_StaCtrlList, kCtrlListReceived, ::bx::kNoMask)
 /* Asks for the list of one mode: the mode record again. */
-BX_FIELD_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
-BX_FIELD_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
-BX_FIELD_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
-BX_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, kWifiListSent, kWifiListReceived)
-BX_FIELD_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
-BX_FIELD_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
+BX_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
+BX_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
+BX_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
+BX_SENT_ROW(STJ_StaCtrlWifi_List, kWifiListSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_StaCtrlWifi_List, kWifiListReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
+BX_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
 
 } // extern "C"

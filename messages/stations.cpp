@@ -240,22 +240,22 @@ BX_RECEIVED_ROW(JTS_StaInfoByMac, kStaEntry, ::bx::kNoMask)
 
 /* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
+BX_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
 
 /* ---- Per-station traffic (91) --------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
+BX_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
 
 /* ---- Station counts (92) --------------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
+BX_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
 
 /* ---- Display name (93) ------------------------------------------------------------ */
 
-BX_FIELD_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
+BX_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
 
 /* ---- Brand and model (94) ------------------------------------------------------- */
 
-BX_MASKED_CONVERTERS(STJ_StaModel, JTS_StaModel, StaModel, uiFlag, kStaModel, kStaModel)
+BX_CONVERTERS(STJ_StaModel, JTS_StaModel, kStaModel, offsetof(StaModel, uiFlag))
 
 } // extern "C"

@@ -271,14 +271,15 @@ BX_PACKED(kIptv);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
-BX_CONVERTERS(STJ_WifiTimer_Set, JTS_WifiTimer_Set, kTimerTask, kTimerTaskSet)
-BX_FIELD_CONVERTERS(STJ_WifiTimer_List, JTS_WifiTimer_Get, kWifiTimerList)
-BX_FIELD_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
-BX_MASKED_CONVERTERS(STJ_Ratelimit, JTS_Ratelimit, RateLimitEntry, uiValidFlags, kRateLimit, kRateLimit)
-BX_FIELD_CONVERTERS(STJ_RatelimitList, JTS_RatelimitList, kRateLimitList)
-BX_FIELD_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
-BX_FIELD_CONVERTERS(STJ_PeriodRate_Get, JTS_PeriodRate_Get, kPeriodRateReport)
-BX_FIELD_CONVERTERS(STJ_IPTV, JTS_IPTV, kIptv)
+BX_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
+BX_SENT_ROW(STJ_WifiTimer_Set, kTimerTask, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiTimer_Set, kTimerTaskSet, ::bx::kNoMask)
+BX_CONVERTERS(STJ_WifiTimer_List, JTS_WifiTimer_Get, kWifiTimerList)
+BX_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
+BX_CONVERTERS(STJ_Ratelimit, JTS_Ratelimit, kRateLimit, offsetof(RateLimitEntry, uiValidFlags))
+BX_CONVERTERS(STJ_RatelimitList, JTS_RatelimitList, kRateLimitList)
+BX_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
+BX_CONVERTERS(STJ_PeriodRate_Get, JTS_PeriodRate_Get, kPeriodRateReport)
+BX_CONVERTERS(STJ_IPTV, JTS_IPTV, kIptv)
 
 } // extern "C"

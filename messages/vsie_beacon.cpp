@@ -126,15 +126,15 @@ extern "C" {
 
 /* ---- Type 140 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
+BX_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
 
 /* ---- Type 141 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Add, JTS_Vsie_Beacontx_Add, kAddFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Add, JTS_Vsie_Beacontx_Add, kAddFields)
 
 /* ---- Types 142, 146 and 151 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Idx, JTS_Vsie_Beacontx_Idx, bx::vsie::kIndexFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Idx, JTS_Vsie_Beacontx_Idx, bx::vsie::kIndexFields)
 
 /* The probe index messages send the same one member. */
 BX_API int STJ_Vsie_Proberx_Idx(const void *pvRecord, struct blob_buf *pstBuf)
@@ -200,6 +200,6 @@ BX_DESCRIBED(JTS_Vsie_Beacontx_List, kListReceived, kListPolicy, BTX_MAX, ::bx::
 
 /* ---- Type 144 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Set, JTS_Vsie_Beacontx_Set, kSwitchFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Set, JTS_Vsie_Beacontx_Set, kSwitchFields)
 
 } // extern "C"

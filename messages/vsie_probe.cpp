@@ -190,7 +190,7 @@ extern "C" {
 
 /* ---- Type 145 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Proberx_Add, JTS_Vsie_Proberx_Add, kRxAdd)
+BX_CONVERTERS(STJ_Vsie_Proberx_Add, JTS_Vsie_Proberx_Add, kRxAdd)
 
 /* ---- Type 146 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
@@ -341,7 +341,8 @@ BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX
 
 /* ---- Type 148 ---- */
 
-BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlushSent, kFlushReceived)
+BX_SENT_ROW(STJ_Vsie_Proberx_Flush, kFlushSent, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Vsie_Proberx_Flush, kFlushReceived, ::bx::kNoMask)
 
 /* ---- Type 149 ---- */
 
@@ -404,7 +405,7 @@ BX_DESCRIBED(JTS_Vsie_Proberx_Record_Add, kRecordAddSent, kVsieProberxPolicy, PR
 
 /* ---- Type 150 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Proberesp_Add, JTS_Vsie_Proberesp_Add, kRespAdd)
+BX_CONVERTERS(STJ_Vsie_Proberesp_Add, JTS_Vsie_Proberesp_Add, kRespAdd)
 
 /* ---- Type 151 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 

@@ -133,16 +133,17 @@ BX_PACKED(kPppoeReceived);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
+BX_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
 
-BX_FIELD_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
+BX_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
 
-BX_FIELD_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
+BX_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
 
-BX_FIELD_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
+BX_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
 
-BX_MASKED_CONVERTERS(STJ_Static, JTS_Static, WanStaticConfig, uiCapaFlag, kStatic, kStatic)
+BX_CONVERTERS(STJ_Static, JTS_Static, kStatic, offsetof(WanStaticConfig, uiCapaFlag))
 
-BX_MASKED_CONVERTERS(STJ_Pppoe, JTS_Pppoe, WanPppoeConfig, uiCapaFlag, kPppoeSent, kPppoeReceived)
+BX_SENT_ROW(STJ_Pppoe, kPppoeSent, ::bx::mask_at(offsetof(WanPppoeConfig, uiCapaFlag)))
+BX_RECEIVED_ROW(JTS_Pppoe, kPppoeReceived, ::bx::mask_at(offsetof(WanPppoeConfig, uiCapaFlag)))
 
 } // extern "C"
