@@ -456,7 +456,7 @@ consteval uint8_t entry_fields(size_t count)
 constexpr const char *kListFull = "list full, %u entries kept\n";
 #define BX_COUNTED_TABLES(Rec, m, Entry) \
     BX_TABLES(Rec, m, Entry, .count_at = offsetof(Rec, uiCount), .fills_count = true, .past_bound = ::bx::kListFull)
-#define BX_COUNT(Rec) BX_U32(Rec, uiCount, "count", nullptr)
+#define BX_COUNT(Rec, ...) BX_U32(Rec, uiCount, "count", nullptr, __VA_ARGS__)
 #define BX_COUNTED_LIST(Rec, member, key, list) BX_LIST(Rec, member, key, list, "count:%u")
 
 /* ---- Packed tables ------------------------------------------------------------ */

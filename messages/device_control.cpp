@@ -11,14 +11,11 @@ namespace {
 using bx::Field;
 
 /* Quirk: the reboot type is sent as "status" but received as "reboottype". */
-constexpr bx::FieldDef kRebootSentSource[] = {
-    BX_WORD(RebootParam, eRebootType, EnumTiming, "status", nullptr),
+constexpr bx::FieldDef kRebootSource[] = {
+    BX_WORD(RebootParam, eRebootType, EnumTiming, "status", nullptr, .way = bx::Way::Sent),
+    BX_WORD(RebootParam, eRebootType, EnumTiming, "reboottype", "reboot type:%d", .way = bx::Way::Received),
 };
-BX_PACKED(kRebootSent);
-constexpr bx::FieldDef kRebootReceivedSource[] = {
-    BX_WORD(RebootParam, eRebootType, EnumTiming, "reboottype", "reboot type:%d"),
-};
-BX_PACKED(kRebootReceived);
+BX_PACKED(kReboot);
 
 /* Every key optional when received. */
 constexpr bx::FieldDef kUpgradeSource[] = {
@@ -78,8 +75,7 @@ BX_PACKED(kLedColour);
 
 extern "C" {
 
-BX_SENT_ROW(STJ_Reboot, kRebootSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_Reboot, kRebootReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kReboot)
 
 BX_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
 

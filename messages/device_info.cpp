@@ -99,21 +99,7 @@ BX_PACKED(kHwInfo);
 
 /* The receiver reads the compile week but not the real version; the sender
  * sends the real version but not the week. */
-constexpr bx::FieldDef kFwSentSource[] = {
-    BX_TEXT(FwInfoParam, szFwVersion, "fwversion", nullptr),
-    BX_TEXT(FwInfoParam, szBootVersion, "bootversion", nullptr),
-    BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", nullptr),
-    BX_U32(FwInfoParam, uiYear, "compiletime_year", nullptr),
-    BX_U32(FwInfoParam, uiMon, "compiletime_mon", nullptr),
-    BX_U32(FwInfoParam, uiDay, "compiletime_day", nullptr),
-    BX_U32(FwInfoParam, uiHour, "compiletime_hour", nullptr),
-    BX_U32(FwInfoParam, uiMin, "compiletime_min", nullptr),
-    BX_U32(FwInfoParam, uiSec, "compiletime_sec", nullptr),
-    BX_TEXT(FwInfoParam, szRealVersion, "realversion", nullptr),
-};
-BX_PACKED(kFwSent);
-
-constexpr bx::FieldDef kFwReceivedSource[] = {
+constexpr bx::FieldDef kFwSource[] = {
     BX_TEXT(FwInfoParam, szFwVersion, "fwversion", "fw version:%s"),
     BX_TEXT(FwInfoParam, szBootVersion, "bootversion", "boot version:%s"),
     BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", "new fw version:%s"),
@@ -123,9 +109,10 @@ constexpr bx::FieldDef kFwReceivedSource[] = {
     BX_U32(FwInfoParam, uiHour, "compiletime_hour", "Hour:%d"),
     BX_U32(FwInfoParam, uiMin, "compiletime_min", "Minute:%d"),
     BX_U32(FwInfoParam, uiSec, "compiletime_sec", "Second:%d"),
-    BX_U32(FwInfoParam, uiWeek, "compiletime_week", "Week:%d"),
+    BX_U32(FwInfoParam, uiWeek, "compiletime_week", "Week:%d", .way = bx::Way::Received),
+    BX_TEXT(FwInfoParam, szRealVersion, "realversion", nullptr, .way = bx::Way::Sent),
 };
-BX_PACKED(kFwReceived);
+BX_PACKED(kFw);
 
 /* ---- The regular messages (types 3, 5 to 9) -------------------------------- */
 
@@ -221,8 +208,7 @@ extern "C" {
 
 BX_CONVERTERS(STJ_HwInfo, JTS_HwInfo, kHwInfo)
 
-BX_SENT_ROW(STJ_FwInfo, kFwSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_FwInfo, kFwReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFw)
 
 BX_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 

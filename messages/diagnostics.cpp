@@ -26,7 +26,7 @@ constexpr const char *kNoHost = "[Host] is not valid.";
 
 /* Their "capaflag" is parsed but never tested nor read: a sender cannot
  * set the word directly. */
-#define CAPAFLAG(Rec) BX_U32(Rec, uiCapaFlag, "capaflag", nullptr, .use = bx::Use::Parsed)
+#define CAPAFLAG(Rec, ...) BX_U32(Rec, uiCapaFlag, "capaflag", nullptr, __VA_ARGS__ __VA_OPT__(,) .use = bx::Use::Parsed)
 
 constexpr bx::FieldDef kPingSource[] = {
     BX_TEXT(PingRequest, szHost, "host", "Host:%s", .required = true, .absent = kNoHost),
@@ -48,9 +48,9 @@ constexpr const char *kBadMaxHop = "[TRACEROUTE_MAXHOP] is not valid.";
 
 /* Required, and looked at last on the way in: the numbers before it stay
  * stored. Quirk: a type above 1 is refused with the maxhop text. */
-#define TR_RESULTTYPE                                                                                 \
+#define TR_RESULTTYPE(way_)                                                                           \
     BX_U32(TraceRouteRequest, uiResultType, "resulttype", "ResultType:%d", .required = true,          \
-           .absent = "[ResultType] is not valid.", .range = {bx::Check::Before, 0, 1, kBadMaxHop})
+           .absent = "[ResultType] is not valid.", .way = way_, .range = {bx::Check::Before, 0, 1, kBadMaxHop})
 #define TR_NUMBER(m, key_, trace_, lowest, bit_, refusal)                                                \
     BX_U32(TraceRouteRequest, m, key_, trace_, .bit = bit_, .range = {bx::Check::Before, lowest, kHighest, refusal})
 #define TR_NUMBERS                                                                                    \
@@ -61,10 +61,15 @@ constexpr const char *kBadMaxHop = "[TRACEROUTE_MAXHOP] is not valid.";
               "[TRACEROUTE_BLOCKSIZE] is not valid."),                                                \
     TR_NUMBER(uiMaxHop, "maxhop", "MaxHop:%d", 1, DIAG_CAPA_MAXHOP, kBadMaxHop)
 
-constexpr bx::FieldDef kTraceRouteSource[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE, CAPAFLAG(TraceRouteRequest)};
+/* The type goes out before the numbers. */
+constexpr bx::FieldDef kTraceRouteSource[] = {
+    TR_HOST,
+    TR_RESULTTYPE(bx::Way::Sent),
+    TR_NUMBERS,
+    TR_RESULTTYPE(bx::Way::Received),
+    CAPAFLAG(TraceRouteRequest, .way = bx::Way::Received),
+};
 BX_PACKED(kTraceRoute);
-constexpr bx::FieldDef kTraceRouteSentSource[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
-BX_PACKED(kTraceRouteSent);
 #undef TR_HOST
 #undef TR_RESULTTYPE
 #undef TR_NUMBERS
@@ -121,8 +126,7 @@ BX_PACKED(kUplinkSupport);
 extern "C" {
 
 BX_CONVERTERS(STJ_Ping, JTS_Ping, kPing, offsetof(PingRequest, uiCapaFlag))
-BX_SENT_ROW(STJ_TraceRoute, kTraceRouteSent, ::bx::mask_at(offsetof(TraceRouteRequest, uiCapaFlag)))
-BX_RECEIVED_ROW(JTS_TraceRoute, kTraceRoute, ::bx::mask_at(offsetof(TraceRouteRequest, uiCapaFlag)))
+BX_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, kTraceRoute, offsetof(TraceRouteRequest, uiCapaFlag))
 
 BX_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 

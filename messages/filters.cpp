@@ -399,14 +399,12 @@ BX_PACKED(kDnsReply);
 
 /* Quirk: the switch goes out under "idx" but comes in under "status", where
  * an unknown word is refused after it has been stored. */
-constexpr bx::FieldDef kSwitchSentSource[] = {
-    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr),
+constexpr bx::FieldDef kSwitchSource[] = {
+    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr, .way = bx::Way::Sent),
+    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d", .required = true, .way = bx::Way::Received,
+        .range = kKnownWord),
 };
-BX_PACKED(kSwitchSent);
-constexpr bx::FieldDef kSwitchReceivedSource[] = {
-    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d", .required = true, .range = kKnownWord),
-};
-BX_PACKED(kSwitchReceived);
+BX_PACKED(kSwitch);
 
 #undef URL_RULE_KEYS
 #undef DNS_RULE_KEYS
@@ -417,8 +415,7 @@ BX_PACKED(kSwitchReceived);
 
 extern "C" {
 
-BX_SENT_ROW(STJ_FilterUrl_Switch, kSwitchSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_FilterUrl_Switch, kSwitchReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_FilterUrl_Switch, JTS_FilterUrl_Switch, kSwitch)
 
 BX_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
 BX_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)

@@ -84,16 +84,19 @@ constexpr bx::FieldDef kLanStaticEntrySource[] = {
 BX_PACKED(kLanStaticEntry);
 
 constexpr bx::ListOf kRepeaterList = BX_COUNTED_TABLES(RepeaterListParam, astList, kRepeaterAp);
-constexpr bx::FieldDef kRepeaterListSentSource[] = {BX_COUNT(RepeaterListParam), BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList)};
-BX_PACKED(kRepeaterListSent);
-constexpr bx::FieldDef kRepeaterListReceivedSource[] = {kRepeaterListSentSource[1]};
-BX_PACKED(kRepeaterListReceived);
+/* "count" only goes out: a received list counts what it fills. */
+constexpr bx::FieldDef kRepeaterListMsgSource[] = {
+    BX_COUNT(RepeaterListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList),
+};
+BX_PACKED(kRepeaterListMsg);
 
 constexpr bx::ListOf kLanStaticList = BX_COUNTED_TABLES(LanStaticListParam, astList, kLanStaticEntry);
-constexpr bx::FieldDef kLanStaticListSentSource[] = {BX_COUNT(LanStaticListParam), BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList)};
-BX_PACKED(kLanStaticListSent);
-constexpr bx::FieldDef kLanStaticListReceivedSource[] = {kLanStaticListSentSource[1]};
-BX_PACKED(kLanStaticListReceived);
+constexpr bx::FieldDef kLanStaticListMsgSource[] = {
+    BX_COUNT(LanStaticListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList),
+};
+BX_PACKED(kLanStaticListMsg);
 
 } // namespace
 
@@ -110,9 +113,7 @@ BX_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
 BX_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
 BX_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
 
-BX_SENT_ROW(STJ_Repeater_List, kRepeaterListSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_RepeaterList, kRepeaterListReceived, ::bx::kNoMask)
-BX_SENT_ROW(STJ_LanStatic_List, kLanStaticListSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_LanStatic_List, kLanStaticListReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, kRepeaterListMsg)
+BX_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, kLanStaticListMsg)
 
 } // extern "C"

@@ -82,35 +82,32 @@ BX_PACKED(kRadioBasic);
 
 /* ---- Access point basic settings (70) ---------------------------------------------- */
 
-constexpr bx::FieldDef kAbStatus = BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d",
-    .bit = WIFI_CAPA_STATUS);
-constexpr bx::FieldDef kAbSsid = BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s", .bit = WIFI_CAPA_SSID);
-constexpr bx::FieldDef kAbInitalSsid = BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s");
-constexpr bx::FieldDef kAbBssid = BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s");
-constexpr bx::FieldDef kAbAuth = BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d", .bit = WIFI_CAPA_AUTH);
-constexpr bx::FieldDef kAbEncrypt =
-    BX_WORD(ApBasicRec, uiEncrypt, EnumCipher, "encrypt", "encrypt:%d", .bit = WIFI_CAPA_ENCRYPT);
-constexpr bx::FieldDef kAbKey = BX_TEXT(ApBasicRec, szKey, "key", "key:%s", .bit = WIFI_CAPA_KEY);
-constexpr bx::FieldDef kAbHide = BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d", .bit = WIFI_CAPA_HIDE);
-
-/* The times and the mask come along; the daemons keep the times, nobody
- * converts them. */
-constexpr bx::FieldDef kApBasicInSource[] = {
-    RADIO(ApBasicRec, .required = true, .absent = kNoRadio),
-    APINDEX(ApBasicRec, .required = true, .absent = kNoApIndex),
-    kAbStatus, kAbSsid, kAbInitalSsid, kAbBssid, kAbAuth, kAbEncrypt, kAbKey, kAbHide,
-    BX_U32(ApBasicRec, uiValidTime, "ValidTime", nullptr, .use = bx::Use::Listed),
-    BX_U32(ApBasicRec, uiRestTime, "RestTime", nullptr, .use = bx::Use::Listed),
-    CAPAFLAG(ApBasicRec, .use = bx::Use::Listed),
+/* One table for both directions. Only a received message must name its
+ * radio and access point. The times and the mask come along; the daemons
+ * keep the times, nobody converts them. The key goes out after "hide"
+ * (receivers read the members in that order), and the bssid and factory
+ * name go out last, as state. */
+constexpr bx::FieldDef kApBasicSource[] = {
+    RADIO(ApBasicRec, .required = true, .absent = kNoRadio, .way = bx::Way::Received),
+    RADIO(ApBasicRec, .way = bx::Way::Sent),
+    APINDEX(ApBasicRec, .required = true, .absent = kNoApIndex, .way = bx::Way::Received),
+    APINDEX(ApBasicRec, .way = bx::Way::Sent),
+    BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d", .bit = WIFI_CAPA_STATUS),
+    BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s", .bit = WIFI_CAPA_SSID),
+    BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s", .way = bx::Way::Received),
+    BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Received),
+    BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d", .bit = WIFI_CAPA_AUTH),
+    BX_WORD(ApBasicRec, uiEncrypt, EnumCipher, "encrypt", "encrypt:%d", .bit = WIFI_CAPA_ENCRYPT),
+    BX_TEXT(ApBasicRec, szKey, "key", "key:%s", .bit = WIFI_CAPA_KEY, .way = bx::Way::Received),
+    BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d", .bit = WIFI_CAPA_HIDE),
+    BX_TEXT(ApBasicRec, szKey, "key", "key:%s", .bit = WIFI_CAPA_KEY, .way = bx::Way::Sent),
+    BX_U32(ApBasicRec, uiValidTime, "ValidTime", nullptr, .way = bx::Way::Received, .use = bx::Use::Listed),
+    BX_U32(ApBasicRec, uiRestTime, "RestTime", nullptr, .way = bx::Way::Received, .use = bx::Use::Listed),
+    CAPAFLAG(ApBasicRec, .way = bx::Way::Received, .use = bx::Use::Listed),
+    state(BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Sent)),
+    state(BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s", .way = bx::Way::Sent)),
 };
-BX_PACKED(kApBasicIn);
-
-/* The key goes out after "hide": receivers read the members in this order. */
-constexpr bx::FieldDef kApBasicOutSource[] = {
-    RADIO(ApBasicRec), APINDEX(ApBasicRec), kAbStatus, kAbSsid, kAbAuth, kAbEncrypt, kAbHide, kAbKey,
-    state(kAbBssid), state(kAbInitalSsid),
-};
-BX_PACKED(kApBasicOut);
+BX_PACKED(kApBasic);
 
 /* ---- Access point advanced settings, rate limit, access mode (71 to 73) --------------- */
 
@@ -196,22 +193,17 @@ constexpr bx::ListOf kApAccessIps =
 
 #define ACCESS_RULE(Rec) \
     BX_WORD(Rec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d", .quirk = &kRuleOrNone)
-#define IP_LIST(Rec) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr)
+#define IP_LIST(Rec, ...) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr, __VA_ARGS__)
 
-/* Sent: the rule words, then the addresses, as many as "count" says. */
-constexpr bx::FieldDef kApAccessRuleSentSource[] = {
-    RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
-    BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"), IP_LIST(ApAccessRuleRec),
-};
-BX_PACKED(kApAccessRuleSent);
-
-/* Received: the list comes first. */
-constexpr bx::FieldDef kApAccessRuleReceivedSource[] = {
-    IP_LIST(ApAccessRuleRec),
+/* Sent: the rule words, then the addresses, as many as "count" says;
+ * received, the list comes first. */
+constexpr bx::FieldDef kApAccessRuleSource[] = {
+    IP_LIST(ApAccessRuleRec, .way = bx::Way::Received),
     RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
     BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
+    IP_LIST(ApAccessRuleRec, .way = bx::Way::Sent),
 };
-BX_PACKED(kApAccessRuleReceived);
+BX_PACKED(kApAccessRule);
 #undef ACCESS_RULE
 #undef IP_LIST
 
@@ -237,15 +229,13 @@ BX_CONVERTERS(STJ_WifiOpt, JTS_WifiOpt, kWifiRadio)
 /* The selection message's receiver traces under the name JTS_WifiRadio. */
 BX_CONVERTERS(STJ_WifiSelect, JTS_WifiRadio, kWifiSelect)
 BX_CONVERTERS(STJ_RadioBasic, JTS_RadioBasic, kRadioBasic, offsetof(RadioBasicRec, capaflag))
-BX_SENT_ROW(STJ_ApBasic, kApBasicOut, ::bx::mask_at(offsetof(ApBasicRec, capaflag)))
-BX_RECEIVED_ROW(JTS_ApBasic, kApBasicIn, ::bx::mask_at(offsetof(ApBasicRec, capaflag)))
+BX_CONVERTERS(STJ_ApBasic, JTS_ApBasic, kApBasic, offsetof(ApBasicRec, capaflag))
 BX_CONVERTERS(STJ_ApAdvanced, JTS_ApAdvanced, kApAdvanced, offsetof(ApAdvancedRec, capaflag))
 BX_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
 BX_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
 BX_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
 
 BX_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, kApRateLimit, offsetof(ApRateLimitRec, capaflag))
-BX_SENT_ROW(STJ_ApAccessRule, kApAccessRuleSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_ApAccessRule, kApAccessRuleReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_ApAccessRule, JTS_ApAccessRule, kApAccessRule)
 
 } // extern "C"
