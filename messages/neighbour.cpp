@@ -75,18 +75,13 @@ constexpr bx::ListOf kNeighboursIn =
 #define SCAN_RADIO(Rec) BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d", .required = true, .absent = "[radio] is not valid.")
 #define SCAN_COUNT(Rec) BX_U32(Rec, uiCount, "count", "count:%u")
 
-constexpr bx::FieldDef kNeighboursSentSource[] = {
+constexpr bx::FieldDef kNeighboursSource[] = {
     SCAN_RADIO(WlanNeighbourRec),
     SCAN_COUNT(WlanNeighbourRec),
-    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursOut, nullptr),
+    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursOut, nullptr, .way = bx::Way::Sent),
+    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursIn, nullptr, .way = bx::Way::Received),
 };
-BX_PACKED(kNeighboursSent);
-constexpr bx::FieldDef kNeighboursReceivedSource[] = {
-    SCAN_RADIO(WlanNeighbourRec),
-    SCAN_COUNT(WlanNeighbourRec),
-    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursIn, nullptr),
-};
-BX_PACKED(kNeighboursReceived);
+BX_PACKED(kNeighbours);
 
 /* ---- 80, 81: channel scan and scores ------------------------------------------------- */
 
@@ -119,8 +114,7 @@ BX_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
-BX_SENT_ROW(STJ_WlanNeighbour, kNeighboursSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_WlanNeighbour, kNeighboursReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_WlanNeighbour, JTS_WlanNeighbour, kNeighbours)
 
 /* ---- 79 ---- */
 

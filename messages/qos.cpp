@@ -96,30 +96,25 @@ constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_firs
 constexpr bx::FieldDef kProtocolSource[] = {BX_U32_ENTRY(nullptr)};
 BX_PACKED(kProtocol);
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
-#define RULE_PROTOCOLS(q) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, .quirk = &(q))
+#define RULE_PROTOCOLS(q, ...) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, __VA_ARGS__ __VA_OPT__(,) .quirk = &(q))
 
 /* ---- Add (124) ------------------------------------------------------------------------ */
 
 /* Quirk: the MAC texts may fill all 17 bytes; the next field ends them.
- * "protocol" is read after the other keys. */
-constexpr bx::FieldDef kAddReceivedSource[] = {
+ * "protocol" goes out before the MAC addresses but is read after the other
+ * keys. Only the MAC addresses go with a new rule; the addresses, masks
+ * and ports follow with the set message. */
+constexpr bx::FieldDef kAddSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "Priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Valn8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
+    RULE_PROTOCOLS(kAddProtocols, .way = bx::Way::Sent),
     BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s", .whole = true),
     BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s", .whole = true),
-    RULE_PROTOCOLS(kAddProtocols),
+    RULE_PROTOCOLS(kAddProtocols, .way = bx::Way::Received),
 };
-BX_PACKED(kAddReceived);
-
-/* Only the MAC addresses go with a new rule; the addresses, masks and ports
- * follow with the set message. */
-constexpr bx::FieldDef kAddSentSource[] = {
-    kAddReceivedSource[0], kAddReceivedSource[1], kAddReceivedSource[2], kAddReceivedSource[3],
-    kAddReceivedSource[6], kAddReceivedSource[4], kAddReceivedSource[5],
-};
-BX_PACKED(kAddSent);
+BX_PACKED(kAdd);
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------ */
 
@@ -259,8 +254,7 @@ extern "C" {
 BX_CONVERTERS(STJ_QoS, JTS_QoS, kQosSwitch)
 BX_CONVERTERS(STJ_Dscp, JTS_Dscp, kQosSwitch)
 BX_CONVERTERS(STJ_8021p, JTS_8021p, kQosSwitch)
-BX_SENT_ROW(STJ_Qos_Classification_Add, kAddSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_Qos_Classification_Add, kAddReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Qos_Classification_Add, JTS_Qos_Classification_Add, kAdd)
 BX_CONVERTERS(STJ_Qos_Classification_Delete, JTS_Qos_Classification_Delete, kQosClassIndex)
 BX_CONVERTERS(STJ_Qos_Classification_List, JTS_Qos_Classification_List, kRuleList)
 BX_SENT_ROW(STJ_Qos_Classification_Set, kRule, ::bx::kNoMask)

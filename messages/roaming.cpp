@@ -142,34 +142,21 @@ constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag, "a 16-bit
                  .size = BX_FIELD_SIZE(RoamingReportRec, m), .trace = trace_, .shape = bx::trace_shape(trace_),  \
                  .quirk = &kSupportFlag}
 
-constexpr bx::FieldDef kReportOutSource[] = {
-    BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
-    BX_U32(RoamingReportRec, uiConnectTime, "connecttime", nullptr),
-    BX_S32(RoamingReportRec, iRssi, "rssi", nullptr),
-    BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", nullptr),
-    BX_U32(RoamingReportRec, uiChannel, "channel", nullptr),
-    BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr),
-    BX_U32(RoamingReportRec, uiRxRate, "rxRate", nullptr),
-    BX_U32(RoamingReportRec, uiTxRate, "txRate", nullptr),
-    SUPPORT_FLAG(usSupport11k, "support11k", nullptr),
-    SUPPORT_FLAG(usSupport11v, "support11v", nullptr),
-};
-BX_PACKED(kReportOut);
-
-/* Received in another order than sent. */
-constexpr bx::FieldDef kReportInSource[] = {
+/* Received in another order than sent: the bssid comes second. */
+constexpr bx::FieldDef kReportSource[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", "mac:%s"),
-    BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s"),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Received),
     BX_U32(RoamingReportRec, uiConnectTime, "connecttime", "connecttime:%u"),
     BX_S32(RoamingReportRec, iRssi, "rssi", "rssi:%d"),
     BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_U32(RoamingReportRec, uiChannel, "channel", "channel:%u"),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr, .way = bx::Way::Sent),
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
     SUPPORT_FLAG(usSupport11k, "support11k", "support11k:%u"),
     SUPPORT_FLAG(usSupport11v, "support11v", "support11v:%u"),
 };
-BX_PACKED(kReportIn);
+BX_PACKED(kReport);
 #undef SUPPORT_FLAG
 
 /* ---- 119: stop detecting a station (received only) -------------------------------- */
@@ -182,21 +169,16 @@ BX_PACKED(kStopDetect);
 
 /* ---- 120: a station's weak signal ------------------------------------------------- */
 
-constexpr bx::FieldDef kStaRssiOutSource[] = {
-    BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr),
-    BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr),
-    BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
-};
-BX_PACKED(kStaRssiOut);
-
-/* Received in another order than sent: radio before rssi. The MAC takes
- * all 18 bytes, terminator included: a longer text leaves none. */
-constexpr bx::FieldDef kStaRssiInSource[] = {
-    BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s", .whole = true),
+/* Received in another order than sent: radio before rssi. A received MAC
+ * takes all 18 bytes, terminator included: a longer text leaves none. */
+constexpr bx::FieldDef kStaRssiSource[] = {
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s", .whole = true, .way = bx::Way::Received),
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr, .way = bx::Way::Sent),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr, .way = bx::Way::Sent),
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
-    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d", .way = bx::Way::Received),
 };
-BX_PACKED(kStaRssiIn);
+BX_PACKED(kStaRssi);
 
 } // namespace
 
@@ -222,15 +204,12 @@ BX_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
 
 /* ---- 117 ---- */
 
-BX_SENT_ROW(STJ_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
-
 /* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
-BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Roaming_BssTrans, JTS_Roaming_BssTrans, kBssTrans)
 
 /* ---- 118 ---- */
 
-BX_SENT_ROW(STJ_Roaming_Report, kReportOut, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_Roaming_Report, kReportIn, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Roaming_Report, JTS_Roaming_Report, kReport)
 
 /* ---- 119 (no record-to-tree direction) ---- */
 
@@ -238,7 +217,6 @@ BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 /* ---- 120 ---- */
 
-BX_SENT_ROW(STJ_Roaming_StaRssi, kStaRssiOut, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_Roaming_StaRssi, kStaRssiIn, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssi)
 
 } // extern "C"

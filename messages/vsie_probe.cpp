@@ -117,10 +117,11 @@ BX_PACKED(kRxListSent);
 
 /* Quirk (148): sent from the very start of the record, a bare service name,
  * whereas the received name lands after an entry's uiIdx. */
-constexpr bx::FieldDef kFlushSentSource[] = {BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr)};
-BX_PACKED(kFlushSent);
-constexpr bx::FieldDef kFlushReceivedSource[] = {BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s")};
-BX_PACKED(kFlushReceived);
+constexpr bx::FieldDef kFlushSource[] = {
+    BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr, .way = bx::Way::Sent),
+    BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s", .way = bx::Way::Received),
+};
+BX_PACKED(kFlush);
 
 /* Quirk (149): "vsie" carries the OUI ahead of uiVsieLen payload bytes. */
 void send_oui_and_payload(const Field &f, const void *record, blob_buf *buf)
@@ -341,8 +342,7 @@ BX_DESCRIBED(JTS_Vsie_Proberx_List, kRxListReceived, kVsieProberxPolicy, PRX_MAX
 
 /* ---- Type 148 ---- */
 
-BX_SENT_ROW(STJ_Vsie_Proberx_Flush, kFlushSent, ::bx::kNoMask)
-BX_RECEIVED_ROW(JTS_Vsie_Proberx_Flush, kFlushReceived, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlush)
 
 /* ---- Type 149 ---- */
 
