@@ -26,7 +26,7 @@ constexpr const char *kNoHost = "[Host] is not valid.";
 
 /* Their "capaflag" is parsed but never tested nor read: a sender cannot
  * set the word directly. */
-#define CAPAFLAG(Rec, ...) BX_U32(Rec, uiCapaFlag, "capaflag", nullptr, __VA_ARGS__ __VA_OPT__(,) .use = bx::Use::Parsed)
+#define CAPAFLAG(Rec, way_) BX_U32(Rec, uiCapaFlag, "capaflag", nullptr, .way = way_, .use = bx::Use::Parsed)
 
 constexpr bx::FieldDef kPingSource[] = {
     BX_TEXT(PingRequest, szHost, "host", "Host:%s", .required = true, .absent = kNoHost),
@@ -37,7 +37,7 @@ constexpr bx::FieldDef kPingSource[] = {
     /* Quirk: sent with any low validity bit, not only its own. */
     BX_U32(PingRequest, uiBlockSize, "blocksize", "BlockSize:%d", .bit = DIAG_CAPA_BLOCKSIZE, .sent_if = bx::kAnyLowBit,
         .range = {bx::Check::Before, 1, kHighest, "[PING_BLOCKSIZE] is not valid."}),
-    CAPAFLAG(PingRequest),
+    CAPAFLAG(PingRequest, bx::Way::Both),
     BX_TEXT(PingRequest, szPingTime, "pingtime", "PingTime:%s"),
     BX_U32(PingRequest, uiPingNum, "pingnum", "PingNum:%d"),
 };
@@ -67,7 +67,7 @@ constexpr bx::FieldDef kTraceRouteSource[] = {
     TR_RESULTTYPE(bx::Way::Sent),
     TR_NUMBERS,
     TR_RESULTTYPE(bx::Way::Received),
-    CAPAFLAG(TraceRouteRequest, .way = bx::Way::Received),
+    CAPAFLAG(TraceRouteRequest, bx::Way::Received),
 };
 BX_PACKED(kTraceRoute);
 #undef TR_HOST

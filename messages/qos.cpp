@@ -96,7 +96,7 @@ constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_firs
 constexpr bx::FieldDef kProtocolSource[] = {BX_U32_ENTRY(nullptr)};
 BX_PACKED(kProtocol);
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
-#define RULE_PROTOCOLS(q, ...) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, __VA_ARGS__ __VA_OPT__(,) .quirk = &(q))
+#define RULE_PROTOCOLS(q, way_) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, .way = way_, .quirk = &(q))
 
 /* ---- Add (124) ------------------------------------------------------------------------ */
 
@@ -109,10 +109,10 @@ constexpr bx::FieldDef kAddSource[] = {
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Valn8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
-    RULE_PROTOCOLS(kAddProtocols, .way = bx::Way::Sent),
+    RULE_PROTOCOLS(kAddProtocols, bx::Way::Sent),
     BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s", .whole = true),
     BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s", .whole = true),
-    RULE_PROTOCOLS(kAddProtocols, .way = bx::Way::Received),
+    RULE_PROTOCOLS(kAddProtocols, bx::Way::Received),
 };
 BX_PACKED(kAdd);
 
@@ -196,7 +196,7 @@ constexpr bx::FieldDef kListedRuleSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "dscps:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "linktype:%u"),
-    RULE_PROTOCOLS(kListedProtocols),
+    RULE_PROTOCOLS(kListedProtocols, bx::Way::Both),
     BX_TEXT(QosClassRule, szSrcIp, "srcip", "SrcIp:%s"),
     BX_TEXT(QosClassRule, szSrcMask, "srcmask", "SrcMask:%s"),
     BX_U32(QosClassRule, uiSrcPort, "srcport", "SrcPort:%d"),
