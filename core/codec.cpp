@@ -440,13 +440,10 @@ const Field &ListOf::row(size_t i) const
     const Field *f = entry();
     if (way == Way::Both)
         return f[i];
-    const Way skipped = way == Way::Sent ? Way::Received : way == Way::Received ? Way::Sent : Way::Both;
+    const Way skipped = way == Way::Sent ? Way::Received : Way::Sent;
     for (size_t seen = 0;; ++f) {
-        if (skipped == Way::Both || f->way != skipped) {
-            if (seen == i)
-                return *f;
-            ++seen;
-        }
+        if (f->way != skipped && seen++ == i)
+            return *f;
     }
 }
 

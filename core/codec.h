@@ -253,7 +253,7 @@ constexpr uint32_t kOwnBit = 0xFFFFFFFFu;
  *     BX_U32(Rec, uiNum, "num", "Num:%d", .required = true, .absent = kNoNum)
  * This form exists only while compiling: BX_PACKED turns a table of them
  * into the rows the library keeps (Field, below). */
-struct FieldDef {
+struct FieldDef {  /* NOLINT(clang-analyzer-optin.performance.Padding): never stored, its columns in writing order */
     /* What the member is. */
     const char *key = nullptr;
     Wire wire = Wire::U32;
