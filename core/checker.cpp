@@ -139,7 +139,7 @@ struct Area {
 bool in_policy(const Area &a, const blob_attr *attr)
 {
     for (uint16_t i = 0; i < a.policy_count; ++i) {
-        if (named(attr, a.policy != nullptr ? a.policy[i].name : a.table.entry()[i].key()))
+        if (named(attr, a.policy != nullptr ? a.policy[i].name : a.table.row(i).key()))
             return true;
     }
     return false;
@@ -170,8 +170,8 @@ void examine_key(Examination &in, const Area &a, blob_attr *attr)
     const char *key = at < in.path_len ? in.path + at : "";
     const Field *row = nullptr;
     for (uint8_t i = 0; i < a.table.fields && row == nullptr; ++i) {
-        if (named(attr, a.table.entry()[i].key()))
-            row = &a.table.entry()[i];
+        if (named(attr, a.table.row(i).key()))
+            row = &a.table.row(i);
     }
     if (row == nullptr && !in_policy(a, attr)) {
         BX_SAY(in, "not a key of this message: ignored");
@@ -277,8 +277,8 @@ uint32_t list_limit(const Area &a, const Field &list)
     const uint32_t capacity = l.capacity != 0 ? l.capacity : UINT32_MAX;
     if (l.bound == Bound::Capacity || l.count_at < 0)
         return capacity;
-    for (uint8_t i = 0; i < a.table.fields && &a.table.entry()[i] != &list; ++i) {
-        const Field &f = a.table.entry()[i];
+    for (uint8_t i = 0; i < a.table.fields && &a.table.row(i) != &list; ++i) {
+        const Field &f = a.table.row(i);
         blob_attr *slot = f.stored && f.offset == static_cast<uint16_t>(l.count_at) && f.wire != Wire::List
                               ? slot_of(a.data, a.len, f)
                               : nullptr;
@@ -361,7 +361,7 @@ void examine_area(Examination &in, const Area &a)
         report(in, BLOBXLATE_FINDING_MALFORMED, nullptr);
     }
     for (uint8_t i = 0; i < a.table.fields; ++i)
-        examine_row(in, a, a.table.entry()[i]);
+        examine_row(in, a, a.table.row(i));
 }
 
 } // namespace

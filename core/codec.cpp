@@ -214,7 +214,8 @@ void emit_fields(const Field *fields, size_t count, const Link *links, const voi
     const uint32_t mask = mask_of(record, mask_at);
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
-        if (!f.sent || (f.sent_if() != 0 && (mask & f.sent_if()) == 0))
+        const uint32_t sent_if = f.sent_if();
+        if (!f.sent || f.way == Way::Received || (sent_if != 0 && (mask & sent_if) == 0))
             continue;
         const Quirk *quirk = f.quirk(links);
         if (quirk != nullptr && quirk->send != nullptr)
@@ -454,10 +455,24 @@ Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
     return kGoOn;
 }
 
+const Field &ListOf::row(size_t i) const
+{
+    const Field *f = entry();
+    if (way == Way::Both)
+        return f[i];
+    const Way skipped = way == Way::Sent ? Way::Received : Way::Sent;
+    for (size_t seen = 0;; ++f) {
+        if (f->way != skipped && seen++ == i)
+            return *f;
+    }
+}
+
 Read read_fields(const Reading &r, const Field *fields, size_t count)
 {
     for (size_t i = 0; i < count; ++i) {
         const Field &f = fields[i];
+        if (f.way == Way::Sent)
+            continue;
         const Quirk *quirk = f.quirk(r.links);
         Read done = quirk != nullptr && quirk->read != nullptr ? quirk->read(r, f, r.tb[i]) : read_slot(r, f, r.tb[i]);
         if (done.refused)

@@ -3,7 +3,7 @@
  * A message is described by a table of Fields: each row says where a member
  * lives in the record, how it travels, and the rules the message keeps for
  * it (required, validity bit, range, keys only listed). A regular message
- * is its table and a BX_*_CONVERTERS line; an irregular one keeps a short
+ * is its table and a BX_CONVERTERS line; an irregular one keeps a short
  * function that says where it departs from its table.
  *
  * Everything here reads only inside the message it is given: attributes
@@ -229,35 +229,63 @@ enum class Check : uint8_t {
     After,   /* stored and traced first, then refused: the record keeps it */
 };
 
-/* One member of a message as a table is written: where it lives in the
- * record, how it travels, and every rule the message keeps for it. The
- * rules default to "optional, always sent, any value": a regular member is
- * just its BX_* line. This form exists only while compiling: BX_PACKED
- * turns a table of them into the rows the library keeps (Field, below). */
-struct FieldDef {
-    const char *key;
-    Wire wire;
-    int8_t word_list;  /* EnumKind of a Word, else -1 */
-    uint16_t offset;
-    uint16_t size;
-    const char *trace;  /* trace after storing (no line end), or nullptr */
-    TraceShape shape;   /* how trace's value is passed */
-    const char *member = nullptr;  /* the record member's name, for the description */
-    bool sent : 1 = true;            /* false: only ever received */
-    bool whole : 1 = false;          /* a text copied with the array's whole size */
-    bool tested : 1 = true;          /* false: parsed by the policy, never tested */
-    bool stored : 1 = true;          /* false: the key is tested, never read */
-    bool required : 1 = false;       /* a message without it is refused */
-    Check check = Check::None;       /* whether and when lowest..highest is tested */
-    int8_t refused_ret = -1;         /* result of a refused message */
-    const char *refusal = nullptr;   /* trace line of a message without it, if any */
-    const char *out_of_range = nullptr;  /* refusal trace of a value outside lowest..highest, if any */
-    const ListOf *list = nullptr;    /* a List's entries and how they are walked */
-    const Quirk *quirk = nullptr;    /* where the member departs from these columns */
-    uint32_t mask_bit = 0;           /* set in the record's mask once stored */
-    uint32_t sent_if = 0;            /* sent only while the mask has one of these (0: always) */
+/* Whether a received member is read. */
+enum class Use : uint8_t {
+    Read,    /* tested, stored, traced and sent */
+    Tested,  /* tested (a missing one is reported or refused), never read; still sent */
+    Listed,  /* the same, never sent: only the message's key list has it */
+    Parsed,  /* parsed into its slot, nothing more: the slots keep the order the daemons have always parsed */
+};
+
+/* The direction a row of a message's one table serves, where the sent and
+ * the received forms differ. */
+enum class Way : uint8_t {
+    Both,
+    Sent,      /* only sent: a receiver neither parses nor reads it */
+    Received,  /* only received: never sent */
+};
+
+/* A number's accepted values and when they are tested. */
+struct Range {
+    Check when = Check::None;
     uint32_t lowest = 0;
     uint32_t highest = 0;
+    const char *refusal = nullptr;  /* trace of a value outside lowest..highest (result -1), if any */
+};
+
+/* sent_if's default: the member's own validity bit. */
+constexpr uint32_t kOwnBit = 0xFFFFFFFFu;
+
+/* One member of a message as a table is written: designated columns whose
+ * defaults say "optional, read, always sent, any value", so that a regular
+ * member is its BX_* line alone and a rule is the column named after it,
+ * written after the line's own arguments in this order:
+ *     BX_U32(Rec, uiNum, "num", "Num:%d", .required = true, .absent = kNoNum)
+ * This form exists only while compiling: BX_PACKED turns a table of them
+ * into the rows the library keeps (Field, below). */
+struct FieldDef {  /* NOLINT(clang-analyzer-optin.performance.Padding): never stored, its columns in writing order */
+    /* What the member is. */
+    const char *key = nullptr;
+    Wire wire = Wire::U32;
+    int8_t word_list = -1;  /* EnumKind of a Word, else -1 */
+    uint16_t offset = 0;
+    uint16_t size = 0;
+    const char *trace = nullptr;   /* trace after storing (no line end), or nullptr */
+    TraceShape shape{};            /* how trace's value is passed */
+    const char *member = nullptr;  /* the record member's name, for the description */
+    bool whole = false;            /* a text copied with its array's whole size: one that fills it keeps no terminator */
+    const ListOf *list = nullptr;  /* a List's entries and how they are walked */
+    /* Its presence. */
+    bool required = false;         /* a message without it is refused (result `ret`) */
+    const char *absent = nullptr;  /* traced when it is missing: the refusal, or a report that lets the message go on */
+    int8_t ret = -1;
+    uint32_t bit = 0;              /* validity bit set in the record's mask once stored */
+    uint32_t sent_if = kOwnBit;    /* sent only while the mask has one of these (0: always) */
+    /* Its direction, use, check, and where it departs from these columns. */
+    Way way = Way::Both;
+    Use use = Use::Read;
+    Range range{};
+    const Quirk *quirk = nullptr;
 };
 
 /* One member of a message as the library keeps it: FieldDef's columns, with
@@ -297,6 +325,7 @@ struct Field {
     bool stored : 1 = true;
     bool required : 1 = false;
     uint8_t link = 0;  /* 1 + the index of the row's list and quirk among its table's links; 0: none */
+    Way way = Way::Both;
 
     constexpr Field() = default;
     Field(const Field &) = delete;
@@ -342,17 +371,21 @@ consteval uint16_t fits16(size_t n)
 }
 #define BX_FIELD_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member))
 #define BX_FIELD_AT(Rec, member) ::bx::fits16(offsetof(Rec, member))
-#define BX_TEXT(Rec, member, key, trace)                                                              \
-    ::bx::FieldDef{key, ::bx::Wire::Text, -1, BX_FIELD_AT(Rec, member), ::bx::text_size(BX_FIELD_SIZE(Rec, member)), \
-                trace, ::bx::trace_shape(trace), #member}
-#define BX_U32(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::U32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
-#define BX_S32(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::S32, -1, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
-#define BX_U64(Rec, member, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::U64, -1, BX_FIELD_AT(Rec, member), 8, trace, ::bx::trace_shape(trace), #member}
-#define BX_WORD(Rec, member, word_list, key, trace) \
-    ::bx::FieldDef{key, ::bx::Wire::Word, word_list, BX_FIELD_AT(Rec, member), 4, trace, ::bx::trace_shape(trace), #member}
+
+/* The row of member m of record Rec, travelling as wire_ under key_, with
+ * the trace trace_ once stored; more columns may follow. */
+#define BX_MEMBER(Rec, m, wire_, words_, size_, key_, trace_, ...)                                         \
+    ::bx::FieldDef{.key = key_, .wire = wire_, .word_list = words_, .offset = BX_FIELD_AT(Rec, m), .size = size_, \
+                   .trace = trace_, .shape = ::bx::trace_shape(trace_), .member = #m, __VA_ARGS__}
+#define BX_TEXT(Rec, m, key_, trace_, ...) \
+    BX_MEMBER(Rec, m, ::bx::Wire::Text, -1, ::bx::text_size(BX_FIELD_SIZE(Rec, m)), key_, trace_, __VA_ARGS__)
+#define BX_U32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U32, -1, 4, key_, trace_, __VA_ARGS__)
+#define BX_S32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::S32, -1, 4, key_, trace_, __VA_ARGS__)
+#define BX_U64(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U64, -1, 8, key_, trace_, __VA_ARGS__)
+#define BX_WORD(Rec, m, words_, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::Word, words_, 4, key_, trace_, __VA_ARGS__)
+
+/* A key the message parses that the record has no member for. */
+#define BX_KEY(key_, wire_) ::bx::FieldDef{.key = key_, .wire = wire_, .use = ::bx::Use::Parsed}
 
 /* A text array's size, held to what sending can terminate. */
 void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
@@ -361,100 +394,6 @@ consteval uint16_t text_size(uint16_t size)
     if (size > kMaxText)
         text_array_longer_than_kMaxText();
     return size;
-}
-
-/* A member without which the message is refused: `refusal` (when not null)
- * is traced and the converter returns `ret` (-1, or 0 where the message
- * says so). */
-constexpr FieldDef required(FieldDef f, const char *refusal, int8_t ret = -1)
-{
-    f.required = true;
-    f.refusal = refusal;
-    f.refused_ret = ret;
-    return f;
-}
-
-/* An optional member whose absence is reported like a refusal (`report`
- * traced), though the message goes on. */
-constexpr FieldDef reported(FieldDef f, const char *report)
-{
-    f.refusal = report;
-    return f;
-}
-
-/* A member with a validity bit in the record's mask: storing it sets `bit`,
- * sending needs one of `sent_if` in the mask. */
-constexpr FieldDef flagged(FieldDef f, uint32_t bit, uint32_t sent_if)
-{
-    f.mask_bit = bit;
-    f.sent_if = sent_if;
-    return f;
-}
-constexpr FieldDef flagged(FieldDef f, uint32_t bit) { return flagged(f, bit, bit); }
-
-/* A number refused (trace `refusal`, result -1) outside lowest..highest. */
-constexpr FieldDef ranged(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
-{
-    f.check = Check::Before;
-    f.lowest = lowest;
-    f.highest = highest;
-    f.out_of_range = refusal;
-    return f;
-}
-
-/* The same test made once the value is stored and traced (refusal may be
- * nullptr: the store's own trace is the only line). */
-constexpr FieldDef ranged_after(FieldDef f, uint32_t lowest, uint32_t highest, const char *refusal)
-{
-    f = ranged(f, lowest, highest, refusal);
-    f.check = Check::After;
-    return f;
-}
-
-/* An enumeration word refused once stored when its list does not know it
- * (stored as -1). */
-constexpr FieldDef known_word(FieldDef f) { return ranged_after(f, 0, 0x7FFFFFFFu, nullptr); }
-
-/* A key the message's policy lists and tests (its absence is traced) but
- * that no converter reads. */
-constexpr FieldDef tested_only(FieldDef f)
-{
-    f.stored = false;
-    return f;
-}
-
-/* A text copied with its array's whole size: one that fills the array
- * is stored without a terminator. */
-constexpr FieldDef whole(FieldDef f)
-{
-    f.whole = true;
-    return f;
-}
-
-/* A key that only the message's policy lists: tested, never read, never
- * sent. */
-constexpr FieldDef listed_only(FieldDef f)
-{
-    f.stored = false;
-    f.sent = false;
-    return f;
-}
-
-/* A key the message's policy parses but nothing tests, reads or sends: the
- * policy keeps the slots the daemons have always parsed, in their order. */
-constexpr FieldDef parsed_only(FieldDef f)
-{
-    f.tested = false;
-    f.stored = false;
-    f.sent = false;
-    return f;
-}
-
-/* A key the policy parses that the record has no member for (see
- * parsed_only). */
-constexpr FieldDef parsed_key(const char *key, Wire wire)
-{
-    return parsed_only(FieldDef{key, wire, -1, 0, 0, nullptr, {}});
 }
 
 /* The validity bits of the settings, in a mask whose high bits say other
@@ -490,6 +429,7 @@ struct ListOf {
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
     int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
+    Way way = Way::Both;               /* a message's table as one direction sees it (see ListOf::row) */
     uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
     const Link *entry_links = nullptr; /* the links of the entry's rows (see Link) */
 
@@ -499,26 +439,9 @@ struct ListOf {
         return entry_rows != nullptr ? entry_rows : reinterpret_cast<const Field *>(reinterpret_cast<const char *>(this) + entry_at);
     }
 
-    /* The record counts its entries in the u32 at byte offset `at`: it bounds
-     * what is sent. */
-    constexpr ListOf counted_at(size_t at) const { ListOf l = *this; l.count_at = static_cast<int16_t>(at); return l; }
-    /* A received list fills no more entries than that count says. */
-    constexpr ListOf bounded_by_count() const { ListOf l = *this; l.bound = Bound::Count; return l; }
-    /* Once received, that count is the number of entries filled. */
-    /* ... or tests that count only once an entry is stored. */
-    constexpr ListOf bounded_by_count_after() const { ListOf l = *this; l.bound = Bound::CountAfter; return l; }
-    constexpr ListOf of_any_type() const { ListOf l = *this; l.any_type = true; return l; }
-    constexpr ListOf filling_count() const { ListOf l = *this; l.fills_count = true; return l; }
-    constexpr ListOf by_span() const { ListOf l = *this; l.spans = true; return l; }
-    constexpr ListOf sent_to_first_empty() const { ListOf l = *this; l.to_first_empty = true; return l; }
-    constexpr ListOf past_bound_traced(const char *text, bool skipped) const
-    {
-        ListOf l = *this;
-        l.past_bound = text;
-        l.surplus_skipped = skipped;
-        return l;
-    }
-    constexpr ListOf odd_traced(const char *text) const { ListOf l = *this; l.odd = text; return l; }
+    /* Field i of the `fields` this list's direction sees. */
+    const Field &row(size_t i) const;
+
 };
 
 /* The most rows an entry table may have: a received entry's slots live on
@@ -536,40 +459,39 @@ consteval uint8_t entry_fields(size_t count)
     ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member) / sizeof(static_cast<Rec *>(nullptr)->member[0]))
 #define BX_ENTRY_SIZE(Rec, member) ::bx::fits16(sizeof(static_cast<Rec *>(nullptr)->member[0]))
 
-/* Rec::member as a list of tables, each entry read and sent by table Entry. */
-#define BX_TABLES(Rec, member, Entry) ::bx::tables_of(Entry, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member))
-/* Rec::member as a list of bare values, each entry the one field of Entry. */
-#define BX_VALUES(Rec, member, Entry) ::bx::values_of(Entry, BX_ENTRY_SIZE(Rec, member), BX_ENTRIES(Rec, member))
+/* Rec::m as a list of tables, each entry read and sent by table Entry, or
+ * of bare values, each entry the one field of Entry; ListOf's columns may
+ * follow, in their order:
+ *     BX_TABLES(Rec, astRule, kRule, .count_at = offsetof(Rec, uiCount), .bound = bx::Bound::Count) */
+#define BX_TABLES(Rec, m, Entry, ...)                                                                          \
+    ::bx::entries_of(Entry, ::bx::ListOf{.entry_rows = nullptr, .fields = ::bx::entry_fields((Entry).size()), .tables = true,         \
+                                         .stride = BX_ENTRY_SIZE(Rec, m), .capacity = BX_ENTRIES(Rec, m), __VA_ARGS__})
+#define BX_VALUES(Rec, m, Entry, ...)                                                                     \
+    ::bx::entries_of(Entry, ::bx::ListOf{.entry_rows = nullptr, .fields = 1, .tables = false, .stride = BX_ENTRY_SIZE(Rec, m), \
+                                         .capacity = BX_ENTRIES(Rec, m), __VA_ARGS__})
 
-/* The entry of a list of bare texts of `size` bytes, of numbers, or of
+/* The entry of a list of bare texts of `size_` bytes, of numbers, or of
  * bytes. */
-#define BX_TEXT_ENTRY(size, trace) \
-    ::bx::FieldDef{nullptr, ::bx::Wire::Text, -1, 0, ::bx::text_size(size), trace, ::bx::trace_shape(trace)}
-#define BX_U32_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U32, -1, 0, 4, trace, ::bx::trace_shape(trace)}
-#define BX_U8_ENTRY(trace) ::bx::FieldDef{nullptr, ::bx::Wire::U8, -1, 0, 1, trace, ::bx::trace_shape(trace)}
+#define BX_ENTRY(wire_, size_, trace_, ...) \
+    ::bx::FieldDef{.wire = wire_, .size = size_, .trace = trace_, .shape = ::bx::trace_shape(trace_), __VA_ARGS__}
+#define BX_TEXT_ENTRY(size_, trace_, ...) BX_ENTRY(::bx::Wire::Text, ::bx::text_size(size_), trace_, __VA_ARGS__)
+#define BX_U32_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U32, 4, trace_, __VA_ARGS__)
+#define BX_U8_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U8, 1, trace_, __VA_ARGS__)
 
-/* Rec::member sent and received as the list `key`; `trace` (or nullptr)
- * follows a received list with the number of entries filled. The row's
- * size stays 0: the list's entries and capacity say how far it reaches. */
-#define BX_LIST(Rec, member, key, list, trace)                                                                  \
-    ::bx::with_list(::bx::FieldDef{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), 0, trace, ::bx::trace_shape(trace), \
-                                #member},                                                                     \
-                    list)
-
-constexpr FieldDef with_list(FieldDef f, const ListOf &list)
-{
-    f.list = &list;
-    return f;
-}
+/* Rec::m sent and received as the list key_; trace_ (or nullptr) follows a
+ * received list with the number of entries filled. The row's size stays 0:
+ * the list's entries and capacity say how far it reaches. */
+#define BX_LIST(Rec, m, key_, list_, trace_, ...) \
+    BX_MEMBER(Rec, m, ::bx::Wire::List, -1, 0, key_, trace_, .list = &(list_), __VA_ARGS__)
 
 /* The counted lists: "count" goes out as the record's uiCount and the
  * entries follow, as many as it says; a received list fills from its
  * first entry, uiCount becomes the number filled ("count:%u") and an
  * element past the array ends the walk with a trace. */
 constexpr const char *kListFull = "list full, %u entries kept\n";
-#define BX_COUNTED_TABLES(Rec, member, Entry) \
-    BX_TABLES(Rec, member, Entry).counted_at(offsetof(Rec, uiCount)).filling_count().past_bound_traced(::bx::kListFull, false)
-#define BX_COUNT(Rec) BX_U32(Rec, uiCount, "count", nullptr)
+#define BX_COUNTED_TABLES(Rec, m, Entry) \
+    BX_TABLES(Rec, m, Entry, .count_at = offsetof(Rec, uiCount), .fills_count = true, .past_bound = ::bx::kListFull)
+#define BX_COUNT(Rec, ...) BX_U32(Rec, uiCount, "count", nullptr, __VA_ARGS__)
 #define BX_COUNTED_LIST(Rec, member, key, list) BX_LIST(Rec, member, key, list, "count:%u")
 
 /* ---- Packed tables ------------------------------------------------------------ */
@@ -583,10 +505,13 @@ constexpr size_t text_length(const char *text)
 }
 
 /* A row whose Rules are not all at their defaults. */
+/* The mask bits that make a row sent: its own bit unless it says others. */
+constexpr uint32_t sent_if_of(const FieldDef &f) { return f.sent_if == kOwnBit ? f.bit : f.sent_if; }
+
 constexpr bool has_rules(const FieldDef &f)
 {
-    return f.mask_bit != 0 || f.sent_if != 0 || f.lowest != 0 || f.highest != 0 || f.refusal != nullptr ||
-           f.out_of_range != nullptr || f.check != Check::None || f.refused_ret != -1;
+    return f.bit != 0 || sent_if_of(f) != 0 || f.range.lowest != 0 || f.range.highest != 0 || f.absent != nullptr ||
+           f.range.refusal != nullptr || f.range.when != Check::None || f.ret != -1;
 }
 
 /* The bytes a table's texts and rules take in its pool, terminators included. */
@@ -595,12 +520,15 @@ constexpr size_t pool_bytes(const Source &src)
 {
     size_t n = 0;
     for (const FieldDef &f : src) {
-        for (const char *text : {f.key, f.trace, f.member, f.refusal, f.out_of_range})
+        for (const char *text : {f.key, f.trace, f.member, f.absent, f.range.refusal})
             n += text != nullptr ? text_length(text) + 1 : 0;
         n += has_rules(f) ? sizeof(Rules) : 0;
     }
     return n > 0 ? n : 1;
 }
+
+/* A row's quirk, which must carry its note (see Quirk). */
+consteval const Quirk *noted(const Quirk *quirk);
 
 void table_beyond_16_bit_offsets();  /* never defined: stops the compile */
 
@@ -698,7 +626,7 @@ private:
     /* The table's keys while it is compiled, read from its pool. */
     struct Keys {
         const Packed *table;
-        constexpr bool has(size_t i) const { return table->rows[i].key_at != 0; }
+        constexpr bool has(size_t i) const { return table->rows[i].key_at != 0 && table->rows[i].way != Way::Sent; }
         constexpr const char *name(size_t i) const { return table->key_text(i); }
     };
 
@@ -735,11 +663,11 @@ private:
         row.trace_at = add_text(f.trace, i, used);
         row.member_at = add_text(f.member, i, used);
         if (has_rules(f)) {
-            Rules r{f.mask_bit, f.sent_if, f.lowest, f.highest};
-            r.refusal_at = add_text(f.refusal, i, used);
-            r.out_of_range_at = add_text(f.out_of_range, i, used);
-            r.check = f.check;
-            r.refused_ret = f.refused_ret;
+            Rules r{f.bit, sent_if_of(f), f.range.lowest, f.range.highest};
+            r.refusal_at = add_text(f.absent, i, used);
+            r.out_of_range_at = add_text(f.range.refusal, i, used);
+            r.check = f.range.when;
+            r.refused_ret = f.ret;
             row.rules_at = add_bytes(std::bit_cast<RuleBytes>(r), i, used);
         }
         row.wire = f.wire;
@@ -747,12 +675,14 @@ private:
         row.offset = f.offset;
         row.size = f.size;
         row.shape = f.shape;
-        row.sent = f.sent;
+        row.sent = f.use == Use::Read || f.use == Use::Tested;
         row.whole = f.whole;
-        row.tested = f.tested;
-        row.stored = f.stored;
+        row.tested = f.use != Use::Parsed;
+        row.stored = f.use == Use::Read;
         row.required = f.required;
+        row.way = f.way;
         row.link = kLinkSet<Source>.slot(f);
+        (void)noted(f.quirk);  /* every quirk says why */
     }
 };
 
@@ -765,23 +695,13 @@ inline constexpr Packed<std::size(Source), pool_bytes(Source), Source> kPacked{}
  */
 #define BX_PACKED(name) constexpr const auto &name = ::bx::kPacked<name##Source>
 
-/* Rec::member (entries of `stride` bytes, `capacity` of them) as a list of
- * tables, each entry read and sent by table `entry`. */
+/* List l (its shape as BX_TABLES or BX_VALUES writes it) with the entries
+ * of table `entry`: their rows, key index and links. */
 template <size_t N, size_t P, const auto &S>
-constexpr ListOf tables_of(const Packed<N, P, S> &entry, uint16_t stride, uint16_t capacity)
+constexpr ListOf entries_of(const Packed<N, P, S> &entry, ListOf l)
 {
-    static_assert(N <= kMaxEntryFields, "an entry's slots live on the stack: at most kMaxEntryFields rows");
-    ListOf l{entry.rows, static_cast<uint8_t>(N), true, stride, capacity};
-    l.index_at = Packed<N, P, S>::index_offset();
-    l.entry_links = Packed<N, P, S>::links();
-    return l;
-}
-
-/* The same as a list of bare values, each entry the one field of `entry`. */
-template <size_t N, size_t P, const auto &S>
-constexpr ListOf values_of(const Packed<N, P, S> &entry, uint16_t stride, uint16_t capacity)
-{
-    ListOf l{entry.rows, 1, false, stride, capacity};
+    l.entry_rows = entry.rows;
+    l.index_at = l.tables ? Packed<N, P, S>::index_offset() : 0;
     l.entry_links = Packed<N, P, S>::links();
     return l;
 }
@@ -801,7 +721,7 @@ constexpr enum blobmsg_type wire_type(Wire wire)
 /* A table's rows as the keys of a parse: no policy is stored. */
 struct RowKeys {
     const Field *rows;
-    bool has(size_t i) const { return rows[i].key() != nullptr; }
+    bool has(size_t i) const { return rows[i].key() != nullptr && rows[i].way != Way::Sent; }
     const char *name(size_t i) const { return rows[i].key(); }
     int type(size_t i) const { return wire_type(rows[i].wire); }
 };
@@ -872,12 +792,11 @@ inline const ListOf *Field::list(const Link *links) const { return link != 0 ? l
 inline const Quirk *Field::quirk(const Link *links) const { return link != 0 ? links[link - 1].quirk : nullptr; }
 
 void quirk_without_note();  /* never defined: stops the compile */
-constexpr FieldDef with_quirk(FieldDef f, const Quirk &quirk)
+consteval const Quirk *noted(const Quirk *quirk)
 {
-    if (quirk.note == nullptr)
+    if (quirk != nullptr && quirk->note == nullptr)
         quirk_without_note();
-    f.quirk = &quirk;
-    return f;
+    return quirk;
 }
 
 /* One slot by its field's columns: tests it (JTS_CheckBlobAttr), stores and
@@ -982,15 +901,21 @@ consteval uint8_t table_rows(size_t count)
         return ::bx::Converter{&(table).whole, (table).links(), policy, policy_count, mask_at, note}; \
     }
 
-/* Defines a message's two converters: sent by one field table, received by
- * another (often the same), with the record's mask at byte offset mask_at
- * (kNoMask: none). */
-#define BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, mask_at) \
-    BX_SENT_ROW(stj_name, sent, mask_at)                                     \
-    BX_RECEIVED_ROW(jts_name, received, mask_at)
+/* The record's mask: none, or at byte offset `at`. */
+constexpr int mask_at() { return kNoMask; }
+constexpr int mask_at(size_t at) { return static_cast<int>(at); }
+
+/* Defines a message's two converters from its one table, with the byte
+ * offset of the record's mask when it has one:
+ *     BX_CONVERTERS(STJ_Ping, JTS_Ping, kPing, offsetof(PingRequest, uiCapaFlag))
+ * Rows of one direction (.way) are skipped by the other. */
+#define BX_CONVERTERS(stj_name, jts_name, table, ...)          \
+    BX_SENT_ROW(stj_name, table, ::bx::mask_at(__VA_ARGS__)) \
+    BX_RECEIVED_ROW(jts_name, table, ::bx::mask_at(__VA_ARGS__))
 
 /* One direction of a message whose other converter says more than a table
- * does: the struct-to-JSON converter of a table (mask_at as above)... */
+ * does: the struct-to-JSON converter of a table (mask_at: the byte offset
+ * of the record's mask, or kNoMask)... */
 #define BX_SENT_ROW(stj_name, sent, mask_at)                                                \
     BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                     \
     {                                                                                      \
@@ -1005,18 +930,6 @@ consteval uint8_t table_rows(size_t count)
         BX_TRACE_CALL();                                                                   \
         return ::bx::jts_fields(__func__, received, pstMsg, pvRecord, mask_at);            \
     }
-
-/* A message sent and received by one table. */
-#define BX_FIELD_CONVERTERS(stj_name, jts_name, table) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, table, table, ::bx::kNoMask)
-
-/* A message sent by one table and received by another. */
-#define BX_CONVERTERS(stj_name, jts_name, sent, received) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, ::bx::kNoMask)
-
-/* A message whose record keeps the validity bits of its fields in `mask`. */
-#define BX_MASKED_CONVERTERS(stj_name, jts_name, Rec, mask, sent, received) \
-    BX_TABLE_CONVERTERS(stj_name, jts_name, sent, received, static_cast<int>(offsetof(Rec, mask)))
 
 } // namespace bx
 

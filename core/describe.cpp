@@ -131,6 +131,21 @@ Converter query;
  * never changed after. */
 ListOf tops[2][kLastMessageType + 1];
 
+/* Table `table` as one direction sees it: only the rows of its way. */
+ListOf toward(Way way, const ListOf &table, const Link *links)
+{
+    ListOf top = table;
+    top.entry_rows = table.entry();
+    top.entry_links = links;
+    top.way = way;
+    const Way skipped = way == Way::Sent ? Way::Received : Way::Sent;
+    uint8_t seen = 0;
+    for (uint8_t i = 0; i < table.fields; ++i)
+        seen = static_cast<uint8_t>(seen + (top.entry_rows[i].way != skipped ? 1 : 0));
+    top.fields = seen;
+    return top;
+}
+
 Converter described_of(int direction, int type)
 {
     const MessageTransEntry *row = BLOBXLATE_FindRow(direction, type);
@@ -145,12 +160,11 @@ Converter described_of(int direction, int type)
     if (query.fields == nullptr)
         return query;
     ListOf &top = tops[direction][type];
-    if (top.entry_rows == nullptr) {
-        top = *query.fields;
-        top.entry_rows = query.fields->entry();
-        top.entry_links = query.links;
-    }
+    if (top.entry_rows == nullptr)
+        top = toward(direction == BLOBXLATE_TO_JSON ? Way::Sent : Way::Received, *query.fields, query.links);
     query.fields = &top;
+    if (direction == BLOBXLATE_TO_STRUCT && query.policy == nullptr && query.policy_count != 0)
+        query.policy_count = top.fields;  /* the keys the parse looks for */
     return query;
 }
 
@@ -182,7 +196,7 @@ const blobmsg_policy *built_policy(int type, const Converter &c)
         if (used + c.policy_count > kPolicyRoom)
             return nullptr;
         for (size_t i = 0; i < c.policy_count; ++i)
-            entries[used + i] = blobmsg_policy{c.fields->entry()[i].key(), wire_type(c.fields->entry()[i].wire)};
+            entries[used + i] = blobmsg_policy{c.fields->row(i).key(), wire_type(c.fields->row(i).wire)};
         start[type] = static_cast<uint16_t>(used + 1);
         used += c.policy_count;
     }
@@ -225,7 +239,7 @@ BX_API int BLOBXLATE_Field(const BlobxlateFields *pstFields, int iIndex, Blobxla
     if (pstFields == nullptr || pstOut == nullptr || iIndex < 0 || iIndex >= BLOBXLATE_FieldCount(pstFields))
         return -1;
     const bx::ListOf &table = *bx::table_of(pstFields);
-    bx::describe_field(table.entry()[iIndex], table.entry_links, *pstOut);
+    bx::describe_field(table.row(static_cast<size_t>(iIndex)), table.entry_links, *pstOut);
     return 0;
 }
 

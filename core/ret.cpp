@@ -6,7 +6,7 @@ namespace {
 
 constexpr bx::FieldDef kRetSource[] = {
     /* Without its one member the reply says nothing: refused. */
-    bx::required(BX_U32(RetParam, espResult, "espResult", "esp ret:%d"), nullptr),
+    BX_U32(RetParam, espResult, "espResult", "esp ret:%d", .required = true),
 };
 BX_PACKED(kRet);
 
@@ -14,6 +14,6 @@ BX_PACKED(kRet);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_Ret, JTS_Ret, kRet)
+BX_CONVERTERS(STJ_Ret, JTS_Ret, kRet)
 
 } // extern "C"

@@ -21,16 +21,15 @@ constexpr const char *kNotAnEntry = "NULL == cur\n\n";
  * says, and the count stays as given. */
 constexpr bx::FieldDef kDeassocMacSource[] = {BX_TEXT_ENTRY(32, "mac:%s")};
 BX_PACKED(kDeassocMac);
-constexpr bx::ListOf kDeassocMacs = BX_VALUES(WifiDeassocRec, aszMac, kDeassocMac)
-                                        .counted_at(offsetof(WifiDeassocRec, uiCount))
-                                        .odd_traced(kNotAnEntry);
+constexpr bx::ListOf kDeassocMacs = BX_VALUES(WifiDeassocRec, aszMac, kDeassocMac,
+    .count_at = offsetof(WifiDeassocRec, uiCount), .odd = kNotAnEntry);
 
 /* The count is required and, read as a signed number, not negative: a
  * negative one refuses the message before the MACs are read. */
 constexpr const char *kBadCount = "[count] is not valid.";
 constexpr bx::FieldDef kDeassocSource[] = {
-    bx::ranged(bx::required(BX_U32(WifiDeassocRec, uiCount, "count", "count:%u"), kBadCount), 0, 0x7FFFFFFFu,
-               kBadCount),
+    BX_U32(WifiDeassocRec, uiCount, "count", "count:%u", .required = true, .absent = kBadCount,
+        .range = {bx::Check::Before, 0, 0x7FFFFFFFu, kBadCount}),
     BX_WORD(WifiDeassocRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_U32(WifiDeassocRec, uiTime, "time", "time:%u"),
     BX_LIST(WifiDeassocRec, aszMac, "macs", kDeassocMacs, nullptr),
@@ -52,14 +51,14 @@ BX_PACKED(kAccessEntry);
  * stays. */
 constexpr bx::FieldDef kAccessAddSource[] = {
     kAccessEntrySource[AE_INDEX],
-    bx::required(kAccessEntrySource[AE_NAME], nullptr),
-    bx::required(kAccessEntrySource[AE_MAC], nullptr),
+    BX_TEXT(WifiAccessEntryRec, szName, "name", "name:%s", .required = true),
+    BX_TEXT(WifiAccessEntryRec, szMac, "mac", "mac:%s", .required = true),
 };
 BX_PACKED(kAccessAdd);
 
 /* Deleting names the station by its index alone. */
 constexpr bx::FieldDef kAccessIndexSource[] = {
-    bx::required(BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u"), nullptr),
+    BX_U32(WifiAccessEntryRec, uiIndex, "index", "index:%u", .required = true),
 };
 BX_PACKED(kAccessIndex);
 
@@ -67,7 +66,8 @@ BX_PACKED(kAccessIndex);
  * not held to "count", every element fills the next entry up to the
  * record's capacity. */
 constexpr bx::ListOf kAccessList =
-    BX_TABLES(WifiAccessListRec, astList, kAccessEntry).counted_at(offsetof(WifiAccessListRec, uiCount)).odd_traced(kNotAnEntry);
+    BX_TABLES(WifiAccessListRec, astList, kAccessEntry, .count_at = offsetof(WifiAccessListRec, uiCount),
+        .odd = kNotAnEntry);
 constexpr bx::FieldDef kAccessListMsgSource[] = {
     BX_U32(WifiAccessListRec, uiCount, "count", "count:%u"),
     BX_LIST(WifiAccessListRec, astList, "list", kAccessList, nullptr),
@@ -80,18 +80,19 @@ extern "C" {
 
 /* ---- 54 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiStaDeassociation, JTS_WifiStaDeassociation, kDeassoc)
+BX_CONVERTERS(STJ_WifiStaDeassociation, JTS_WifiStaDeassociation, kDeassoc)
 
 /* ---- 64 ---- */
 
-BX_CONVERTERS(STJ_WifiBlackWhite_Add, JTS_WifiBlackWhite_Add, kAccessEntry, kAccessAdd)
+BX_SENT_ROW(STJ_WifiBlackWhite_Add, kAccessEntry, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiBlackWhite_Add, kAccessAdd, ::bx::kNoMask)
 
 /* ---- 65 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
+BX_CONVERTERS(STJ_WifiBlackWhite_Delete, JTS_WifiBlackWhite_Delete, kAccessIndex)
 
 /* ---- 66 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WifiBlackWhite_List, JTS_WifiBlackWhite_List, kAccessListMsg)
+BX_CONVERTERS(STJ_WifiBlackWhite_List, JTS_WifiBlackWhite_List, kAccessListMsg)
 
 } // extern "C"

@@ -33,7 +33,8 @@ constexpr bx::FieldDef kCTCCBasicInfoSource[] = {
 BX_PACKED(kCTCCBasicInfo);
 
 constexpr bx::FieldDef kCTCCElinkStatusSource[] = {
-    bx::required(BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d"), "[status] is not valid."),
+    BX_WORD(CTCCElinkStatusParam, eStatus, EnumSwitch, "status", "status:%d", .required = true,
+        .absent = "[status] is not valid."),
 };
 BX_PACKED(kCTCCElinkStatus);
 
@@ -73,12 +74,13 @@ constexpr bx::FieldDef kFtpSource[] = {
 BX_PACKED(kFtp);
 
 constexpr bx::FieldDef kRouterNameSource[] = {
-    bx::required(BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s"), "[routername] is not valid."),
+    BX_TEXT(RouterNameParam, szRouterName, "routername", "RouterTitle:%s", .required = true,
+        .absent = "[routername] is not valid."),
 };
 BX_PACKED(kRouterName);
 
 constexpr bx::FieldDef kKernelCountSource[] = {
-    bx::required(BX_U32(KernelCountParam, uiCount, "count", "count:%d"), "[count] is not valid."),
+    BX_U32(KernelCountParam, uiCount, "count", "count:%d", .required = true, .absent = "[count] is not valid."),
 };
 BX_PACKED(kKernelCount);
 
@@ -88,7 +90,7 @@ constexpr bx::FieldDef kCTCCRouterPinSource[] = {
 BX_PACKED(kCTCCRouterPin);
 
 constexpr bx::FieldDef kFactoryFlagSource[] = {
-    bx::required(BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d"), nullptr),
+    BX_WORD(FactoryFlagParam, eStatus, EnumSwitch, "status", "FactoryFlag status:%d", .required = true),
 };
 BX_PACKED(kFactoryFlag);
 
@@ -100,12 +102,12 @@ BX_PACKED(kCMCCCfgFileSync);
 
 constexpr bx::FieldDef kSyncTimeSource[] = {
     /* Quirk: a missing "time" is reported as "[status]". */
-    bx::required(BX_U32(SyncTimeParam, uiTime, "time", "time:%llu"), "[status] is not valid."),
+    BX_U32(SyncTimeParam, uiTime, "time", "time:%llu", .required = true, .absent = "[status] is not valid."),
 };
 BX_PACKED(kSyncTime);
 
 constexpr bx::FieldDef kWanTcpUdpConNumSource[] = {
-    bx::reported(BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d"), "[wan index] is not valid."),
+    BX_U32(WanTcpUdpConNumParam, uiWanIndex, "wanindex", "wan index:%d", .absent = "[wan index] is not valid."),
     BX_U32(WanTcpUdpConNumParam, uiNumber, "number", "ConNum:%d"),
 };
 BX_PACKED(kWanTcpUdpConNum);
@@ -143,23 +145,22 @@ BX_PACKED(kQuickjoin);
  * one sets its bit (bits are only ever set: the caller's mask is added
  * to). Quirk: the copy takes the whole array, so a 65-character text is
  * stored without a terminator. */
-#define SERVER_TEXT(member, key, bit) \
-    bx::flagged(bx::whole(BX_TEXT(CTCCServerInfoParam, member, key, key ":%s")), bit)
+#define SERVER_TEXT(m, key_, bit_) BX_TEXT(CTCCServerInfoParam, m, key_, key_ ":%s", .whole = true, .bit = bit_)
 
 /* The backup servers go out as bare texts up to the first empty one; they
  * come in as texts whatever their type, up to the array's 16, and the list
  * sets its bit once present. */
-constexpr bx::FieldDef kBackupSource[] = {bx::whole(BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s"))};
+constexpr bx::FieldDef kBackupSource[] = {BX_TEXT_ENTRY(CTCC_SERVER_TEXT_SIZE, "backup:%s", .whole = true)};
 BX_PACKED(kBackup);
 constexpr bx::ListOf kBackups =
-    BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup).sent_to_first_empty().of_any_type();
+    BX_VALUES(CTCCServerInfoParam, aszBackup, kBackup, .to_first_empty = true, .any_type = true);
 
 constexpr bx::FieldDef kCTCCServerInfoSource[] = {
     SERVER_TEXT(szBssAddr, "bssaddr", CTCC_SERVER_BSSADDR),
     SERVER_TEXT(szAbiAddr, "abiaddr", CTCC_SERVER_ABIADDR),
     SERVER_TEXT(szDevToken, "devtoken", CTCC_SERVER_DEVTOKEN),
     SERVER_TEXT(szDevId, "devid", CTCC_SERVER_DEVID),
-    bx::flagged(BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr), CTCC_SERVER_BACKUP),
+    BX_LIST(CTCCServerInfoParam, aszBackup, "backup", kBackups, nullptr, .bit = CTCC_SERVER_BACKUP),
 };
 BX_PACKED(kCTCCServerInfo);
 #undef SERVER_TEXT
@@ -185,7 +186,7 @@ bx::Read read_rand_password(const bx::Reading &r, const Field &f, blob_attr *att
 constexpr bx::Quirk kRandPasswordRead{read_rand_password, nullptr, "only a text of exactly eight characters is stored; any other is traced and left out"};
 
 constexpr bx::FieldDef kCustomFactoryInfoSource[] = {
-    bx::with_quirk(BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", "randpassword:%s"), kRandPasswordRead),
+    BX_TEXT(CustomFactoryInfoParam, szRandPassword, "randpassword", "randpassword:%s", .quirk = &kRandPasswordRead),
 };
 BX_PACKED(kCustomFactoryInfo);
 
@@ -193,47 +194,46 @@ BX_PACKED(kCustomFactoryInfo);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
+BX_CONVERTERS(STJ_StaStorageInfo, JTS_StaStorageInfo, kStaStorageInfo)
 
-BX_FIELD_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
+BX_CONVERTERS(STJ_CustomInfo, JTS_CustomInfo, kCustomInfo)
 
-BX_FIELD_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
+BX_CONVERTERS(STJ_CTCCBasicInfo, JTS_CTCCBasicInfo, kCTCCBasicInfo)
 
-BX_MASKED_CONVERTERS(STJ_CTCCServerInfo, JTS_CTCCServerInfo, CTCCServerInfoParam, uiValidMask, kCTCCServerInfo,
-                      kCTCCServerInfo)
+BX_CONVERTERS(STJ_CTCCServerInfo, JTS_CTCCServerInfo, kCTCCServerInfo, offsetof(CTCCServerInfoParam, uiValidMask))
 
-BX_FIELD_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
+BX_CONVERTERS(STJ_CTCCElinkStatus, JTS_CTCCElinkInfo, kCTCCElinkStatus)
 
-BX_FIELD_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
+BX_CONVERTERS(STJ_CMCCBasicInfo, JTS_CMCCBasicInfo, kCMCCBasicInfo)
 
-BX_FIELD_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
+BX_CONVERTERS(STJ_Telnet, JTS_Telnet, kTelnet)
 
-BX_FIELD_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
+BX_CONVERTERS(STJ_Samba, JTS_Samba, kSamba)
 
-BX_FIELD_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
+BX_CONVERTERS(STJ_Ftp, JTS_Ftp, kFtp)
 
-BX_FIELD_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
+BX_CONVERTERS(STJ_RouterName, JTS_RouterName, kRouterName)
 
-BX_FIELD_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
+BX_CONVERTERS(STJ_KernelCount, JTS_KernelCount, kKernelCount)
 
-BX_FIELD_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
+BX_CONVERTERS(STJ_CTCCRouterPin, JTS_CTCCRouterPin, kCTCCRouterPin)
 
-BX_FIELD_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
+BX_CONVERTERS(STJ_FactoryFlag, JTS_FactoryFlag, kFactoryFlag)
 
-BX_FIELD_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
+BX_CONVERTERS(STJ_CMCCCfgFileSync, JTS_CMCCCfgFileSync, kCMCCCfgFileSync)
 
-BX_FIELD_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
+BX_CONVERTERS(STJ_SyncTime, JTS_SyncTime, kSyncTime)
 
-BX_FIELD_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
+BX_CONVERTERS(STJ_WanTcpUdpConNum_Get, JTS_WanTcpUdpConNum_Get, kWanTcpUdpConNum)
 
-BX_FIELD_CONVERTERS(STJ_CustomFactoryInfo, JTS_CustomFactoryInfo, kCustomFactoryInfo)
+BX_CONVERTERS(STJ_CustomFactoryInfo, JTS_CustomFactoryInfo, kCustomFactoryInfo)
 
-BX_FIELD_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
+BX_CONVERTERS(STJ_Agent_Uplink_Info_Get, JTS_Agent_Uplink_Info_Get, kAgentUplinkInfo)
 
-BX_FIELD_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
+BX_CONVERTERS(STJ_Upgrade_report, JTS_Upgrade_report, kUpgradeReport)
 
-BX_FIELD_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
+BX_CONVERTERS(STJ_File_Save, JTS_File_Save, kFileSync)
 
-BX_FIELD_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
+BX_CONVERTERS(STJ_Quickjoin, JTS_Quickjoin, kQuickjoin)
 
 } // extern "C"

@@ -11,14 +11,11 @@ namespace {
 using bx::Field;
 
 /* Quirk: the reboot type is sent as "status" but received as "reboottype". */
-constexpr bx::FieldDef kRebootSentSource[] = {
-    BX_WORD(RebootParam, eRebootType, EnumTiming, "status", nullptr),
+constexpr bx::FieldDef kRebootSource[] = {
+    BX_WORD(RebootParam, eRebootType, EnumTiming, "status", nullptr, .way = bx::Way::Sent),
+    BX_WORD(RebootParam, eRebootType, EnumTiming, "reboottype", "reboot type:%d", .way = bx::Way::Received),
 };
-BX_PACKED(kRebootSent);
-constexpr bx::FieldDef kRebootReceivedSource[] = {
-    BX_WORD(RebootParam, eRebootType, EnumTiming, "reboottype", "reboot type:%d"),
-};
-BX_PACKED(kRebootReceived);
+BX_PACKED(kReboot);
 
 /* Every key optional when received. */
 constexpr bx::FieldDef kUpgradeSource[] = {
@@ -33,22 +30,22 @@ BX_PACKED(kUpgrade);
 
 /* The password is traced in clear, like every other value. */
 constexpr bx::FieldDef kLoginPasswordSource[] = {
-    bx::required(BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s"), nullptr),
+    BX_TEXT(LoginPasswordParam, szPassword, "password", "password:%s", .required = true),
 };
 BX_PACKED(kLoginPassword);
 
 /* The three switches share their record and their key; only the receivers'
  * trace texts differ. */
 constexpr bx::FieldDef kFireWallSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "status:%d", .required = true),
 };
 BX_PACKED(kFireWall);
 constexpr bx::FieldDef kLedSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "led status:%d", .required = true),
 };
 BX_PACKED(kLed);
 constexpr bx::FieldDef kDualbandSyncSource[] = {
-    bx::required(BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d"), nullptr),
+    BX_WORD(SwitchStatusParam, eStatus, EnumSwitch, "status", "dualbandsync status:%d", .required = true),
 };
 BX_PACKED(kDualbandSync);
 
@@ -69,7 +66,7 @@ constexpr bx::Quirk kNamedFirst{read_first_led_colour, nullptr, "the converter t
 /* Quirk: EnumLedColour has no words towards the bus, so the colour is sent
  * as its decimal number ("1") but received as a word ("green"). */
 constexpr bx::FieldDef kLedColourSource[] = {
-    bx::with_quirk(BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d"), kNamedFirst),
+    BX_WORD(LedColourParam, eStatus, EnumSwitch, "status", "ledcolour status:%d", .quirk = &kNamedFirst),
     BX_WORD(LedColourParam, eColour, EnumLedColour, "colour", "ledcolour colour: %d"),
 };
 BX_PACKED(kLedColour);
@@ -78,21 +75,21 @@ BX_PACKED(kLedColour);
 
 extern "C" {
 
-BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kRebootSent, kRebootReceived)
+BX_CONVERTERS(STJ_Reboot, JTS_Reboot, kReboot)
 
-BX_FIELD_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
+BX_CONVERTERS(STJ_Upgrade, JTS_Upgrade, kUpgrade)
 
-BX_FIELD_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
+BX_CONVERTERS(STJ_LoginPassWord, JTS_LoginPassWord, kLoginPassword)
 
-BX_FIELD_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
+BX_CONVERTERS(STJ_FireWall, JTS_FireWall, kFireWall)
 
-BX_FIELD_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
+BX_CONVERTERS(STJ_LedStatus, JTS_Led, kLed)
 
 /* Sent only: nobody asks the device to be in an upgrade state. */
 BX_SENT_ROW(STJ_UpgradeStatus, kUpgradeStatus, ::bx::kNoMask)
 
-BX_FIELD_CONVERTERS(STJ_LedColour, JTS_Led_Colour, kLedColour)
+BX_CONVERTERS(STJ_LedColour, JTS_Led_Colour, kLedColour)
 
-BX_FIELD_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
+BX_CONVERTERS(STJ_DualbandSyncStatus, JTS_DualbandSync, kDualbandSync)
 
 } // extern "C"

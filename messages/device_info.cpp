@@ -83,9 +83,9 @@ constexpr bx::FieldDef kHwInfoSource[] = {
     BX_TEXT(HwInfoParam, szCpuSupplier, "cpusupplier", "cpu supplier:%s"),
     BX_TEXT(HwInfoParam, szMemoryProvider, "memoryprovider", "memory provider:%s"),
     BX_U32(HwInfoParam, uiCpuCores, "cpucores", "cpu cores:%d"),
-    bx::parsed_key("rebootcount", bx::Wire::U32),
-    bx::with_quirk(BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr), kLanRates),
-    bx::with_quirk(BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr), kWanRates),
+    BX_KEY("rebootcount", bx::Wire::U32),
+    BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr, .quirk = &kLanRates),
+    BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr, .quirk = &kWanRates),
     BX_U32(HwInfoParam, ui24gMaxBw, "2.4gmaxbw", "2GMaxBW:%d"),
     BX_U32(HwInfoParam, ui5gMaxBw, "5gmaxbw", "5GMaxBW:%d"),
     BX_U32(HwInfoParam, ui24gMode, "2.4gmode", "2GMode:%d"),
@@ -99,21 +99,7 @@ BX_PACKED(kHwInfo);
 
 /* The receiver reads the compile week but not the real version; the sender
  * sends the real version but not the week. */
-constexpr bx::FieldDef kFwSentSource[] = {
-    BX_TEXT(FwInfoParam, szFwVersion, "fwversion", nullptr),
-    BX_TEXT(FwInfoParam, szBootVersion, "bootversion", nullptr),
-    BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", nullptr),
-    BX_U32(FwInfoParam, uiYear, "compiletime_year", nullptr),
-    BX_U32(FwInfoParam, uiMon, "compiletime_mon", nullptr),
-    BX_U32(FwInfoParam, uiDay, "compiletime_day", nullptr),
-    BX_U32(FwInfoParam, uiHour, "compiletime_hour", nullptr),
-    BX_U32(FwInfoParam, uiMin, "compiletime_min", nullptr),
-    BX_U32(FwInfoParam, uiSec, "compiletime_sec", nullptr),
-    BX_TEXT(FwInfoParam, szRealVersion, "realversion", nullptr),
-};
-BX_PACKED(kFwSent);
-
-constexpr bx::FieldDef kFwReceivedSource[] = {
+constexpr bx::FieldDef kFwSource[] = {
     BX_TEXT(FwInfoParam, szFwVersion, "fwversion", "fw version:%s"),
     BX_TEXT(FwInfoParam, szBootVersion, "bootversion", "boot version:%s"),
     BX_TEXT(FwInfoParam, szNewFwVersion, "newfwversion", "new fw version:%s"),
@@ -123,9 +109,10 @@ constexpr bx::FieldDef kFwReceivedSource[] = {
     BX_U32(FwInfoParam, uiHour, "compiletime_hour", "Hour:%d"),
     BX_U32(FwInfoParam, uiMin, "compiletime_min", "Minute:%d"),
     BX_U32(FwInfoParam, uiSec, "compiletime_sec", "Second:%d"),
-    BX_U32(FwInfoParam, uiWeek, "compiletime_week", "Week:%d"),
+    BX_U32(FwInfoParam, uiWeek, "compiletime_week", "Week:%d", .way = bx::Way::Received),
+    BX_TEXT(FwInfoParam, szRealVersion, "realversion", nullptr, .way = bx::Way::Sent),
 };
-BX_PACKED(kFwReceived);
+BX_PACKED(kFw);
 
 /* ---- The regular messages (types 3, 5 to 9) -------------------------------- */
 
@@ -152,7 +139,7 @@ constexpr bx::Quirk kCurIpOnIp{read_cur_ip, nullptr, "read only when \"ip\" is p
 constexpr bx::FieldDef kManageInfoSource[] = {
     BX_TEXT(ManageInfoParam, szIp, "ip", "IP:%s"),
     BX_TEXT(ManageInfoParam, szDomainName, "domainname", "Domain Name:%s"),
-    bx::with_quirk(BX_TEXT(ManageInfoParam, szCurIp, "curip", "Cur IP:%s"), kCurIpOnIp),
+    BX_TEXT(ManageInfoParam, szCurIp, "curip", "Cur IP:%s", .quirk = &kCurIpOnIp),
 };
 BX_PACKED(kManageInfo);
 
@@ -210,7 +197,8 @@ BX_PACKED(kRunTimeInfo);
  * bound of its own). */
 constexpr bx::FieldDef kOpenPortSource[] = {BX_U32_ENTRY("Ports: %u")};
 BX_PACKED(kOpenPort);
-constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort).sent_to_first_empty().of_any_type();
+constexpr bx::ListOf kOpenPortList = BX_VALUES(OpenPortParam, auiPorts, kOpenPort, .to_first_empty = true,
+    .any_type = true);
 constexpr bx::FieldDef kOpenPortsSource[] = {BX_LIST(OpenPortParam, auiPorts, "ports", kOpenPortList, nullptr)};
 BX_PACKED(kOpenPorts);
 
@@ -218,26 +206,26 @@ BX_PACKED(kOpenPorts);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_HwInfo, JTS_HwInfo, kHwInfo)
+BX_CONVERTERS(STJ_HwInfo, JTS_HwInfo, kHwInfo)
 
-BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFwSent, kFwReceived)
+BX_CONVERTERS(STJ_FwInfo, JTS_FwInfo, kFw)
 
-BX_FIELD_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
+BX_CONVERTERS(STJ_ManuInfo, JTS_ManuInfo, kManuInfo)
 
-BX_FIELD_CONVERTERS(STJ_ManageInfo, JTS_ManageInfo, kManageInfo)
+BX_CONVERTERS(STJ_ManageInfo, JTS_ManageInfo, kManageInfo)
 
-BX_FIELD_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
+BX_CONVERTERS(STJ_FuncSupport, JTS_FuncSupport, kFuncSupport)
 
-BX_FIELD_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
+BX_CONVERTERS(STJ_CpuRate, JTS_CpuRate, kCpuRate)
 
-BX_FIELD_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
+BX_CONVERTERS(STJ_MemRate, JTS_MemRate, kMemRate)
 
-BX_FIELD_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
+BX_CONVERTERS(STJ_FlashRate, JTS_FlashRate, kFlashRate)
 
-BX_FIELD_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
+BX_CONVERTERS(STJ_RunTimeInfo, JTS_RunTimeInfo, kRunTimeInfo)
 
-BX_FIELD_CONVERTERS(STJ_TcpOpenPort, JTS_TcpOpenPort, kOpenPorts)
+BX_CONVERTERS(STJ_TcpOpenPort, JTS_TcpOpenPort, kOpenPorts)
 
-BX_FIELD_CONVERTERS(STJ_UdpOpenPort, JTS_UdpOpenPort, kOpenPorts)
+BX_CONVERTERS(STJ_UdpOpenPort, JTS_UdpOpenPort, kOpenPorts)
 
 } // extern "C"

@@ -18,10 +18,6 @@ namespace {
 
 /* ---- Requests (40, 41) ---------------------------------------------------- */
 
-using bx::flagged;
-using bx::ranged;
-using bx::required;
-
 /* The highest number a request accepts. */
 constexpr uint32_t kHighest = 65535;
 
@@ -30,53 +26,54 @@ constexpr const char *kNoHost = "[Host] is not valid.";
 
 /* Their "capaflag" is parsed but never tested nor read: a sender cannot
  * set the word directly. */
-#define CAPAFLAG(Rec) bx::parsed_only(BX_U32(Rec, uiCapaFlag, "capaflag", nullptr))
+#define CAPAFLAG(Rec, way_) BX_U32(Rec, uiCapaFlag, "capaflag", nullptr, .way = way_, .use = bx::Use::Parsed)
 
 constexpr bx::FieldDef kPingSource[] = {
-    required(BX_TEXT(PingRequest, szHost, "host", "Host:%s"), kNoHost),
-    flagged(ranged(BX_U32(PingRequest, uiNum, "num", "Num:%d"), 0, kHighest, "[PING_NUM] is not valid."),
-            DIAG_CAPA_PING_NUM),
-    flagged(ranged(BX_U32(PingRequest, uiTimeout, "timeout", "TimeOut:%d"), 0, kHighest,
-                   "[PING_TIMEOUT] is not valid."),
-            DIAG_CAPA_TIMEOUT),
+    BX_TEXT(PingRequest, szHost, "host", "Host:%s", .required = true, .absent = kNoHost),
+    BX_U32(PingRequest, uiNum, "num", "Num:%d", .bit = DIAG_CAPA_PING_NUM,
+        .range = {bx::Check::Before, 0, kHighest, "[PING_NUM] is not valid."}),
+    BX_U32(PingRequest, uiTimeout, "timeout", "TimeOut:%d", .bit = DIAG_CAPA_TIMEOUT,
+        .range = {bx::Check::Before, 0, kHighest, "[PING_TIMEOUT] is not valid."}),
     /* Quirk: sent with any low validity bit, not only its own. */
-    flagged(ranged(BX_U32(PingRequest, uiBlockSize, "blocksize", "BlockSize:%d"), 1, kHighest,
-                   "[PING_BLOCKSIZE] is not valid."),
-            DIAG_CAPA_BLOCKSIZE, bx::kAnyLowBit),
-    CAPAFLAG(PingRequest),
+    BX_U32(PingRequest, uiBlockSize, "blocksize", "BlockSize:%d", .bit = DIAG_CAPA_BLOCKSIZE, .sent_if = bx::kAnyLowBit,
+        .range = {bx::Check::Before, 1, kHighest, "[PING_BLOCKSIZE] is not valid."}),
+    CAPAFLAG(PingRequest, bx::Way::Both),
     BX_TEXT(PingRequest, szPingTime, "pingtime", "PingTime:%s"),
     BX_U32(PingRequest, uiPingNum, "pingnum", "PingNum:%d"),
 };
 BX_PACKED(kPing);
 
-#define TR_HOST required(BX_TEXT(TraceRouteRequest, szHost, "host", "Host:%s"), kNoHost)
+#define TR_HOST BX_TEXT(TraceRouteRequest, szHost, "host", "Host:%s", .required = true, .absent = kNoHost)
+constexpr const char *kBadMaxHop = "[TRACEROUTE_MAXHOP] is not valid.";
+
 /* Required, and looked at last on the way in: the numbers before it stay
  * stored. Quirk: a type above 1 is refused with the maxhop text. */
-#define TR_RESULTTYPE                                                                                      \
-    required(ranged(BX_U32(TraceRouteRequest, uiResultType, "resulttype", "ResultType:%d"), 0, 1,          \
-                    "[TRACEROUTE_MAXHOP] is not valid."),                                                  \
-             "[ResultType] is not valid.")
-#define TR_NUMBERS                                                                                         \
-    flagged(ranged(BX_U32(TraceRouteRequest, uiNumOfTries, "numoftries", "NumOftries:%d"), 0, kHighest,    \
-                   "[TRACEROUTE_NUMOFTRIES] is not valid."),                                               \
-            DIAG_CAPA_NUMOFTRIES),                                                                         \
-    flagged(ranged(BX_U32(TraceRouteRequest, uiTimeout, "timeout", "TimeOut:%d"), 0, kHighest,             \
-                   "[TRACEROUTE_TIMEOUT] is not valid."),                                                  \
-            DIAG_CAPA_TIMEOUT),                                                                            \
-    flagged(ranged(BX_U32(TraceRouteRequest, uiBlockSize, "blocksize", "BlockSize:%d"), 1, kHighest,       \
-                   "[TRACEROUTE_BLOCKSIZE] is not valid."),                                                \
-            DIAG_CAPA_BLOCKSIZE),                                                                          \
-    flagged(ranged(BX_U32(TraceRouteRequest, uiMaxHop, "maxhop", "MaxHop:%d"), 1, kHighest,                \
-                   "[TRACEROUTE_MAXHOP] is not valid."),                                                   \
-            DIAG_CAPA_MAXHOP)
+#define TR_RESULTTYPE(way_)                                                                           \
+    BX_U32(TraceRouteRequest, uiResultType, "resulttype", "ResultType:%d", .required = true,          \
+           .absent = "[ResultType] is not valid.", .way = way_, .range = {bx::Check::Before, 0, 1, kBadMaxHop})
+#define TR_NUMBER(m, key_, trace_, lowest, bit_, refusal)                                                \
+    BX_U32(TraceRouteRequest, m, key_, trace_, .bit = bit_, .range = {bx::Check::Before, lowest, kHighest, refusal})
+#define TR_NUMBERS                                                                                    \
+    TR_NUMBER(uiNumOfTries, "numoftries", "NumOftries:%d", 0, DIAG_CAPA_NUMOFTRIES,                   \
+              "[TRACEROUTE_NUMOFTRIES] is not valid."),                                               \
+    TR_NUMBER(uiTimeout, "timeout", "TimeOut:%d", 0, DIAG_CAPA_TIMEOUT, "[TRACEROUTE_TIMEOUT] is not valid."), \
+    TR_NUMBER(uiBlockSize, "blocksize", "BlockSize:%d", 1, DIAG_CAPA_BLOCKSIZE,                       \
+              "[TRACEROUTE_BLOCKSIZE] is not valid."),                                                \
+    TR_NUMBER(uiMaxHop, "maxhop", "MaxHop:%d", 1, DIAG_CAPA_MAXHOP, kBadMaxHop)
 
-constexpr bx::FieldDef kTraceRouteSource[] = {TR_HOST, TR_NUMBERS, TR_RESULTTYPE, CAPAFLAG(TraceRouteRequest)};
+/* The type goes out before the numbers. */
+constexpr bx::FieldDef kTraceRouteSource[] = {
+    TR_HOST,
+    TR_RESULTTYPE(bx::Way::Sent),
+    TR_NUMBERS,
+    TR_RESULTTYPE(bx::Way::Received),
+    CAPAFLAG(TraceRouteRequest, bx::Way::Received),
+};
 BX_PACKED(kTraceRoute);
-constexpr bx::FieldDef kTraceRouteSentSource[] = {TR_HOST, TR_RESULTTYPE, TR_NUMBERS};
-BX_PACKED(kTraceRouteSent);
 #undef TR_HOST
 #undef TR_RESULTTYPE
 #undef TR_NUMBERS
+#undef TR_NUMBER
 #undef CAPAFLAG
 
 /* ---- Results and uplink modes (42 to 44) --------------------------------------- */
@@ -111,7 +108,7 @@ void send_traced_result(const bx::Field &f, const bx::Link *links, const void *r
 constexpr bx::Quirk kTracedResult{nullptr, send_traced_result, "the sender traces the whole result before sending it"};
 
 constexpr bx::FieldDef kTraceRouteResultSource[] = {
-    bx::with_quirk(BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s"), kTracedResult),
+    BX_TEXT(TraceRouteResult, szResult, "result", "Result:%s", .quirk = &kTracedResult),
 };
 BX_PACKED(kTraceRouteResult);
 
@@ -128,13 +125,13 @@ BX_PACKED(kUplinkSupport);
 
 extern "C" {
 
-BX_MASKED_CONVERTERS(STJ_Ping, JTS_Ping, PingRequest, uiCapaFlag, kPing, kPing)
-BX_MASKED_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, TraceRouteRequest, uiCapaFlag, kTraceRouteSent, kTraceRoute)
+BX_CONVERTERS(STJ_Ping, JTS_Ping, kPing, offsetof(PingRequest, uiCapaFlag))
+BX_CONVERTERS(STJ_TraceRoute, JTS_TraceRoute, kTraceRoute, offsetof(TraceRouteRequest, uiCapaFlag))
 
-BX_FIELD_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
+BX_CONVERTERS(STJ_Ping_Result, JTS_PingResult, kPingResult)
 
-BX_FIELD_CONVERTERS(STJ_TraceRoute_Result, JTS_TraceRouteResult, kTraceRouteResult)
+BX_CONVERTERS(STJ_TraceRoute_Result, JTS_TraceRouteResult, kTraceRouteResult)
 
-BX_FIELD_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
+BX_CONVERTERS(STJ_UplinkSupport, JTS_UplinkSupport, kUplinkSupport)
 
 } // extern "C"

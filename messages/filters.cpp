@@ -20,25 +20,27 @@ namespace {
 
 using bx::Field;
 using bx::Link;
-using bx::parsed_key;
 using bx::Quirk;
 using bx::Read;
 using bx::Reading;
 using bx::Wire;
-using bx::with_quirk;
 
 /* ---- Shared pieces ------------------------------------------------------------ */
 
+/* An enumeration word its list does not know is stored as -1, traced, and
+ * then refuses the message. */
+constexpr bx::Range kKnownWord{bx::Check::After, 0, 0x7FFFFFFFu};
+
 /* The keys of the two policies, in groups, for the tables that only parse them. */
 #define URL_RULE_KEYS                                                                                 \
-    parsed_key("enable", Wire::Text), parsed_key("urls", Wire::List), parsed_key("name", Wire::Text),     \
-        parsed_key("macs", Wire::List), parsed_key("mode", Wire::Text), parsed_key("weekday", Wire::U32)
+    BX_KEY("enable", Wire::Text), BX_KEY("urls", Wire::List), BX_KEY("name", Wire::Text),     \
+        BX_KEY("macs", Wire::List), BX_KEY("mode", Wire::Text), BX_KEY("weekday", Wire::U32)
 #define DNS_RULE_KEYS                                                                                     \
-    parsed_key("enable", Wire::Text), parsed_key("hostnames", Wire::List), parsed_key("name", Wire::Text),    \
-        parsed_key("macs", Wire::Text), parsed_key("action", Wire::Text), parsed_key("mode", Wire::Text), \
-        parsed_key("weekday", Wire::U32)
-#define PERIOD_KEYS parsed_key("starttime", Wire::U32), parsed_key("endtime", Wire::U32)
-#define LIST_KEYS parsed_key("count", Wire::U32), parsed_key("list", Wire::List)
+    BX_KEY("enable", Wire::Text), BX_KEY("hostnames", Wire::List), BX_KEY("name", Wire::Text),    \
+        BX_KEY("macs", Wire::Text), BX_KEY("action", Wire::Text), BX_KEY("mode", Wire::Text), \
+        BX_KEY("weekday", Wire::U32)
+#define PERIOD_KEYS BX_KEY("starttime", Wire::U32), BX_KEY("endtime", Wire::U32)
+#define LIST_KEYS BX_KEY("count", Wire::U32), BX_KEY("list", Wire::List)
 
 constexpr uint32_t kSecondsPerDay = 86400;
 
@@ -62,7 +64,7 @@ int position(const Reading &r)
 /* A rule's texts: 32 slots of 31 characters, sent up to the first empty one. */
 constexpr bx::FieldDef kTextSource[] = {BX_TEXT_ENTRY(FILTER_TEXT_LEN, nullptr)};
 BX_PACKED(kText);
-constexpr bx::ListOf kTexts = BX_VALUES(FilterUrlRule, aszUrls, kText).sent_to_first_empty();
+constexpr bx::ListOf kTexts = BX_VALUES(FilterUrlRule, aszUrls, kText, .to_first_empty = true);
 
 constexpr char kUrlsLabel[] = "Urls";
 constexpr char kMacsLabel[] = "Macs";
@@ -235,13 +237,13 @@ constexpr Quirk kWeekday{nullptr, send_weekday, "not sent while 0"};
 
 /* A period: parsed with the whole URL policy, only its times read. */
 constexpr bx::FieldDef kUrlPeriodSource[] = {
-    parsed_key("idx", Wire::U32), URL_RULE_KEYS,
+    BX_KEY("idx", Wire::U32), URL_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
-    parsed_key("timerange", Wire::List), LIST_KEYS,
+    BX_KEY("timerange", Wire::List), LIST_KEYS,
 };
 BX_PACKED(kUrlPeriod);
-constexpr bx::ListOf kUrlPeriods = BX_TABLES(FilterUrlRule, astTimeRange, kUrlPeriod).by_span();
+constexpr bx::ListOf kUrlPeriods = BX_TABLES(FilterUrlRule, astTimeRange, kUrlPeriod, .spans = true);
 
 /* Quirk: unlike the DNS rule, a URL rule refuses an unknown mode word,
  * leaving the field as it was. */
@@ -265,14 +267,14 @@ constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUr
 /* The set message (135): "enable" and "mode" required, any day mask taken. */
 constexpr bx::FieldDef kUrlRuleSource[] = {
     BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
-    bx::required(bx::known_word(BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
-    with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kUrls),
+    BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u", .required = true, .range = kKnownWord),
+    BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr, .quirk = &kUrls),
     BX_TEXT(FilterUrlRule, szName, "name", "Name:%s"),
-    with_quirk(BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr), kUrlMacs),
-    bx::required(with_quirk(BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%u"), kUrlMode), nullptr),
-    with_quirk(BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%u"), kWeekday),
+    BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr, .quirk = &kUrlMacs),
+    BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%u", .required = true, .quirk = &kUrlMode),
+    BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%u", .quirk = &kWeekday),
     PERIOD_KEYS,
-    with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kUrlTimes),
+    BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr, .quirk = &kUrlTimes),
     LIST_KEYS,
 };
 BX_PACKED(kUrlRule);
@@ -281,32 +283,32 @@ BX_PACKED(kUrlRule);
 constexpr bx::FieldDef kListedUrlRuleSource[] = {
     BX_U32(FilterUrlRule, uiIdx, "idx", "Idx:%u"),
     BX_WORD(FilterUrlRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
-    with_quirk(BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr), kListedUrls),
+    BX_LIST(FilterUrlRule, aszUrls, "urls", kTexts, nullptr, .quirk = &kListedUrls),
     BX_TEXT(FilterUrlRule, szName, "name", "Name:%s"),
-    with_quirk(BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr), kListedUrlMacs),
-    with_quirk(BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%d"), kUrlMode),
-    with_quirk(BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%d"), kWeekday),
+    BX_LIST(FilterUrlRule, aszMacs, "macs", kTexts, nullptr, .quirk = &kListedUrlMacs),
+    BX_WORD(FilterUrlRule, uiMode, EnumFilterMode, "mode", "Mode:%d", .quirk = &kUrlMode),
+    BX_U32(FilterUrlRule, uiWeekday, "weekday", "Weekday:%d", .quirk = &kWeekday),
     PERIOD_KEYS,
-    with_quirk(BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr), kListedUrlTimes),
+    BX_LIST(FilterUrlRule, astTimeRange, "timerange", kUrlPeriods, nullptr, .quirk = &kListedUrlTimes),
     LIST_KEYS,
 };
 BX_PACKED(kListedUrlRule);
 
 /* The list (134): "count" does not bound the walk; at most 32 rules. */
 constexpr bx::ListOf kUrlRules =
-    BX_TABLES(FilterUrlList, astRule, kListedUrlRule).by_span().past_bound_traced("NULL == cur idx = %d\n", false);
+    BX_TABLES(FilterUrlList, astRule, kListedUrlRule, .spans = true, .past_bound = "NULL == cur idx = %d\n");
 constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr bx::FieldDef kUrlListSource[] = {
-    parsed_key("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
+    BX_KEY("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
-    with_quirk(BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr), kUrlRuleList),
+    BX_LIST(FilterUrlList, astRule, "list", kUrlRules, nullptr, .quirk = &kUrlRuleList),
 };
 BX_PACKED(kUrlList);
 
 /* The reply (136): a missing "idx" is no failure, the record stays as it is. */
 constexpr bx::FieldDef kUrlReplySource[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    URL_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
+    URL_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List), LIST_KEYS,
 };
 BX_PACKED(kUrlReply);
 
@@ -314,13 +316,13 @@ BX_PACKED(kUrlReply);
 
 /* A period: parsed with the whole DNS policy, only its times read. */
 constexpr bx::FieldDef kDnsPeriodSource[] = {
-    parsed_key("idx", Wire::U32), DNS_RULE_KEYS,
+    BX_KEY("idx", Wire::U32), DNS_RULE_KEYS,
     BX_U32(FilterTimeRange, uiStartTime, "starttime", nullptr),
     BX_U32(FilterTimeRange, uiEndTime, "endtime", nullptr),
-    parsed_key("timerange", Wire::List), LIST_KEYS,
+    BX_KEY("timerange", Wire::List), LIST_KEYS,
 };
 BX_PACKED(kDnsPeriod);
-constexpr bx::ListOf kDnsPeriods = BX_TABLES(FilterDnsRule, astTimeRange, kDnsPeriod).by_span();
+constexpr bx::ListOf kDnsPeriods = BX_TABLES(FilterDnsRule, astTimeRange, kDnsPeriod, .spans = true);
 
 /* Quirk: the name is measured up to one byte past its array (the first byte
  * of szMacs, still inside the record). The copy stops at 31 characters, so
@@ -346,20 +348,19 @@ constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDn
 /* The set message (138): each range test runs after its value has been
  * stored, so a refused rule keeps what was read up to the bad value. */
 constexpr bx::FieldDef kDnsRuleSource[] = {
-    bx::ranged_after(BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"), 0, 16, nullptr),
-    bx::required(bx::known_word(BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u")), nullptr),
-    with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kHostnames),
-    with_quirk(BX_TEXT(FilterDnsRule, szName, "name", "Name:%s"), kDnsName),
+    BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u", .range = {bx::Check::After, 0, 16}),
+    BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u", .required = true, .range = kKnownWord),
+    BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr, .quirk = &kHostnames),
+    BX_TEXT(FilterDnsRule, szName, "name", "Name:%s", .quirk = &kDnsName),
     /* Quirk: the one MAC text may fill all 32 bytes, leaving no terminator. */
-    bx::whole(BX_TEXT(FilterDnsRule, szMacs, "macs", "Mac:%s")),
-    bx::required(BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%u"), nullptr),
+    BX_TEXT(FilterDnsRule, szMacs, "macs", "Mac:%s", .whole = true),
+    BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%u", .required = true),
     /* Quirk: an unknown mode word is stored as -1 and accepted. */
-    bx::required(BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%u"), nullptr),
-    bx::required(bx::ranged_after(with_quirk(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%u"), kWeekday),
-                                  0, 127, nullptr),
-                 nullptr),
+    BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%u", .required = true),
+    BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%u", .required = true, .range = {bx::Check::After, 0, 127},
+        .quirk = &kWeekday),
     PERIOD_KEYS,
-    with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kDnsTimes),
+    BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr, .quirk = &kDnsTimes),
     LIST_KEYS,
 };
 BX_PACKED(kDnsRule);
@@ -368,32 +369,32 @@ BX_PACKED(kDnsRule);
 constexpr bx::FieldDef kListedDnsRuleSource[] = {
     BX_U32(FilterDnsRule, uiIdx, "idx", "Idx:%u"),
     BX_WORD(FilterDnsRule, uiEnable, EnumSwitch, "enable", "Enable:%u"),
-    with_quirk(BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr), kListedHostnames),
+    BX_LIST(FilterDnsRule, aszHostnames, "hostnames", kTexts, nullptr, .quirk = &kListedHostnames),
     BX_TEXT(FilterDnsRule, szName, "name", "Name:%s"),
     BX_TEXT(FilterDnsRule, szMacs, "macs", "Macs:%s"),
     BX_WORD(FilterDnsRule, uiAction, EnumDnsReply, "action", "Action:%d"),
     BX_WORD(FilterDnsRule, uiMode, EnumFilterMode, "mode", "Mode:%d"),
-    with_quirk(BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%d"), kWeekday),
+    BX_U32(FilterDnsRule, uiWeekday, "weekday", "Weekday:%d", .quirk = &kWeekday),
     PERIOD_KEYS,
-    with_quirk(BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr), kListedDnsTimes),
+    BX_LIST(FilterDnsRule, astTimeRange, "timerange", kDnsPeriods, nullptr, .quirk = &kListedDnsTimes),
     LIST_KEYS,
 };
 BX_PACKED(kListedDnsRule);
 
 /* The list (137): as the URL list, without a word on stopping. */
-constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule).by_span();
+constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule, .spans = true);
 constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr bx::FieldDef kDnsListSource[] = {
-    parsed_key("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List),
+    BX_KEY("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),
-    with_quirk(BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr), kDnsRuleList),
+    BX_LIST(FilterDnsList, astRule, "list", kDnsRules, nullptr, .quirk = &kDnsRuleList),
 };
 BX_PACKED(kDnsList);
 
 /* The reply (139), as the URL reply. */
 constexpr bx::FieldDef kDnsReplySource[] = {
     BX_U32(FilterReply, uiIdx, "idx", "Idx:%d"),
-    DNS_RULE_KEYS, PERIOD_KEYS, parsed_key("timerange", Wire::List), LIST_KEYS,
+    DNS_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List), LIST_KEYS,
 };
 BX_PACKED(kDnsReply);
 
@@ -401,14 +402,12 @@ BX_PACKED(kDnsReply);
 
 /* Quirk: the switch goes out under "idx" but comes in under "status", where
  * an unknown word is refused after it has been stored. */
-constexpr bx::FieldDef kSwitchSentSource[] = {
-    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr),
+constexpr bx::FieldDef kSwitchSource[] = {
+    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "idx", nullptr, .way = bx::Way::Sent),
+    BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d", .required = true, .way = bx::Way::Received,
+        .range = kKnownWord),
 };
-BX_PACKED(kSwitchSent);
-constexpr bx::FieldDef kSwitchReceivedSource[] = {
-    bx::required(bx::known_word(BX_WORD(FilterSwitch, uiStatus, EnumSwitch, "status", "Status:%d")), nullptr),
-};
-BX_PACKED(kSwitchReceived);
+BX_PACKED(kSwitch);
 
 #undef URL_RULE_KEYS
 #undef DNS_RULE_KEYS
@@ -419,14 +418,14 @@ BX_PACKED(kSwitchReceived);
 
 extern "C" {
 
-BX_CONVERTERS(STJ_FilterUrl_Switch, JTS_FilterUrl_Switch, kSwitchSent, kSwitchReceived)
+BX_CONVERTERS(STJ_FilterUrl_Switch, JTS_FilterUrl_Switch, kSwitch)
 
-BX_FIELD_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
-BX_FIELD_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)
-BX_FIELD_CONVERTERS(STJ_FilterUrl_Reply, JTS_FilterUrl_Set_Reply, kUrlReply)
+BX_CONVERTERS(STJ_FilterUrl_Set, JTS_FilterUrl_Set, kUrlRule)
+BX_CONVERTERS(STJ_FilterUrl_List, JTS_FilterUrl_Get, kUrlList)
+BX_CONVERTERS(STJ_FilterUrl_Reply, JTS_FilterUrl_Set_Reply, kUrlReply)
 
-BX_FIELD_CONVERTERS(STJ_FilterDns_Set, JTS_FilterDns_Set, kDnsRule)
-BX_FIELD_CONVERTERS(STJ_FilterDns_List, JTS_FilterDns_Get, kDnsList)
-BX_FIELD_CONVERTERS(STJ_FilterDns_Reply, JTS_FilterDns_Set_Reply, kDnsReply)
+BX_CONVERTERS(STJ_FilterDns_Set, JTS_FilterDns_Set, kDnsRule)
+BX_CONVERTERS(STJ_FilterDns_List, JTS_FilterDns_Get, kDnsList)
+BX_CONVERTERS(STJ_FilterDns_Reply, JTS_FilterDns_Set_Reply, kDnsReply)
 
 } // extern "C"

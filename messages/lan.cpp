@@ -84,33 +84,36 @@ constexpr bx::FieldDef kLanStaticEntrySource[] = {
 BX_PACKED(kLanStaticEntry);
 
 constexpr bx::ListOf kRepeaterList = BX_COUNTED_TABLES(RepeaterListParam, astList, kRepeaterAp);
-constexpr bx::FieldDef kRepeaterListSentSource[] = {BX_COUNT(RepeaterListParam), BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList)};
-BX_PACKED(kRepeaterListSent);
-constexpr bx::FieldDef kRepeaterListReceivedSource[] = {kRepeaterListSentSource[1]};
-BX_PACKED(kRepeaterListReceived);
+/* "count" only goes out: a received list counts what it fills. */
+constexpr bx::FieldDef kRepeaterListMsgSource[] = {
+    BX_COUNT(RepeaterListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(RepeaterListParam, astList, "list", kRepeaterList),
+};
+BX_PACKED(kRepeaterListMsg);
 
 constexpr bx::ListOf kLanStaticList = BX_COUNTED_TABLES(LanStaticListParam, astList, kLanStaticEntry);
-constexpr bx::FieldDef kLanStaticListSentSource[] = {BX_COUNT(LanStaticListParam), BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList)};
-BX_PACKED(kLanStaticListSent);
-constexpr bx::FieldDef kLanStaticListReceivedSource[] = {kLanStaticListSentSource[1]};
-BX_PACKED(kLanStaticListReceived);
+constexpr bx::FieldDef kLanStaticListMsgSource[] = {
+    BX_COUNT(LanStaticListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(LanStaticListParam, astList, "list", kLanStaticList),
+};
+BX_PACKED(kLanStaticListMsg);
 
 } // namespace
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_BridgeSwitch, JTS_BridgeSet, kBridgeSwitch)
-BX_FIELD_CONVERTERS(STJ_BridgeStatus, JTS_BridgeGet, kBridgeStatus)
-BX_FIELD_CONVERTERS(STJ_Repeater_SetInfo, JTS_RepeaterSet, kRepeaterSet)
-BX_FIELD_CONVERTERS(STJ_Repeater_StaInfo, JTS_RepeaterGet, kRepeaterStaInfo)
+BX_CONVERTERS(STJ_BridgeSwitch, JTS_BridgeSet, kBridgeSwitch)
+BX_CONVERTERS(STJ_BridgeStatus, JTS_BridgeGet, kBridgeStatus)
+BX_CONVERTERS(STJ_Repeater_SetInfo, JTS_RepeaterSet, kRepeaterSet)
+BX_CONVERTERS(STJ_Repeater_StaInfo, JTS_RepeaterGet, kRepeaterStaInfo)
 /* One pair serves the WAN MAC clone (33) and the LAN MAC clone (35). */
-BX_FIELD_CONVERTERS(STJ_CloneMac, JTS_MacClone, kMacClone)
-BX_FIELD_CONVERTERS(STJ_Lan, JTS_Lan, kLan)
-BX_FIELD_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
-BX_FIELD_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
-BX_FIELD_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
+BX_CONVERTERS(STJ_CloneMac, JTS_MacClone, kMacClone)
+BX_CONVERTERS(STJ_Lan, JTS_Lan, kLan)
+BX_CONVERTERS(STJ_DhcpServer, JTS_DhcpServer, kDhcpServer)
+BX_CONVERTERS(STJ_LanStatic, JTS_LanStatic, kLanStatic)
+BX_CONVERTERS(STJ_LockNet, JTS_LockNet, kBridgeSwitch)
 
-BX_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, kRepeaterListSent, kRepeaterListReceived)
-BX_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, kLanStaticListSent, kLanStaticListReceived)
+BX_CONVERTERS(STJ_Repeater_List, JTS_RepeaterList, kRepeaterListMsg)
+BX_CONVERTERS(STJ_LanStatic_List, JTS_LanStatic_List, kLanStaticListMsg)
 
 } // extern "C"

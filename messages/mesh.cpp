@@ -54,35 +54,38 @@ constexpr bx::FieldDef kApMapSource[] = {
 BX_PACKED(kApMap);
 
 constexpr bx::ListOf kTopo = BX_COUNTED_TABLES(WifiTopoParam, astNode, kNode);
-constexpr bx::FieldDef kTopoSentSource[] = {BX_COUNT(WifiTopoParam), BX_COUNTED_LIST(WifiTopoParam, astNode, "topo", kTopo)};
-BX_PACKED(kTopoSent);
-constexpr bx::FieldDef kTopoReceivedSource[] = {kTopoSentSource[1]};
-BX_PACKED(kTopoReceived);
+/* "count" only goes out: a received list counts what it fills. */
+constexpr bx::FieldDef kTopoMsgSource[] = {
+    BX_COUNT(WifiTopoParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(WifiTopoParam, astNode, "topo", kTopo),
+};
+BX_PACKED(kTopoMsg);
 
 /* The MACs of the nodes that answer, as bare texts: "count" then "maclist". */
 constexpr bx::FieldDef kNodeMacSource[] = {BX_TEXT_ENTRY(BX_ENTRY_SIZE(TopoApMacParam, aszMac), "mac:%s")};
 BX_PACKED(kNodeMac);
 constexpr bx::ListOf kNodeMacs =
-    BX_VALUES(TopoApMacParam, aszMac, kNodeMac).counted_at(offsetof(TopoApMacParam, uiCount)).filling_count();
-constexpr bx::FieldDef kNodeMacsSentSource[] = {BX_COUNT(TopoApMacParam), BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs)};
-BX_PACKED(kNodeMacsSent);
-constexpr bx::FieldDef kNodeMacsReceivedSource[] = {kNodeMacsSentSource[1]};
-BX_PACKED(kNodeMacsReceived);
+    BX_VALUES(TopoApMacParam, aszMac, kNodeMac, .count_at = offsetof(TopoApMacParam, uiCount), .fills_count = true);
+constexpr bx::FieldDef kNodeMacsMsgSource[] = {
+    BX_COUNT(TopoApMacParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(TopoApMacParam, aszMac, "maclist", kNodeMacs),
+};
+BX_PACKED(kNodeMacsMsg);
 
 } // namespace
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WifiMesh, JTS_WifiMesh, kRole)
-BX_FIELD_CONVERTERS(STJ_WifiMeshRoaming, JTS_WifiMeshRoaming, kRoaming)
-BX_FIELD_CONVERTERS(STJ_WifiBackhaulbss, JTS_WifiBackhaulbss, kBackhaul)
-BX_CONVERTERS(STJ_WifiTopo, JTS_WifiTopo, kTopoSent, kTopoReceived)
-BX_FIELD_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
-BX_FIELD_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
+BX_CONVERTERS(STJ_WifiMesh, JTS_WifiMesh, kRole)
+BX_CONVERTERS(STJ_WifiMeshRoaming, JTS_WifiMeshRoaming, kRoaming)
+BX_CONVERTERS(STJ_WifiBackhaulbss, JTS_WifiBackhaulbss, kBackhaul)
+BX_CONVERTERS(STJ_WifiTopo, JTS_WifiTopo, kTopoMsg)
+BX_CONVERTERS(STJ_WifiTopoAp_Map, JTS_WifiTopoAp_Map, kApMap)
+BX_CONVERTERS(STJ_WifiTopoChange, JTS_WifiTopoChange, kNodeEvent)
 
 /* Only ever sent: the agent reports the event, nobody sends it to a node. */
 BX_SENT_ROW(STJ_WifiLocalMesh_Event, kNodeEvent, ::bx::kNoMask)
 
-BX_CONVERTERS(STJ_WifiTopoMac, JTS_WifiTopoMac, kNodeMacsSent, kNodeMacsReceived)
+BX_CONVERTERS(STJ_WifiTopoMac, JTS_WifiTopoMac, kNodeMacsMsg)
 
 } // extern "C"

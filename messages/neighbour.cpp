@@ -19,7 +19,7 @@ BX_PACKED(kRadio);
 
 /* A channel scan names its radio or is refused. */
 constexpr bx::FieldDef kScanRadioSource[] = {
-    bx::required(kRadioSource[0], "[radio] is not valid."),
+    BX_WORD(WifiRadioRec, eRadio, EnumBand, "radio", "radio:%d", .required = true, .absent = "[radio] is not valid."),
 };
 BX_PACKED(kScanRadio);
 
@@ -66,27 +66,22 @@ BX_PACKED(kNeighbourIn);
  * the count in the record, whether this message brought it or the caller
  * put it there. */
 constexpr bx::ListOf kNeighboursOut =
-    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourOut).counted_at(offsetof(WlanNeighbourRec, uiCount));
+    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourOut, .count_at = offsetof(WlanNeighbourRec, uiCount));
 constexpr bx::ListOf kNeighboursIn =
-    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourIn).counted_at(offsetof(WlanNeighbourRec, uiCount))
-        .bounded_by_count().odd_traced(kNotAnEntry);
+    BX_TABLES(WlanNeighbourRec, astNeighbour, kNeighbourIn, .count_at = offsetof(WlanNeighbourRec, uiCount),
+        .bound = bx::Bound::Count, .odd = kNotAnEntry);
 
 /* A scan's results name their radio or are refused. */
-#define SCAN_RADIO(Rec) bx::required(BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d"), "[radio] is not valid.")
+#define SCAN_RADIO(Rec) BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d", .required = true, .absent = "[radio] is not valid.")
 #define SCAN_COUNT(Rec) BX_U32(Rec, uiCount, "count", "count:%u")
 
-constexpr bx::FieldDef kNeighboursSentSource[] = {
+constexpr bx::FieldDef kNeighboursSource[] = {
     SCAN_RADIO(WlanNeighbourRec),
     SCAN_COUNT(WlanNeighbourRec),
-    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursOut, nullptr),
+    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursOut, nullptr, .way = bx::Way::Sent),
+    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursIn, nullptr, .way = bx::Way::Received),
 };
-BX_PACKED(kNeighboursSent);
-constexpr bx::FieldDef kNeighboursReceivedSource[] = {
-    SCAN_RADIO(WlanNeighbourRec),
-    SCAN_COUNT(WlanNeighbourRec),
-    BX_LIST(WlanNeighbourRec, astNeighbour, "neighbourlist", kNeighboursIn, nullptr),
-};
-BX_PACKED(kNeighboursReceived);
+BX_PACKED(kNeighbours);
 
 /* ---- 80, 81: channel scan and scores ------------------------------------------------- */
 
@@ -99,7 +94,7 @@ BX_PACKED(kScore);
 /* Sent: as many scores as the caller's count says. Received: not held to
  * "count", every element fills the next pair up to the record's capacity. */
 constexpr bx::ListOf kScores =
-    BX_TABLES(ChannelScoreRec, astScore, kScore).counted_at(offsetof(ChannelScoreRec, uiCount)).odd_traced(kNotAnEntry);
+    BX_TABLES(ChannelScoreRec, astScore, kScore, .count_at = offsetof(ChannelScoreRec, uiCount), .odd = kNotAnEntry);
 constexpr bx::FieldDef kChannelScoreSource[] = {
     SCAN_RADIO(ChannelScoreRec),
     SCAN_COUNT(ChannelScoreRec),
@@ -115,22 +110,22 @@ extern "C" {
 
 /* ---- 77 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
+BX_CONVERTERS(STJ_ScanWlanNeighbour, JTS_ScanWlanNeighbour, kRadio)
 
 /* ---- 78 ---- */
 
-BX_CONVERTERS(STJ_WlanNeighbour, JTS_WlanNeighbour, kNeighboursSent, kNeighboursReceived)
+BX_CONVERTERS(STJ_WlanNeighbour, JTS_WlanNeighbour, kNeighbours)
 
 /* ---- 79 ---- */
 
-BX_FIELD_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
+BX_CONVERTERS(STJ_WpsPbc, JTS_WpsPbc, kWpsPbc)
 
 /* ---- 80 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
+BX_CONVERTERS(STJ_ChannelScan, JTS_ChannelScan, kScanRadio)
 
 /* ---- 81 ---- */
 
-BX_FIELD_CONVERTERS(STJ_ChannelScore, JTS_ChannelScore, kChannelScore)
+BX_CONVERTERS(STJ_ChannelScore, JTS_ChannelScore, kChannelScore)
 
 } // extern "C"

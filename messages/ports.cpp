@@ -46,7 +46,7 @@ constexpr bx::FieldDef kPortTrafficSource[] = {
     BX_U64(PortTraffic, ulTxBytes, "txbytes", "ulTxBytes:%lld"),
     BX_U64(PortTraffic, ulRxBytes, "rxbytes", "ulRxBytes:%lld"),
     kTxPackets,
-    bx::with_quirk(BX_U64(PortTraffic, ulRxPackets, "rxpackets", nullptr), kRxPacketsRead),
+    BX_U64(PortTraffic, ulRxPackets, "rxpackets", nullptr, .quirk = &kRxPacketsRead),
     BX_U64(PortTraffic, ulTxErrors, "txerrors", "txerrors:%lld"),
     BX_U64(PortTraffic, ulRxErrors, "rxerrors", "rxerrors:%lld"),
     BX_U64(PortTraffic, ulTxDrops, "txdrops", "txdrops:%lld"),
@@ -91,9 +91,11 @@ BX_PACKED(kWanIndex);
 /* Quirk: each number is read whatever its type and stored before the count
  * is tested, so a count of 0 still takes the first. */
 constexpr bx::ListOf kLanIndexes =
-    BX_VALUES(PortNum, auiLanIndex, kLanIndex).counted_at(offsetof(PortNum, uiLanNum)).bounded_by_count_after().of_any_type();
+    BX_VALUES(PortNum, auiLanIndex, kLanIndex, .count_at = offsetof(PortNum, uiLanNum), .bound = bx::Bound::CountAfter,
+        .any_type = true);
 constexpr bx::ListOf kWanIndexes =
-    BX_VALUES(PortNum, auiWanIndex, kWanIndex).counted_at(offsetof(PortNum, uiWanNum)).bounded_by_count_after().of_any_type();
+    BX_VALUES(PortNum, auiWanIndex, kWanIndex, .count_at = offsetof(PortNum, uiWanNum), .bound = bx::Bound::CountAfter,
+        .any_type = true);
 
 constexpr bx::FieldDef kPortNumSource[] = {
     BX_U32(PortNum, uiLanNum, "lan", "lannum:%d"),
@@ -109,26 +111,26 @@ extern "C" {
 
 /* ---- Port counts and numbers (45) --------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortNum, JTS_PortNum, kPortNum)
+BX_CONVERTERS(STJ_PortNum, JTS_PortNum, kPortNum)
 
 /* ---- One port's link state (46) ----------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
+BX_CONVERTERS(STJ_PortStatus, JTS_PortStatus, kPortStatus)
 
 /* ---- One port's traffic counters (47) ----------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortTraffic, JTS_PortTraffic, kPortTraffic)
+BX_CONVERTERS(STJ_PortTraffic, JTS_PortTraffic, kPortTraffic)
 
 /* ---- One port's rates (48) ---------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortRate, JTS_PortRate, kPortRate)
+BX_CONVERTERS(STJ_PortRate, JTS_PortRate, kPortRate)
 
 /* ---- One port's MAC address (49) ---------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortMAC, JTS_PortMAC, kPortMac)
+BX_CONVERTERS(STJ_PortMAC, JTS_PortMAC, kPortMac)
 
 /* ---- One port's up/down switch and address (50) ------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_PortUpDown, JTS_PortUpDown, kPortUpDown)
+BX_CONVERTERS(STJ_PortUpDown, JTS_PortUpDown, kPortUpDown)
 
 } // extern "C"

@@ -32,7 +32,7 @@ constexpr bx::Quirk kOnOrOff{read_on_or_off, nullptr, "a word other than \"enabl
 
 /* "enable" is required and must be "enable" or "disable". */
 constexpr bx::FieldDef kQosSwitchSource[] = {
-    bx::required(bx::with_quirk(BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u"), kOnOrOff), nullptr),
+    BX_WORD(QosSwitch, uiEnable, EnumSwitch, "enable", "status:%u", .required = true, .quirk = &kOnOrOff),
 };
 BX_PACKED(kQosSwitch);
 
@@ -97,35 +97,30 @@ constexpr bx::Quirk kListedProtocols{read_every_protocol, send_protocols_to_firs
 constexpr bx::FieldDef kProtocolSource[] = {BX_U32_ENTRY(nullptr)};
 BX_PACKED(kProtocol);
 constexpr bx::ListOf kProtocols = BX_VALUES(QosClassRule, auiProtocol, kProtocol);
-#define RULE_PROTOCOLS(quirk) bx::with_quirk(BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr), quirk)
+#define RULE_PROTOCOLS(q, way_) BX_LIST(QosClassRule, auiProtocol, "protocol", kProtocols, nullptr, .way = way_, .quirk = &(q))
 
 /* ---- Add (124) ------------------------------------------------------------------------ */
 
 /* Quirk: the MAC texts may fill all 17 bytes; the next field ends them.
- * "protocol" is read after the other keys. */
-constexpr bx::FieldDef kAddReceivedSource[] = {
+ * "protocol" goes out before the MAC addresses but is read after the other
+ * keys. Only the MAC addresses go with a new rule; the addresses, masks
+ * and ports follow with the set message. */
+constexpr bx::FieldDef kAddSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "Priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Valn8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
-    bx::whole(BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s")),
-    bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s")),
-    RULE_PROTOCOLS(kAddProtocols),
+    RULE_PROTOCOLS(kAddProtocols, bx::Way::Sent),
+    BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcName:%s", .whole = true),
+    BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstName:%s", .whole = true),
+    RULE_PROTOCOLS(kAddProtocols, bx::Way::Received),
 };
-BX_PACKED(kAddReceived);
-
-/* Only the MAC addresses go with a new rule; the addresses, masks and ports
- * follow with the set message. */
-constexpr bx::FieldDef kAddSentSource[] = {
-    kAddReceivedSource[0], kAddReceivedSource[1], kAddReceivedSource[2], kAddReceivedSource[3],
-    kAddReceivedSource[6], kAddReceivedSource[4], kAddReceivedSource[5],
-};
-BX_PACKED(kAddSent);
+BX_PACKED(kAdd);
 
 /* ---- Set (127) and get (128) ------------------------------------------------------------ */
 
 /* Quirk: all eight protocol slots go out, zeros included, each element named "protocol". */
-constexpr bx::FieldDef kNamedProtocolSource[] = {bx::FieldDef{"protocol", bx::Wire::U32, -1, 0, 4, nullptr, bx::trace_shape(nullptr)}};
+constexpr bx::FieldDef kNamedProtocolSource[] = {bx::FieldDef{.key = "protocol", .wire = bx::Wire::U32, .size = 4}};
 BX_PACKED(kNamedProtocol);
 constexpr bx::ListOf kNamedProtocols = BX_VALUES(QosClassRule, auiProtocol, kNamedProtocol);
 
@@ -168,10 +163,9 @@ Read read_port_text(const Reading &r, const Field &f, blob_attr *attr)
     return bx::read_slot_as(r, f, bx::Wire::U32, attr);
 }
 constexpr bx::Quirk kPortText{read_port_text, nullptr, "a STRING whose first four bytes are read as a big-endian number"};
-#define SET_PORT(member, key, trace)                                                                  \
-    bx::with_quirk(bx::FieldDef{key, bx::Wire::Text, -1, BX_FIELD_AT(QosClassRule, member), 4, trace,        \
-                         bx::trace_shape(trace)},                                                     \
-                   kPortText)
+#define SET_PORT(m, key_, trace_)                                                                     \
+    bx::FieldDef{.key = key_, .wire = bx::Wire::Text, .offset = BX_FIELD_AT(QosClassRule, m), .size = 4, \
+                 .trace = trace_, .shape = bx::trace_shape(trace_), .quirk = &kPortText}
 
 /* The set message alone sends "protocol" and the ports as strings. Quirk:
  * the MAC texts are cut at 16 characters like the addresses. */
@@ -180,7 +174,7 @@ constexpr bx::FieldDef kSetReceivedSource[] = {
     BX_U32(QosClassRule, uiDscp, "dscp", "Dscp:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "Vlan8021p:%u"),
     BX_TEXT(QosClassRule, szName, "name", "Name:%s"),
-    bx::with_quirk(BX_WORD(QosClassRule, auiProtocol[0], EnumProtocol, "protocol", nullptr), kProtocolWords),
+    BX_WORD(QosClassRule, auiProtocol[0], EnumProtocol, "protocol", nullptr, .quirk = &kProtocolWords),
     BX_TEXT(QosClassRule, szSrcIp, "srcip", "SrcIp:%s"),
     BX_TEXT(QosClassRule, szSrcMask, "srcmask", "SrcMask:%s"),
     SET_PORT(uiSrcPort, "srcport", "srcport:%u"),
@@ -203,15 +197,15 @@ constexpr bx::FieldDef kListedRuleSource[] = {
     BX_U32(QosClassRule, uiPriority, "priority", "priority:%u"),
     BX_U32(QosClassRule, uiDscp, "dscp", "dscps:%u"),
     BX_U32(QosClassRule, uiVlan8021p, "vlan8021p", "linktype:%u"),
-    RULE_PROTOCOLS(kListedProtocols),
+    RULE_PROTOCOLS(kListedProtocols, bx::Way::Both),
     BX_TEXT(QosClassRule, szSrcIp, "srcip", "SrcIp:%s"),
     BX_TEXT(QosClassRule, szSrcMask, "srcmask", "SrcMask:%s"),
     BX_U32(QosClassRule, uiSrcPort, "srcport", "SrcPort:%d"),
-    bx::whole(BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcMac:%s")),
+    BX_TEXT(QosClassRule, szSrcMac, "srcmac", "SrcMac:%s", .whole = true),
     BX_TEXT(QosClassRule, szDstIp, "dstip", "DstIp: %s"),
-    bx::whole(BX_TEXT(QosClassRule, szDstMask, "dstmask", "DstMask: %s")),
+    BX_TEXT(QosClassRule, szDstMask, "dstmask", "DstMask: %s", .whole = true),
     BX_U32(QosClassRule, uiDstPort, "dstport", "DstPort: %d"),
-    bx::whole(BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac: %s")),
+    BX_TEXT(QosClassRule, szDstMac, "dstmac", "DstMac: %s", .whole = true),
 };
 BX_PACKED(kListedRule);
 
@@ -247,10 +241,10 @@ constexpr bx::Quirk kRules{read_rules, nullptr, "elements of any type read as ru
 /* uiCount travels under "index"; without it the caller's uiCount bounds the
  * received list. */
 constexpr bx::ListOf kListedRules =
-    BX_TABLES(QosClassRuleList, astRule, kListedRule).counted_at(offsetof(QosClassRuleList, uiCount));
+    BX_TABLES(QosClassRuleList, astRule, kListedRule, .count_at = offsetof(QosClassRuleList, uiCount));
 constexpr bx::FieldDef kRuleListSource[] = {
     BX_U32(QosClassRuleList, uiCount, "index", "uiCount:%u"),
-    bx::with_quirk(BX_LIST(QosClassRuleList, astRule, "list", kListedRules, nullptr), kRules),
+    BX_LIST(QosClassRuleList, astRule, "list", kListedRules, nullptr, .quirk = &kRules),
 };
 BX_PACKED(kRuleList);
 
@@ -258,13 +252,15 @@ BX_PACKED(kRuleList);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_QoS, JTS_QoS, kQosSwitch)
-BX_FIELD_CONVERTERS(STJ_Dscp, JTS_Dscp, kQosSwitch)
-BX_FIELD_CONVERTERS(STJ_8021p, JTS_8021p, kQosSwitch)
-BX_CONVERTERS(STJ_Qos_Classification_Add, JTS_Qos_Classification_Add, kAddSent, kAddReceived)
-BX_FIELD_CONVERTERS(STJ_Qos_Classification_Delete, JTS_Qos_Classification_Delete, kQosClassIndex)
-BX_FIELD_CONVERTERS(STJ_Qos_Classification_List, JTS_Qos_Classification_List, kRuleList)
-BX_CONVERTERS(STJ_Qos_Classification_Set, JTS_Qos_Classification_Set, kRule, kSetReceived)
-BX_CONVERTERS(STJ_Qos_Classification_Get, JTS_Qos_Classification_Get, kRule, kQosClassIndex)
+BX_CONVERTERS(STJ_QoS, JTS_QoS, kQosSwitch)
+BX_CONVERTERS(STJ_Dscp, JTS_Dscp, kQosSwitch)
+BX_CONVERTERS(STJ_8021p, JTS_8021p, kQosSwitch)
+BX_CONVERTERS(STJ_Qos_Classification_Add, JTS_Qos_Classification_Add, kAdd)
+BX_CONVERTERS(STJ_Qos_Classification_Delete, JTS_Qos_Classification_Delete, kQosClassIndex)
+BX_CONVERTERS(STJ_Qos_Classification_List, JTS_Qos_Classification_List, kRuleList)
+BX_SENT_ROW(STJ_Qos_Classification_Set, kRule, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Qos_Classification_Set, kSetReceived, ::bx::kNoMask)
+BX_SENT_ROW(STJ_Qos_Classification_Get, kRule, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_Qos_Classification_Get, kQosClassIndex, ::bx::kNoMask)
 
 } // extern "C"

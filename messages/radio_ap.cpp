@@ -17,32 +17,35 @@
 
 namespace {
 
-using bx::flagged;
-using bx::required;
-
 /* A missing radio or access point index refuses the message with -1. */
 constexpr const char *kNoRadio = "[radio] is not valid.";
 constexpr const char *kNoApIndex = "[apindex] is not valid.";
 
 /* Every record begins with the radio; access-point records go on with the
  * index of the access point within it. */
-#define RADIO(Rec) BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d")
-#define APINDEX(Rec) BX_U32(Rec, uiApIndex, "apindex", "apindex:%u")
+#define RADIO(Rec, ...) BX_WORD(Rec, eRadio, EnumBand, "radio", "radio:%d", __VA_ARGS__)
+#define APINDEX(Rec, ...) BX_U32(Rec, uiApIndex, "apindex", "apindex:%u", __VA_ARGS__)
 
 /* The state a radio or access point reports (real channel and bandwidth,
  * access-point count, bssid, factory name) goes out whenever any setting was
  * asked about, and never sets a bit coming in. */
-constexpr bx::FieldDef state(bx::FieldDef f) { return flagged(f, 0, bx::kAnyLowBit); }
+constexpr bx::FieldDef state(bx::FieldDef f)
+{
+    f.bit = 0;
+    f.sent_if = bx::kAnyLowBit;
+    return f;
+}
 
 /* "capaflag" comes along in every configuration message; no receiver reads
  * it: the mask tells what this message set. */
-#define CAPAFLAG(Rec) BX_U32(Rec, capaflag, "capaflag", nullptr)
+#define CAPAFLAG(Rec, ...) BX_U32(Rec, capaflag, "capaflag", nullptr, __VA_ARGS__)
 
 /* ---- Wi-Fi on/off (52, 67), radio (53), selection (63) ------------------------ */
 
 constexpr bx::FieldDef kWifiSwitchSource[] = {
     /* A missing "switch" is reported under the name "status". */
-    required(BX_WORD(WifiSwitchRec, uiSwitch, EnumSwitch, "switch", "switch:%d"), "[status] is not valid."),
+    BX_WORD(WifiSwitchRec, uiSwitch, EnumSwitch, "switch", "switch:%d", .required = true,
+        .absent = "[status] is not valid."),
 };
 BX_PACKED(kWifiSwitch);
 
@@ -62,61 +65,59 @@ BX_PACKED(kWifiSelect);
 /* The received "standard" is translated in the message's own text, which
  * loses its last token: the translation cuts it off in place. */
 constexpr bx::FieldDef kRadioBasicSource[] = {
-    required(RADIO(RadioBasicRec), kNoRadio),
-    flagged(BX_WORD(RadioBasicRec, uiStatus, EnumSwitch, "status", "status:%d"), WIFI_CAPA_STATUS),
-    flagged(BX_WORD(RadioBasicRec, uiTxPower, EnumTxPower, "txpower", "txpower:%d"), WIFI_CAPA_TXPOWER),
-    flagged(BX_U32(RadioBasicRec, uiChannel, "channel", "channel:%u"), WIFI_CAPA_CHANNEL),
-    flagged(BX_WORD(RadioBasicRec, uiBandwidth, EnumBandwidth, "bandwidth", "bandwidth:%d"), WIFI_CAPA_BANDWIDTH),
-    flagged(BX_WORD(RadioBasicRec, uiStandard, EnumStandard, "standard", "standard:%d"), WIFI_CAPA_STANDARD),
+    RADIO(RadioBasicRec, .required = true, .absent = kNoRadio),
+    BX_WORD(RadioBasicRec, uiStatus, EnumSwitch, "status", "status:%d", .bit = WIFI_CAPA_STATUS),
+    BX_WORD(RadioBasicRec, uiTxPower, EnumTxPower, "txpower", "txpower:%d", .bit = WIFI_CAPA_TXPOWER),
+    BX_U32(RadioBasicRec, uiChannel, "channel", "channel:%u", .bit = WIFI_CAPA_CHANNEL),
+    BX_WORD(RadioBasicRec, uiBandwidth, EnumBandwidth, "bandwidth", "bandwidth:%d", .bit = WIFI_CAPA_BANDWIDTH),
+    BX_WORD(RadioBasicRec, uiStandard, EnumStandard, "standard", "standard:%d", .bit = WIFI_CAPA_STANDARD),
     state(BX_WORD(RadioBasicRec, uiRealBandwidth, EnumBandwidth, "realbandwidth", "realbandwidth:%d")),
     state(BX_U32(RadioBasicRec, uiRealChannel, "realchannel", "realchannel:%u")),
     state(BX_U32(RadioBasicRec, uiApCount, "apcount", "apcount:%u")),
     BX_U32(RadioBasicRec, uiLoad, "load", "load:%u"),
     BX_U32(RadioBasicRec, uiNoiseLevel, "noiselevel", "noiselevel:%u"),
-    bx::tested_only(CAPAFLAG(RadioBasicRec)),
+    CAPAFLAG(RadioBasicRec, .use = bx::Use::Tested),
 };
 BX_PACKED(kRadioBasic);
 
 /* ---- Access point basic settings (70) ---------------------------------------------- */
 
-constexpr bx::FieldDef kAbStatus = flagged(BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d"), WIFI_CAPA_STATUS);
-constexpr bx::FieldDef kAbSsid = flagged(BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s"), WIFI_CAPA_SSID);
-constexpr bx::FieldDef kAbInitalSsid = BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s");
-constexpr bx::FieldDef kAbBssid = BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s");
-constexpr bx::FieldDef kAbAuth = flagged(BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d"), WIFI_CAPA_AUTH);
-constexpr bx::FieldDef kAbEncrypt =
-    flagged(BX_WORD(ApBasicRec, uiEncrypt, EnumCipher, "encrypt", "encrypt:%d"), WIFI_CAPA_ENCRYPT);
-constexpr bx::FieldDef kAbKey = flagged(BX_TEXT(ApBasicRec, szKey, "key", "key:%s"), WIFI_CAPA_KEY);
-constexpr bx::FieldDef kAbHide = flagged(BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d"), WIFI_CAPA_HIDE);
-
-/* The times and the mask come along; the daemons keep the times, nobody
- * converts them. */
-constexpr bx::FieldDef kApBasicInSource[] = {
-    required(RADIO(ApBasicRec), kNoRadio),
-    required(APINDEX(ApBasicRec), kNoApIndex),
-    kAbStatus, kAbSsid, kAbInitalSsid, kAbBssid, kAbAuth, kAbEncrypt, kAbKey, kAbHide,
-    bx::listed_only(BX_U32(ApBasicRec, uiValidTime, "ValidTime", nullptr)),
-    bx::listed_only(BX_U32(ApBasicRec, uiRestTime, "RestTime", nullptr)),
-    bx::listed_only(CAPAFLAG(ApBasicRec)),
+/* One table for both directions. Only a received message must name its
+ * radio and access point. The times and the mask come along; the daemons
+ * keep the times, nobody converts them. The key goes out after "hide"
+ * (receivers read the members in that order), and the bssid and factory
+ * name go out last, as state. */
+constexpr bx::FieldDef kApBasicSource[] = {
+    RADIO(ApBasicRec, .required = true, .absent = kNoRadio, .way = bx::Way::Received),
+    RADIO(ApBasicRec, .way = bx::Way::Sent),
+    APINDEX(ApBasicRec, .required = true, .absent = kNoApIndex, .way = bx::Way::Received),
+    APINDEX(ApBasicRec, .way = bx::Way::Sent),
+    BX_WORD(ApBasicRec, uiStatus, EnumSwitch, "status", "status:%d", .bit = WIFI_CAPA_STATUS),
+    BX_TEXT(ApBasicRec, szSsid, "ssid", "ssid:%s", .bit = WIFI_CAPA_SSID),
+    BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s", .way = bx::Way::Received),
+    BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Received),
+    BX_WORD(ApBasicRec, uiAuth, EnumAuthMode, "auth", "auth:%d", .bit = WIFI_CAPA_AUTH),
+    BX_WORD(ApBasicRec, uiEncrypt, EnumCipher, "encrypt", "encrypt:%d", .bit = WIFI_CAPA_ENCRYPT),
+    BX_TEXT(ApBasicRec, szKey, "key", "key:%s", .bit = WIFI_CAPA_KEY, .way = bx::Way::Received),
+    BX_WORD(ApBasicRec, uiHide, EnumSwitch, "hide", "hide:%d", .bit = WIFI_CAPA_HIDE),
+    BX_TEXT(ApBasicRec, szKey, "key", "key:%s", .bit = WIFI_CAPA_KEY, .way = bx::Way::Sent),
+    BX_U32(ApBasicRec, uiValidTime, "ValidTime", nullptr, .way = bx::Way::Received, .use = bx::Use::Listed),
+    BX_U32(ApBasicRec, uiRestTime, "RestTime", nullptr, .way = bx::Way::Received, .use = bx::Use::Listed),
+    CAPAFLAG(ApBasicRec, .way = bx::Way::Received, .use = bx::Use::Listed),
+    state(BX_TEXT(ApBasicRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Sent)),
+    state(BX_TEXT(ApBasicRec, szInitalSsid, "initalssid", "initalssid:%s", .way = bx::Way::Sent)),
 };
-BX_PACKED(kApBasicIn);
-
-/* The key goes out after "hide": receivers read the members in this order. */
-constexpr bx::FieldDef kApBasicOutSource[] = {
-    RADIO(ApBasicRec), APINDEX(ApBasicRec), kAbStatus, kAbSsid, kAbAuth, kAbEncrypt, kAbHide, kAbKey,
-    state(kAbBssid), state(kAbInitalSsid),
-};
-BX_PACKED(kApBasicOut);
+BX_PACKED(kApBasic);
 
 /* ---- Access point advanced settings, rate limit, access mode (71 to 73) --------------- */
 
 constexpr bx::FieldDef kApAdvancedSource[] = {
-    required(RADIO(ApAdvancedRec), kNoRadio),
-    required(APINDEX(ApAdvancedRec), kNoApIndex),
-    flagged(BX_U32(ApAdvancedRec, uiAccessMax, "accessmax", "accessmax:%u"), WIFI_CAPA_ACCESSMAX),
-    flagged(BX_WORD(ApAdvancedRec, uiWmmEnable, EnumSwitch, "wmmenable", "wmmenable:%d"), WIFI_CAPA_WMMENABLE),
+    RADIO(ApAdvancedRec, .required = true, .absent = kNoRadio),
+    APINDEX(ApAdvancedRec, .required = true, .absent = kNoApIndex),
+    BX_U32(ApAdvancedRec, uiAccessMax, "accessmax", "accessmax:%u", .bit = WIFI_CAPA_ACCESSMAX),
+    BX_WORD(ApAdvancedRec, uiWmmEnable, EnumSwitch, "wmmenable", "wmmenable:%d", .bit = WIFI_CAPA_WMMENABLE),
     BX_TEXT(ApAdvancedRec, szRegulatoryDomain, "regulatorydomain", "regulatorydomain:%s"),
-    bx::listed_only(CAPAFLAG(ApAdvancedRec)),
+    CAPAFLAG(ApAdvancedRec, .use = bx::Use::Listed),
 };
 BX_PACKED(kApAdvanced);
 
@@ -140,15 +141,15 @@ bx::Read read_dsbandwidth(const bx::Reading &r, const bx::Field &f, blob_attr *a
 constexpr bx::Quirk kTestedOnUpstream{read_dsbandwidth, nullptr, "refuses the message (-1) when \"usbandwidth\" is absent or negative"};
 
 constexpr bx::FieldDef kApRateLimitSource[RL_MAX] = {
-    /* RL_RADIO */ required(RADIO(ApRateLimitRec), kNoRadio),
-    /* RL_APINDEX */ required(APINDEX(ApRateLimitRec), kNoApIndex),
+    /* RL_RADIO */ RADIO(ApRateLimitRec, .required = true, .absent = kNoRadio),
+    /* RL_APINDEX */ APINDEX(ApRateLimitRec, .required = true, .absent = kNoApIndex),
     /* RL_USBANDWIDTH */
-    bx::ranged(flagged(BX_U32(ApRateLimitRec, uiUsBandWidth, "usbandwidth", "usbandwidth:%u"), WIFI_CAPA_USBANDWIDTH),
-               0, 0x7FFFFFFFu, "[uiUsBandWidth] is not valid."),
+    BX_U32(ApRateLimitRec, uiUsBandWidth, "usbandwidth", "usbandwidth:%u", .bit = WIFI_CAPA_USBANDWIDTH,
+        .range = {bx::Check::Before, 0, 0x7FFFFFFFu, "[uiUsBandWidth] is not valid."}),
     /* RL_DSBANDWIDTH */
-    bx::with_quirk(flagged(BX_U32(ApRateLimitRec, uiDsBandWidth, "dsbandwidth", "dsbandwidth:%u"), WIFI_CAPA_DSBANDWIDTH),
-                   kTestedOnUpstream),
-    /* RL_CAPAFLAG */ bx::listed_only(CAPAFLAG(ApRateLimitRec)),
+    BX_U32(ApRateLimitRec, uiDsBandWidth, "dsbandwidth", "dsbandwidth:%u", .bit = WIFI_CAPA_DSBANDWIDTH,
+        .quirk = &kTestedOnUpstream),
+    /* RL_CAPAFLAG */ CAPAFLAG(ApRateLimitRec, .use = bx::Use::Listed),
 };
 BX_PACKED(kApRateLimit);
 
@@ -187,34 +188,30 @@ BX_PACKED(kApAccessIp);
  * table whatever its blobmsg type and takes the next entry: the list is not
  * held to "count", only to the record's array. */
 constexpr bx::ListOf kApAccessIps =
-    BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp).counted_at(offsetof(ApAccessRuleRec, uiCount)).of_any_type();
+    BX_TABLES(ApAccessRuleRec, astIpList, kApAccessIp, .count_at = offsetof(ApAccessRuleRec, uiCount),
+        .any_type = true);
 
 #define ACCESS_RULE(Rec) \
-    bx::with_quirk(BX_WORD(Rec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d"), kRuleOrNone)
-#define IP_LIST(Rec) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr)
+    BX_WORD(Rec, uiAccessRule, EnumIsolation, "accessrule", "accessrule:%d", .quirk = &kRuleOrNone)
+#define IP_LIST(Rec, ...) BX_LIST(Rec, astIpList, "iplist", kApAccessIps, nullptr, __VA_ARGS__)
 
-/* Sent: the rule words, then the addresses, as many as "count" says. */
-constexpr bx::FieldDef kApAccessRuleSentSource[] = {
-    RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
-    BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"), IP_LIST(ApAccessRuleRec),
-};
-BX_PACKED(kApAccessRuleSent);
-
-/* Received: the list comes first. */
-constexpr bx::FieldDef kApAccessRuleReceivedSource[] = {
-    IP_LIST(ApAccessRuleRec),
+/* Sent: the rule words, then the addresses, as many as "count" says;
+ * received, the list comes first. */
+constexpr bx::FieldDef kApAccessRuleSource[] = {
+    IP_LIST(ApAccessRuleRec, .way = bx::Way::Received),
     RADIO(ApAccessRuleRec), APINDEX(ApAccessRuleRec), ACCESS_RULE(ApAccessRuleRec),
     BX_U32(ApAccessRuleRec, uiCount, "count", "count:%u"),
+    IP_LIST(ApAccessRuleRec, .way = bx::Way::Sent),
 };
-BX_PACKED(kApAccessRuleReceived);
+BX_PACKED(kApAccessRule);
 #undef ACCESS_RULE
 #undef IP_LIST
 
 /* ---- Access point creation and deletion (75, 76) ---------------------------------------- */
 
 constexpr bx::FieldDef kApIndexSource[] = {
-    required(RADIO(ApIndexRec), kNoRadio),
-    required(APINDEX(ApIndexRec), kNoApIndex),
+    RADIO(ApIndexRec, .required = true, .absent = kNoRadio),
+    APINDEX(ApIndexRec, .required = true, .absent = kNoApIndex),
 };
 BX_PACKED(kApIndex);
 
@@ -226,19 +223,19 @@ BX_PACKED(kApIndex);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WifiStatus, JTS_WifiStatus, kWifiSwitch)
-BX_FIELD_CONVERTERS(STJ_Wifi5Status, JTS_Wifi5Status, kWifiSwitch)
-BX_FIELD_CONVERTERS(STJ_WifiOpt, JTS_WifiOpt, kWifiRadio)
+BX_CONVERTERS(STJ_WifiStatus, JTS_WifiStatus, kWifiSwitch)
+BX_CONVERTERS(STJ_Wifi5Status, JTS_Wifi5Status, kWifiSwitch)
+BX_CONVERTERS(STJ_WifiOpt, JTS_WifiOpt, kWifiRadio)
 /* The selection message's receiver traces under the name JTS_WifiRadio. */
-BX_FIELD_CONVERTERS(STJ_WifiSelect, JTS_WifiRadio, kWifiSelect)
-BX_MASKED_CONVERTERS(STJ_RadioBasic, JTS_RadioBasic, RadioBasicRec, capaflag, kRadioBasic, kRadioBasic)
-BX_MASKED_CONVERTERS(STJ_ApBasic, JTS_ApBasic, ApBasicRec, capaflag, kApBasicOut, kApBasicIn)
-BX_MASKED_CONVERTERS(STJ_ApAdvanced, JTS_ApAdvanced, ApAdvancedRec, capaflag, kApAdvanced, kApAdvanced)
-BX_FIELD_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
-BX_FIELD_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
-BX_FIELD_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
+BX_CONVERTERS(STJ_WifiSelect, JTS_WifiRadio, kWifiSelect)
+BX_CONVERTERS(STJ_RadioBasic, JTS_RadioBasic, kRadioBasic, offsetof(RadioBasicRec, capaflag))
+BX_CONVERTERS(STJ_ApBasic, JTS_ApBasic, kApBasic, offsetof(ApBasicRec, capaflag))
+BX_CONVERTERS(STJ_ApAdvanced, JTS_ApAdvanced, kApAdvanced, offsetof(ApAdvancedRec, capaflag))
+BX_CONVERTERS(STJ_ApAccessMode, JTS_ApAccessMode, kApAccessMode)
+BX_CONVERTERS(STJ_ApAdd, JTS_ApAdd, kApIndex)
+BX_CONVERTERS(STJ_ApDelete, JTS_ApDelete, kApIndex)
 
-BX_MASKED_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, ApRateLimitRec, capaflag, kApRateLimit, kApRateLimit)
-BX_CONVERTERS(STJ_ApAccessRule, JTS_ApAccessRule, kApAccessRuleSent, kApAccessRuleReceived)
+BX_CONVERTERS(STJ_ApRateLimit, JTS_ApRateLimit, kApRateLimit, offsetof(ApRateLimitRec, capaflag))
+BX_CONVERTERS(STJ_ApAccessRule, JTS_ApAccessRule, kApAccessRule)
 
 } // extern "C"

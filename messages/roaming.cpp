@@ -19,7 +19,6 @@ namespace {
 
 using bx::Field;
 using bx::Link;
-using bx::parsed_key;
 
 /* A MAC written without separators. */
 constexpr size_t kBareMacLen = 12;
@@ -42,17 +41,17 @@ BX_PACKED(kL2Roaming);
 /* Field i of the table owns bit 1 << i of uiRoamFlag. "enable" travels as a
  * number here, not as a switch word. */
 constexpr bx::FieldDef kRoamingSource[] = {
-    bx::flagged(BX_U32(RoamingRec, uiEnable, "enable", "enable:%u"), 1u << 0),
-    bx::flagged(BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d"), 1u << 1),
-    bx::flagged(BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u"), 1u << 2),
-    bx::flagged(BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u"), 1u << 3),
-    bx::flagged(BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d"), 1u << 4),
-    bx::flagged(BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u"), 1u << 5),
-    bx::flagged(BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d"), 1u << 6),
+    BX_U32(RoamingRec, uiEnable, "enable", "enable:%u", .bit = 1u << 0),
+    BX_S32(RoamingRec, iThresholdRssi, "thresholdrssi", "thresholdrssi:%d", .bit = 1u << 1),
+    BX_U32(RoamingRec, uiReportInterval, "reportinterval", "reportinterval:%u", .bit = 1u << 2),
+    BX_U32(RoamingRec, uiStartTime, "starttime", "starttime:%u", .bit = 1u << 3),
+    BX_S32(RoamingRec, iStartRssi, "startrssi", "startrssi:%d", .bit = 1u << 4),
+    BX_U32(RoamingRec, uiLowRssiPeriod, "lowrssiperiod", "lowrssiperiod:%u", .bit = 1u << 5),
+    BX_S32(RoamingRec, iThresholdRssi5g, "thresholdrssi5g", "thresholdrssi5g:%d", .bit = 1u << 6),
 };
 BX_PACKED(kRoaming);
-static_assert(kRoamingSource[0].mask_bit == BX_ROAM_ENABLE && kRoamingSource[2].mask_bit == BX_ROAM_REPORT_INTERVAL &&
-              kRoamingSource[std::size(kRoamingSource) - 1].mask_bit == BX_ROAM_THRESHOLD_RSSI5G);
+static_assert(kRoamingSource[0].bit == BX_ROAM_ENABLE && kRoamingSource[2].bit == BX_ROAM_REPORT_INTERVAL &&
+              kRoamingSource[std::size(kRoamingSource) - 1].bit == BX_ROAM_THRESHOLD_RSSI5G);
 
 /* ---- 115, 116: signal-strength query and answer ------------------------------ */
 
@@ -74,42 +73,38 @@ constexpr bx::Quirk kBareMac{read_bare_mac, nullptr, "at most 12 characters copi
  * list. The query's and the answer's list elements are parsed with the
  * message's own policy, so the message and each element list the same keys. */
 constexpr bx::FieldDef kApInfoSource[] = {
-    parsed_key("count", bx::Wire::U32),
-    parsed_key("mac", bx::Wire::Text),
-    parsed_key("apinfo", bx::Wire::List),
-    bx::with_quirk(BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_KEY("count", bx::Wire::U32),
+    BX_KEY("mac", bx::Wire::Text),
+    BX_KEY("apinfo", bx::Wire::List),
+    BX_TEXT(RoamingApInfoRec, szBssid, "bssid", "bssid:%s", .quirk = &kBareMac),
     BX_U32(RoamingApInfoRec, uiChannel, "channel", "channel:%u"),
 };
 BX_PACKED(kApInfo);
-constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo)
-                                    .counted_at(offsetof(RoamingApQueryRec, uiCount))
-                                    .bounded_by_count()
-                                    .odd_traced(kNotAnEntry);
+constexpr bx::ListOf kApInfos = BX_TABLES(RoamingApQueryRec, astApInfo, kApInfo,
+    .count_at = offsetof(RoamingApQueryRec, uiCount), .bound = bx::Bound::Count, .odd = kNotAnEntry);
 constexpr bx::FieldDef kApQuerySource[] = {
     BX_U32(RoamingApQueryRec, uiCount, "count", "count:%u"),
-    bx::with_quirk(BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s"), kBareMac),
+    BX_TEXT(RoamingApQueryRec, szMac, "mac", "mac:%s", .quirk = &kBareMac),
     BX_LIST(RoamingApQueryRec, astApInfo, "apinfo", kApInfos, nullptr),
-    parsed_key("bssid", bx::Wire::Text),
-    parsed_key("channel", bx::Wire::U32),
+    BX_KEY("bssid", bx::Wire::Text),
+    BX_KEY("channel", bx::Wire::U32),
 };
 BX_PACKED(kApQuery);
 
 constexpr bx::FieldDef kApRssiSource[] = {
-    parsed_key("count", bx::Wire::U32),
-    parsed_key("aprssi", bx::Wire::List),
-    bx::with_quirk(BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s"), kBareMac),
+    BX_KEY("count", bx::Wire::U32),
+    BX_KEY("aprssi", bx::Wire::List),
+    BX_TEXT(RoamingApRssiRec, szBssid, "bssid", "bssid:%s", .quirk = &kBareMac),
     BX_S32(RoamingApRssiRec, iRssi, "rssi", "rssi:%d"),
 };
 BX_PACKED(kApRssi);
-constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi)
-                                    .counted_at(offsetof(RoamingApRspRec, uiCount))
-                                    .bounded_by_count()
-                                    .odd_traced(kNotAnEntry);
+constexpr bx::ListOf kApRssis = BX_TABLES(RoamingApRspRec, astApRssi, kApRssi,
+    .count_at = offsetof(RoamingApRspRec, uiCount), .bound = bx::Bound::Count, .odd = kNotAnEntry);
 constexpr bx::FieldDef kApRspSource[] = {
     BX_U32(RoamingApRspRec, uiCount, "count", "count:%u"),
     BX_LIST(RoamingApRspRec, astApRssi, "aprssi", kApRssis, nullptr),
-    parsed_key("bssid", bx::Wire::Text),
-    parsed_key("rssi", bx::Wire::S32),
+    BX_KEY("bssid", bx::Wire::Text),
+    BX_KEY("rssi", bx::Wire::S32),
 };
 BX_PACKED(kApRsp);
 
@@ -143,39 +138,26 @@ void send_support_flag(const Field &f, const Link *links, const void *record, bl
     bx::add_word(buf, f.key(), f.word_list, flag);
 }
 constexpr bx::Quirk kSupportFlag{read_support_flag, send_support_flag, "a 16-bit member: only the word \"true\" stores 1, any other text 0"};
-#define SUPPORT_FLAG(member, key, trace)                                                                \
-    bx::with_quirk(bx::FieldDef{key, bx::Wire::Word, EnumBoolean, BX_FIELD_AT(RoamingReportRec, member),        \
-                         BX_FIELD_SIZE(RoamingReportRec, member), trace, bx::trace_shape(trace)},         \
-                   kSupportFlag)
+#define SUPPORT_FLAG(m, key_, trace_)                                                                     \
+    bx::FieldDef{.key = key_, .wire = bx::Wire::Word, .word_list = EnumBoolean, .offset = BX_FIELD_AT(RoamingReportRec, m), \
+                 .size = BX_FIELD_SIZE(RoamingReportRec, m), .trace = trace_, .shape = bx::trace_shape(trace_),  \
+                 .quirk = &kSupportFlag}
 
-constexpr bx::FieldDef kReportOutSource[] = {
-    BX_TEXT(RoamingReportRec, szMac, "mac", nullptr),
-    BX_U32(RoamingReportRec, uiConnectTime, "connecttime", nullptr),
-    BX_S32(RoamingReportRec, iRssi, "rssi", nullptr),
-    BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", nullptr),
-    BX_U32(RoamingReportRec, uiChannel, "channel", nullptr),
-    BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr),
-    BX_U32(RoamingReportRec, uiRxRate, "rxRate", nullptr),
-    BX_U32(RoamingReportRec, uiTxRate, "txRate", nullptr),
-    SUPPORT_FLAG(usSupport11k, "support11k", nullptr),
-    SUPPORT_FLAG(usSupport11v, "support11v", nullptr),
-};
-BX_PACKED(kReportOut);
-
-/* Received in another order than sent. */
-constexpr bx::FieldDef kReportInSource[] = {
+/* Received in another order than sent: the bssid comes second. */
+constexpr bx::FieldDef kReportSource[] = {
     BX_TEXT(RoamingReportRec, szMac, "mac", "mac:%s"),
-    BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s"),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", "bssid:%s", .way = bx::Way::Received),
     BX_U32(RoamingReportRec, uiConnectTime, "connecttime", "connecttime:%u"),
     BX_S32(RoamingReportRec, iRssi, "rssi", "rssi:%d"),
     BX_WORD(RoamingReportRec, eRadio, EnumBand, "radio", "radio:%d"),
     BX_U32(RoamingReportRec, uiChannel, "channel", "channel:%u"),
+    BX_TEXT(RoamingReportRec, szBssid, "bssid", nullptr, .way = bx::Way::Sent),
     BX_U32(RoamingReportRec, uiRxRate, "rxRate", "rxRate:%u"),
     BX_U32(RoamingReportRec, uiTxRate, "txRate", "txRate:%u"),
     SUPPORT_FLAG(usSupport11k, "support11k", "support11k:%u"),
     SUPPORT_FLAG(usSupport11v, "support11v", "support11v:%u"),
 };
-BX_PACKED(kReportIn);
+BX_PACKED(kReport);
 #undef SUPPORT_FLAG
 
 /* ---- 119: stop detecting a station (received only) -------------------------------- */
@@ -188,21 +170,16 @@ BX_PACKED(kStopDetect);
 
 /* ---- 120: a station's weak signal ------------------------------------------------- */
 
-constexpr bx::FieldDef kStaRssiOutSource[] = {
-    BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr),
-    BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr),
-    BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", nullptr),
-};
-BX_PACKED(kStaRssiOut);
-
-/* Received in another order than sent: radio before rssi. The MAC takes
- * all 18 bytes, terminator included: a longer text leaves none. */
-constexpr bx::FieldDef kStaRssiInSource[] = {
-    bx::whole(BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s")),
+/* Received in another order than sent: radio before rssi. A received MAC
+ * takes all 18 bytes, terminator included: a longer text leaves none. */
+constexpr bx::FieldDef kStaRssiSource[] = {
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", "mac:%s", .whole = true, .way = bx::Way::Received),
+    BX_TEXT(RoamingStaRssiRec, szMac, "mac", nullptr, .way = bx::Way::Sent),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", nullptr, .way = bx::Way::Sent),
     BX_WORD(RoamingStaRssiRec, eRadio, EnumBand, "radio", "radio:%d"),
-    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d"),
+    BX_S32(RoamingStaRssiRec, iRssi, "rssi", "rssi:%d", .way = bx::Way::Received),
 };
-BX_PACKED(kStaRssiIn);
+BX_PACKED(kStaRssi);
 
 } // namespace
 
@@ -210,32 +187,30 @@ extern "C" {
 
 /* ---- 113 ---- */
 
-BX_FIELD_CONVERTERS(STJ_L2_Roaming, JTS_L2_Roaming, kL2Roaming)
+BX_CONVERTERS(STJ_L2_Roaming, JTS_L2_Roaming, kL2Roaming)
 
 /* ---- 114 ---- */
 
 /* Only the settings the mask names go out; the mask itself never does, and
  * only gains bits: an absent key leaves its bit as it was. */
-BX_MASKED_CONVERTERS(STJ_Roaming, JTS_Roaming, RoamingRec, uiRoamFlag, kRoaming, kRoaming)
+BX_CONVERTERS(STJ_Roaming, JTS_Roaming, kRoaming, offsetof(RoamingRec, uiRoamFlag))
 
 /* ---- 115 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Roaming_APQuery, JTS_Roaming_APQuery, kApQuery)
+BX_CONVERTERS(STJ_Roaming_APQuery, JTS_Roaming_APQuery, kApQuery)
 
 /* ---- 116 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
+BX_CONVERTERS(STJ_Roaming_APRsp, JTS_Roaming_APRsp, kApRsp)
 
 /* ---- 117 ---- */
 
-BX_SENT_ROW(STJ_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
-
 /* char[13] keeps 12 characters: a colon-form MAC is cut to its first 12. */
-BX_RECEIVED_ROW(JTS_Roaming_BssTrans, kBssTrans, ::bx::kNoMask)
+BX_CONVERTERS(STJ_Roaming_BssTrans, JTS_Roaming_BssTrans, kBssTrans)
 
 /* ---- 118 ---- */
 
-BX_CONVERTERS(STJ_Roaming_Report, JTS_Roaming_Report, kReportOut, kReportIn)
+BX_CONVERTERS(STJ_Roaming_Report, JTS_Roaming_Report, kReport)
 
 /* ---- 119 (no record-to-tree direction) ---- */
 
@@ -243,6 +218,6 @@ BX_RECEIVED_ROW(JTS_Roaming_StopDetect, kStopDetect, ::bx::kNoMask)
 
 /* ---- 120 ---- */
 
-BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssiOut, kStaRssiIn)
+BX_CONVERTERS(STJ_Roaming_StaRssi, JTS_Roaming_StaRssi, kStaRssi)
 
 } // extern "C"

@@ -55,31 +55,34 @@ constexpr bx::FieldDef kInternetTimeSource[] = {
 BX_PACKED(kInternetTime);
 
 constexpr bx::ListOf kCtrlList = BX_COUNTED_TABLES(StaCtrlListParam, astList, kEntry);
-constexpr bx::FieldDef kCtrlListSentSource[] = {BX_COUNT(StaCtrlListParam), BX_COUNTED_LIST(StaCtrlListParam, astList, "list", kCtrlList)};
-BX_PACKED(kCtrlListSent);
-constexpr bx::FieldDef kCtrlListReceivedSource[] = {kCtrlListSentSource[1]};
-BX_PACKED(kCtrlListReceived);
+/* "count" only goes out: a received list counts what it fills. */
+constexpr bx::FieldDef kCtrlListMsgSource[] = {
+    BX_COUNT(StaCtrlListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(StaCtrlListParam, astList, "list", kCtrlList),
+};
+BX_PACKED(kCtrlListMsg);
 
 constexpr bx::ListOf kWifiList = BX_COUNTED_TABLES(StaCtrlWifiListParam, astList, kAllow);
-constexpr bx::FieldDef kWifiListSentSource[] = {BX_COUNT(StaCtrlWifiListParam), BX_COUNTED_LIST(StaCtrlWifiListParam, astList, "list", kWifiList)};
-BX_PACKED(kWifiListSent);
-constexpr bx::FieldDef kWifiListReceivedSource[] = {kWifiListSentSource[1]};
-BX_PACKED(kWifiListReceived);
+constexpr bx::FieldDef kWifiListMsgSource[] = {
+    BX_COUNT(StaCtrlWifiListParam, .way = bx::Way::Sent),
+    BX_COUNTED_LIST(StaCtrlWifiListParam, astList, "list", kWifiList),
+};
+BX_PACKED(kWifiListMsg);
 
 } // namespace
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
-BX_FIELD_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
-BX_FIELD_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
-BX_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, kCtrlListSent, kCtrlListReceived)
+BX_CONVERTERS(STJ_StaCtrlStatus, JTS_StaCtrlStatus, kStatus)
+BX_CONVERTERS(STJ_StaCtrlMode, JTS_StaCtrlMode, kMode)
+BX_CONVERTERS(STJ_StaCtrlModeSwitch, JTS_StaCtrlModeSwitch, kModeSwitch)
+BX_CONVERTERS(STJ_StaCtrlList, JTS_StaCtrlList, kCtrlListMsg)
 /* Asks for the list of one mode: the mode record again. */
-BX_FIELD_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
-BX_FIELD_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
-BX_FIELD_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
-BX_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, kWifiListSent, kWifiListReceived)
-BX_FIELD_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
-BX_FIELD_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
+BX_CONVERTERS(STJ_StaBWListGet, JTS_StaCtrBlackList, kMode)
+BX_CONVERTERS(STJ_StaCtrlInternet, JTS_StaCtrlInternet, kAllow)
+BX_CONVERTERS(STJ_StaCtrlWifi, JTS_StaCtrlWifi, kAllow)
+BX_CONVERTERS(STJ_StaCtrlWifi_List, JTS_StaCtrlWifi_List, kWifiListMsg)
+BX_CONVERTERS(STJ_StaCtrlItemAdd, JTS_StaCtrlItemAdd, kItem)
+BX_CONVERTERS(STJ_StaCtrlInternetTime, JTS_StaCtrlInternetTime, kInternetTime)
 
 } // extern "C"

@@ -88,15 +88,12 @@ BX_PACKED(kStaEntryOut);
 /* The list's two keys. The entries live in the caller's array behind
  * pstListInfo (no capacity of the record's own), as many as uiStaNumofEsps
  * says: sent up to it, received up to it as a capacity. */
-template <typename Entry>
-constexpr bx::ListOf sta_entries(const Entry &entry)
-{
-    bx::ListOf l{entry.rows, STA_MAX, true, sizeof(StaEntry), 0};
-    l.entry_links = entry.links();
-    return l.counted_at(offsetof(StaListInfo, uiStaNumofEsps));
-}
-constexpr bx::ListOf kStaEntriesOut = sta_entries(kStaEntryOut);
-constexpr bx::ListOf kStaEntriesIn = sta_entries(kStaEntry).bounded_by_count().of_any_type();
+#define STA_ENTRIES(Entry, ...)                                                                            \
+    bx::entries_of(Entry, bx::ListOf{.entry_rows = nullptr, .fields = STA_MAX, .tables = true, .stride = sizeof(StaEntry), .capacity = 0, \
+                                     .count_at = offsetof(StaListInfo, uiStaNumofEsps), __VA_ARGS__})
+constexpr bx::ListOf kStaEntriesOut = STA_ENTRIES(kStaEntryOut);
+constexpr bx::ListOf kStaEntriesIn = STA_ENTRIES(kStaEntry, .bound = bx::Bound::Count, .any_type = true);
+#undef STA_ENTRIES
 constexpr bx::FieldDef kStaListSentSource[] = {
     BX_U32(StaListInfo, uiStaNumofEsps, "count", nullptr),
     BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesOut, nullptr),
@@ -104,7 +101,7 @@ constexpr bx::FieldDef kStaListSentSource[] = {
 BX_PACKED(kStaListSent);
 /* The sender's count is only traced. */
 constexpr bx::FieldDef kStaListReceivedSource[] = {
-    bx::tested_only(BX_U32(StaListInfo, uiStaNumofEsps, "count", "uiStaNumofEsps: %d")),
+    BX_U32(StaListInfo, uiStaNumofEsps, "count", "uiStaNumofEsps: %d", .use = bx::Use::Tested),
     BX_LIST(StaListInfo, pstListInfo, "stalist", kStaEntriesIn, nullptr),
 };
 BX_PACKED(kStaListReceived);
@@ -158,8 +155,8 @@ BX_PACKED(kStaName);
  * it valid, the other bits stay as the caller set them. */
 constexpr bx::FieldDef kStaModelSource[] = {
     BX_TEXT(StaModel, szMac, "mac", "mac:%s"),
-    bx::flagged(BX_TEXT(StaModel, szBrand, "brand", "brand:%s"), STA_MODEL_BRAND_VALID),
-    bx::flagged(BX_TEXT(StaModel, szModel, "model", "model:%s"), STA_MODEL_MODEL_VALID),
+    BX_TEXT(StaModel, szBrand, "brand", "brand:%s", .bit = STA_MODEL_BRAND_VALID),
+    BX_TEXT(StaModel, szModel, "model", "model:%s", .bit = STA_MODEL_MODEL_VALID),
 };
 BX_PACKED(kStaModel);
 
@@ -245,22 +242,22 @@ BX_RECEIVED_ROW(JTS_StaInfoByMac, kStaEntry, ::bx::kNoMask)
 
 /* ---- Wrong Wi-Fi password (90) ------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
+BX_CONVERTERS(STJ_StaWifiPwdErr, JTS_WifiPwdErr, kStaMac)
 
 /* ---- Per-station traffic (91) --------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
+BX_CONVERTERS(STJ_StaTraffic, JTS_StaTraffic, kStaTraffic)
 
 /* ---- Station counts (92) --------------------------------------------------------- */
 
-BX_FIELD_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
+BX_CONVERTERS(STJ_StaNum, JTS_StaNum, kStaNum)
 
 /* ---- Display name (93) ------------------------------------------------------------ */
 
-BX_FIELD_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
+BX_CONVERTERS(STJ_StaName, JTS_StaName, kStaName)
 
 /* ---- Brand and model (94) ------------------------------------------------------- */
 
-BX_MASKED_CONVERTERS(STJ_StaModel, JTS_StaModel, StaModel, uiFlag, kStaModel, kStaModel)
+BX_CONVERTERS(STJ_StaModel, JTS_StaModel, kStaModel, offsetof(StaModel, uiFlag))
 
 } // extern "C"

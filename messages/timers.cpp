@@ -14,7 +14,6 @@ namespace {
 
 using bx::Field;
 using bx::Link;
-using bx::parsed_key;
 using bx::Read;
 using bx::Reading;
 
@@ -23,7 +22,7 @@ using bx::Reading;
 /* These daemons parse every element of a list by the entry's policy,
  * whatever its blobmsg type: an element of another type fills its entry
  * with nothing (each key traced as missing) and still takes it up
- * (of_any_type). */
+ * (.any_type). */
 
 /* ---- Reboot timer (84) ------------------------------------------------------- */
 
@@ -50,8 +49,8 @@ constexpr bx::FieldDef kTimerTaskSource[] = {
     BX_U32(WifiTimerTask, uiEndHour, "endhour", nullptr),
     BX_U32(WifiTimerTask, uiEndMinute, "endminute", nullptr),
     BX_U32(WifiTimerTask, uiWeek, "week", nullptr),
-    parsed_key("count", bx::Wire::U32),
-    parsed_key("timerlist", bx::Wire::List),
+    BX_KEY("count", bx::Wire::U32),
+    BX_KEY("timerlist", bx::Wire::List),
 };
 BX_PACKED(kTimerTask);
 
@@ -66,7 +65,10 @@ Read read_required_quietly(const Reading &r, const Field &f, blob_attr *attr)
 constexpr bx::Quirk kRequiredQuietly{read_required_quietly, nullptr, "absence is traced with the refusal text alone, not by the presence check"};
 constexpr bx::FieldDef set_required(bx::FieldDef f, const char *refusal)
 {
-    return bx::required(bx::with_quirk(f, kRequiredQuietly), refusal);
+    f.required = true;
+    f.absent = refusal;
+    f.quirk = &kRequiredQuietly;
+    return f;
 }
 
 /* A task to be set needs every key but "status" and "type". The keys are
@@ -87,20 +89,28 @@ constexpr bx::FieldDef kTimerTaskSetSource[] = {
 };
 BX_PACKED(kTimerTaskSet);
 
+/* The lists parse an entry's keys at their own top level too (the daemons'
+ * slots), and read none of them there. */
+constexpr bx::FieldDef parsed(bx::FieldDef f)
+{
+    f.use = bx::Use::Parsed;
+    return f;
+}
+
 /* "count" does not bound the received list: every element fills the next
  * task, up to the tasks the record holds. */
 constexpr bx::ListOf kTimerTasks =
-    BX_TABLES(WifiTimerList, astTask, kTimerTask).counted_at(offsetof(WifiTimerList, uiCount)).of_any_type();
+    BX_TABLES(WifiTimerList, astTask, kTimerTask, .count_at = offsetof(WifiTimerList, uiCount), .any_type = true);
 constexpr bx::FieldDef kWifiTimerListSource[] = {
-    bx::parsed_only(kTimerTaskSource[0]),
-    bx::parsed_only(kTimerTaskSource[1]),
-    bx::parsed_only(kTimerTaskSource[2]),
-    bx::parsed_only(kTimerTaskSource[3]),
-    bx::parsed_only(kTimerTaskSource[4]),
-    bx::parsed_only(kTimerTaskSource[5]),
-    bx::parsed_only(kTimerTaskSource[6]),
-    bx::parsed_only(kTimerTaskSource[7]),
-    bx::parsed_only(kTimerTaskSource[8]),
+    parsed(kTimerTaskSource[0]),
+    parsed(kTimerTaskSource[1]),
+    parsed(kTimerTaskSource[2]),
+    parsed(kTimerTaskSource[3]),
+    parsed(kTimerTaskSource[4]),
+    parsed(kTimerTaskSource[5]),
+    parsed(kTimerTaskSource[6]),
+    parsed(kTimerTaskSource[7]),
+    parsed(kTimerTaskSource[8]),
     BX_U32(WifiTimerList, uiCount, "count", "count: %u"),
     BX_LIST(WifiTimerList, astTask, "timerlist", kTimerTasks, nullptr),
 };
@@ -127,13 +137,12 @@ constexpr bx::Quirk kSwitchAsBool{nullptr, send_switch_as_bool, "sent as the wor
  * but sets no bit: a record filled from a message goes back out without it
  * unless the caller sets the bit. */
 constexpr bx::FieldDef kRateLimitSource[] = {
-    bx::flagged(bx::with_quirk(BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
-                               kSwitchAsBool),
-                0, RATE_LIMIT_VALID_ENABLE),
+    BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr, .bit = 0,
+        .sent_if = RATE_LIMIT_VALID_ENABLE, .quirk = &kSwitchAsBool),
     BX_TEXT(RateLimitEntry, szMac, "mac", nullptr),
     BX_TEXT(RateLimitEntry, szIp, "ip", nullptr),
-    bx::flagged(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), RATE_LIMIT_VALID_RX),
-    bx::flagged(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), RATE_LIMIT_VALID_TX),
+    BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr, .bit = RATE_LIMIT_VALID_RX),
+    BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr, .bit = RATE_LIMIT_VALID_TX),
 };
 BX_PACKED(kRateLimit);
 
@@ -153,17 +162,15 @@ constexpr bx::FieldDef kRateLimitEntrySource[] = {
     BX_WORD(RateLimitEntry, uiEnable, EnumSwitch, "ratelimitenable", nullptr),
     kRateLimitSource[1],
     kRateLimitSource[2],
-    bx::with_quirk(BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr), kMarkingRx),
-    bx::with_quirk(BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr), kMarkingRx),
+    BX_U32(RateLimitEntry, uiRxRateLimit, "rxratelimit", nullptr, .quirk = &kMarkingRx),
+    BX_U32(RateLimitEntry, uiTxRateLimit, "txratelimit", nullptr, .quirk = &kMarkingRx),
 };
 BX_PACKED(kRateLimitEntry);
 
 /* "count" is stored but does not bound the walk; the record's 32 entries
  * do. */
-constexpr bx::ListOf kRateLimits = BX_TABLES(RateLimitList, astEntry, kRateLimitEntry)
-                                       .counted_at(offsetof(RateLimitList, uiCount))
-                                       .past_bound_traced("blobmsg parse failed\n", false)
-                                       .of_any_type();
+constexpr bx::ListOf kRateLimits = BX_TABLES(RateLimitList, astEntry, kRateLimitEntry,
+    .count_at = offsetof(RateLimitList, uiCount), .any_type = true, .past_bound = "blobmsg parse failed\n");
 constexpr bx::FieldDef kRateLimitListSource[] = {
     BX_U32(RateLimitList, uiCount, "count", "input uiCount: %d"),
     BX_LIST(RateLimitList, astEntry, "ratelimitlist", kRateLimits, nullptr),
@@ -201,8 +208,8 @@ constexpr bx::FieldDef kPeriodRateReportSource[] = {
     BX_WORD(PeriodRateReport, eTaskType, EnumPortRole, "tasktype", "period tasktype:%u"),
     BX_TEXT(PeriodRateReport, szTaskName, "taskname", "period taskname:%s"),
     BX_TEXT(PeriodRateReport, szMac, "mac", "period mac:%s"),
-    bx::with_quirk(BX_U32(PeriodRateReport, uiTxRateRt, "txrate_rt", "period txrate_rt:%u"), kRateTracedCrossed),
-    bx::with_quirk(BX_U32(PeriodRateReport, uiRxRateRt, "rxrate_rt", "period rxrate_rt:%u"), kRateTracedCrossed),
+    BX_U32(PeriodRateReport, uiTxRateRt, "txrate_rt", "period txrate_rt:%u", .quirk = &kRateTracedCrossed),
+    BX_U32(PeriodRateReport, uiRxRateRt, "rxrate_rt", "period rxrate_rt:%u", .quirk = &kRateTracedCrossed),
     BX_U32(PeriodRateReport, uiMaxRxRate, "maxrxrate", "period maxrxrate:%u"),
     BX_U32(PeriodRateReport, uiMaxTxRate, "maxtxrate", "period maxtxrate:%u"),
     BX_U32(PeriodRateReport, uiAvaRxRate, "avarxrate", "period avarxrate:%u"),
@@ -218,8 +225,8 @@ constexpr bx::FieldDef kIptvVlanSource[] = {
     BX_U32(IptvVlan, uiEthPorts, "ethports", "ethPorts:%u"),
     BX_U32(IptvVlan, uiPorts2p4g, "ports2p4g", "2P4GPorts:%u"),
     BX_U32(IptvVlan, uiPorts5g, "ports5g", "5GPorts:%u"),
-    parsed_key("status", bx::Wire::Word),
-    parsed_key("vlanlist", bx::Wire::List),
+    BX_KEY("status", bx::Wire::Word),
+    BX_KEY("vlanlist", bx::Wire::List),
 };
 BX_PACKED(kIptvVlan);
 
@@ -251,14 +258,14 @@ constexpr bx::Quirk kVlans{read_vlans, send_used_vlans, "absence traced as \"No 
 
 /* The record has two VLAN slots: a third element ends the walk. */
 constexpr bx::ListOf kIptvVlans =
-    BX_TABLES(IptvConfig, astVlan, kIptvVlan).past_bound_traced("NULL == cur\n\n", false).of_any_type();
+    BX_TABLES(IptvConfig, astVlan, kIptvVlan, .any_type = true, .past_bound = "NULL == cur\n\n");
 constexpr bx::FieldDef kIptvSource[] = {
-    bx::parsed_only(kIptvVlanSource[0]),
-    bx::parsed_only(kIptvVlanSource[1]),
-    bx::parsed_only(kIptvVlanSource[2]),
-    bx::parsed_only(kIptvVlanSource[3]),
+    parsed(kIptvVlanSource[0]),
+    parsed(kIptvVlanSource[1]),
+    parsed(kIptvVlanSource[2]),
+    parsed(kIptvVlanSource[3]),
     BX_WORD(IptvConfig, uiStatus, EnumSwitch, "status", "status:%d"),
-    bx::with_quirk(BX_LIST(IptvConfig, astVlan, "vlanlist", kIptvVlans, nullptr), kVlans),
+    BX_LIST(IptvConfig, astVlan, "vlanlist", kIptvVlans, nullptr, .quirk = &kVlans),
 };
 BX_PACKED(kIptv);
 
@@ -266,14 +273,15 @@ BX_PACKED(kIptv);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
-BX_CONVERTERS(STJ_WifiTimer_Set, JTS_WifiTimer_Set, kTimerTask, kTimerTaskSet)
-BX_FIELD_CONVERTERS(STJ_WifiTimer_List, JTS_WifiTimer_Get, kWifiTimerList)
-BX_FIELD_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
-BX_MASKED_CONVERTERS(STJ_Ratelimit, JTS_Ratelimit, RateLimitEntry, uiValidFlags, kRateLimit, kRateLimit)
-BX_FIELD_CONVERTERS(STJ_RatelimitList, JTS_RatelimitList, kRateLimitList)
-BX_FIELD_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
-BX_FIELD_CONVERTERS(STJ_PeriodRate_Get, JTS_PeriodRate_Get, kPeriodRateReport)
-BX_FIELD_CONVERTERS(STJ_IPTV, JTS_IPTV, kIptv)
+BX_CONVERTERS(STJ_RebootTimer, JTS_RebootTimer, kRebootTimer)
+BX_SENT_ROW(STJ_WifiTimer_Set, kTimerTask, ::bx::kNoMask)
+BX_RECEIVED_ROW(JTS_WifiTimer_Set, kTimerTaskSet, ::bx::kNoMask)
+BX_CONVERTERS(STJ_WifiTimer_List, JTS_WifiTimer_Get, kWifiTimerList)
+BX_CONVERTERS(STJ_WifiTimer_Idx, JTS_WifiTimer_Idx, kTimerIdx)
+BX_CONVERTERS(STJ_Ratelimit, JTS_Ratelimit, kRateLimit, offsetof(RateLimitEntry, uiValidFlags))
+BX_CONVERTERS(STJ_RatelimitList, JTS_RatelimitList, kRateLimitList)
+BX_CONVERTERS(STJ_PeriodRate_Set, JTS_PeriodRate_Set, kPeriodRateTask)
+BX_CONVERTERS(STJ_PeriodRate_Get, JTS_PeriodRate_Get, kPeriodRateReport)
+BX_CONVERTERS(STJ_IPTV, JTS_IPTV, kIptv)
 
 } // extern "C"

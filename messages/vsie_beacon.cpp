@@ -37,10 +37,8 @@ void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
  * number. */
 constexpr bx::FieldDef kIeByteSource[] = {BX_U32_ENTRY("Iedata:%c")};
 BX_PACKED(kIeByte);
-constexpr bx::ListOf kIeData = BX_VALUES(VsieBeaconTxEntry, auiIeData, kIeByte)
-                                   .counted_at(offsetof(VsieBeaconTxEntry, uiLen))
-                                   .bounded_by_count()
-                                   .of_any_type();
+constexpr bx::ListOf kIeData = BX_VALUES(VsieBeaconTxEntry, auiIeData, kIeByte,
+    .count_at = offsetof(VsieBeaconTxEntry, uiLen), .bound = bx::Bound::Count, .any_type = true);
 
 /* An added entry has no index yet: "idx" is neither sent nor read. */
 constexpr bx::FieldDef kAddFieldsSource[] = {
@@ -48,7 +46,7 @@ constexpr bx::FieldDef kAddFieldsSource[] = {
     BX_U32(VsieBeaconTxEntry, uiSsidIdx, "ssididx", "Ssididx:%u"),
     BX_U32(VsieBeaconTxEntry, uiDuration, "duration", "Duration:%u"),
     BX_U32(VsieBeaconTxEntry, uiLen, "len", "Len:%u"),
-    bx::reported(BX_LIST(VsieBeaconTxEntry, auiIeData, "iedata", kIeData, nullptr), "No IEDATA"),
+    BX_LIST(VsieBeaconTxEntry, auiIeData, "iedata", kIeData, nullptr, .absent = "No IEDATA"),
 };
 BX_PACKED(kAddFields);
 
@@ -58,14 +56,17 @@ constexpr bx::FieldDef kListEntrySource[] = {
     kAddFieldsSource[0], kAddFieldsSource[1], kAddFieldsSource[2], kAddFieldsSource[3], kAddFieldsSource[4],
 };
 BX_PACKED(kListEntry);
-constexpr bx::ListOf kEntries = BX_TABLES(VsieBeaconTxList, astEntry, kListEntry).counted_at(offsetof(VsieBeaconTxList, uiCount));
+constexpr bx::ListOf kEntries = BX_TABLES(VsieBeaconTxList, astEntry, kListEntry,
+    .count_at = offsetof(VsieBeaconTxList, uiCount));
 constexpr bx::FieldDef kListSentSource[] = {
     BX_COUNT(VsieBeaconTxList),
     BX_LIST(VsieBeaconTxList, astEntry, "list", kEntries, nullptr),
 };
 BX_PACKED(kListSent);
 /* As received: "count" bounds the list, the elements past it skipped. */
-constexpr bx::ListOf kEntriesRead = kEntries.bounded_by_count().past_bound_traced("NULL == cur\n\n", true);
+constexpr bx::ListOf kEntriesRead =
+    BX_TABLES(VsieBeaconTxList, astEntry, kListEntry, .count_at = offsetof(VsieBeaconTxList, uiCount),
+              .bound = bx::Bound::Count, .surplus_skipped = true, .past_bound = "NULL == cur\n\n");
 constexpr bx::FieldDef kListReceivedSource[] = {
     kListSentSource[0],
     BX_LIST(VsieBeaconTxList, astEntry, "list", kEntriesRead, nullptr),
@@ -125,15 +126,15 @@ extern "C" {
 
 /* ---- Type 140 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
+BX_CONVERTERS(STJ_Vsie_Info, JTS_Vsie_Info, kInfoFields)
 
 /* ---- Type 141 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Add, JTS_Vsie_Beacontx_Add, kAddFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Add, JTS_Vsie_Beacontx_Add, kAddFields)
 
 /* ---- Types 142, 146 and 151 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Idx, JTS_Vsie_Beacontx_Idx, bx::vsie::kIndexFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Idx, JTS_Vsie_Beacontx_Idx, bx::vsie::kIndexFields)
 
 /* The probe index messages send the same one member. */
 BX_API int STJ_Vsie_Proberx_Idx(const void *pvRecord, struct blob_buf *pstBuf)
@@ -200,6 +201,6 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 144 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Beacontx_Set, JTS_Vsie_Beacontx_Set, kSwitchFields)
+BX_CONVERTERS(STJ_Vsie_Beacontx_Set, JTS_Vsie_Beacontx_Set, kSwitchFields)
 
 } // extern "C"

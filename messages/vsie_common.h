@@ -44,7 +44,8 @@ inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored store
 constexpr ListOf read_at_most(ListOf l, uint16_t read)
 {
     l.capacity = read < l.capacity ? read : l.capacity;
-    return l.filling_count();
+    l.fills_count = true;
+    return l;
 }
 
 /* The row's own presence test and report, for a quirk that reads its list
@@ -57,11 +58,9 @@ inline bool found(const Reading &r, const Field &f, blob_attr *attr)
 
 } // namespace bx::vsie
 
-/* Rec::member, an array of packed element bytes, as the list of numbers
- * `key`, read and sent by `quirk` (the columns know no byte entries). */
-#define BX_VSIE_BYTES(Rec, member, key, quirk)                                                              \
-    ::bx::with_quirk(::bx::FieldDef{key, ::bx::Wire::List, -1, BX_FIELD_AT(Rec, member), BX_FIELD_SIZE(Rec, member), \
-                                 nullptr, ::bx::trace_shape(nullptr), #member},                               \
-                     quirk)
+/* Rec::m, an array of packed element bytes, as the list of numbers key_,
+ * read and sent by quirk q (the columns know no byte entries). */
+#define BX_VSIE_BYTES(Rec, m, key_, q) \
+    BX_MEMBER(Rec, m, ::bx::Wire::List, -1, BX_FIELD_SIZE(Rec, m), key_, nullptr, .quirk = &(q))
 
 #endif

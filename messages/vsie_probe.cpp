@@ -87,13 +87,14 @@ constexpr bx::FieldDef kRxAddSource[] = {
     BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s"),
     /* No range check: an unknown word stores 2. */
     BX_WORD(VsieProbeRxEntry, uiBand, EnumBand, "band", "Band:%u"),
-    bx::with_quirk(BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr), kOui),
+    BX_LIST(VsieProbeRxEntry, aucOui, "oui", kOuiBytes, nullptr, .quirk = &kOui),
 };
 BX_PACKED(kRxAdd);
 
 /* A listed station record as sent: uiVsieLen payload bytes, its OUI stays
  * behind (a received list is read by its own converter). */
-constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte).counted_at(offsetof(VsieProbeRxRecord, uiVsieLen));
+constexpr bx::ListOf kPayload = BX_VALUES(VsieProbeRxRecord, aucVsie, kByte,
+    .count_at = offsetof(VsieProbeRxRecord, uiVsieLen));
 constexpr bx::FieldDef kRecordSentSource[] = {
     BX_TEXT(VsieProbeRxRecord, szMac, "mac", nullptr),
     BX_WORD(VsieProbeRxRecord, uiBand, EnumBand, "band", nullptr),
@@ -101,7 +102,7 @@ constexpr bx::FieldDef kRecordSentSource[] = {
 };
 BX_PACKED(kRecordSent);
 constexpr bx::ListOf kRecords =
-    BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent).counted_at(offsetof(VsieProbeRxEntry, uiRecordCount));
+    BX_TABLES(VsieProbeRxEntry, astRecord, kRecordSent, .count_at = offsetof(VsieProbeRxEntry, uiRecordCount));
 
 /* No count: the receiver counts the list. */
 constexpr bx::FieldDef kRxEntrySentSource[] = {
@@ -111,16 +112,17 @@ constexpr bx::FieldDef kRxEntrySentSource[] = {
 };
 BX_PACKED(kRxEntrySent);
 constexpr bx::ListOf kRxEntries =
-    BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent).counted_at(offsetof(VsieProbeRxList, uiCount));
+    BX_TABLES(VsieProbeRxList, astEntry, kRxEntrySent, .count_at = offsetof(VsieProbeRxList, uiCount));
 constexpr bx::FieldDef kRxListSentSource[] = {BX_LIST(VsieProbeRxList, astEntry, "list", kRxEntries, nullptr)};
 BX_PACKED(kRxListSent);
 
 /* Quirk (148): sent from the very start of the record, a bare service name,
  * whereas the received name lands after an entry's uiIdx. */
-constexpr bx::FieldDef kFlushSentSource[] = {BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr)};
-BX_PACKED(kFlushSent);
-constexpr bx::FieldDef kFlushReceivedSource[] = {BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s")};
-BX_PACKED(kFlushReceived);
+constexpr bx::FieldDef kFlushSource[] = {
+    BX_TEXT(VsieProbeRxFlush, szServiceName, "servicename", nullptr, .way = bx::Way::Sent),
+    BX_TEXT(VsieProbeRxEntry, szServiceName, "servicename", "Servicename:%s", .way = bx::Way::Received),
+};
+BX_PACKED(kFlush);
 
 /* Quirk (149): "vsie" carries the OUI ahead of uiVsieLen payload bytes. */
 void send_oui_and_payload(const Field &f, const Link *links, const void *record, blob_buf *buf)
@@ -141,9 +143,10 @@ constexpr bx::FieldDef kOneRecordSentSource[] = {
     BX_VSIE_BYTES(VsieProbeRxRecord, aucVsie, "vsie", kOuiAndPayload),
 };
 BX_PACKED(kOneRecordSent);
-constexpr bx::ListOf kOneRecord = bx::tables_of(kOneRecordSent, sizeof(VsieProbeRxRecord), 1);
+constexpr bx::ListOf kOneRecord = bx::entries_of(
+    kOneRecordSent, bx::ListOf{.entry_rows = nullptr, .fields = bx::entry_fields(kOneRecordSent.size()), .tables = true, .stride = sizeof(VsieProbeRxRecord), .capacity = 1});
 constexpr bx::FieldDef kRecordAddSentSource[] = {
-    bx::with_list(bx::FieldDef{"record", bx::Wire::List, -1, 0, sizeof(VsieProbeRxRecord), nullptr, {}}, kOneRecord),
+    bx::FieldDef{.key = "record", .wire = bx::Wire::List, .size = sizeof(VsieProbeRxRecord), .list = &kOneRecord},
 };
 BX_PACKED(kRecordAddSent);
 
@@ -153,15 +156,13 @@ BX_PACKED(kRecordAddSent);
  * of any type read as numbers), traced once they are. */
 constexpr bx::FieldDef kResponseByteSource[] = {BX_U8_ENTRY("Iedata:%x")};
 BX_PACKED(kResponseByte);
-constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte)
-                                          .counted_at(offsetof(VsieProbeRespEntry, uiIedataLen))
-                                          .filling_count()
-                                          .of_any_type();
+constexpr bx::ListOf kResponseBytes = BX_VALUES(VsieProbeRespEntry, aucIedata, kResponseByte,
+    .count_at = offsetof(VsieProbeRespEntry, uiIedataLen), .fills_count = true, .any_type = true);
 
 /* An added entry: no "idx", no "band". */
 constexpr bx::FieldDef kRespAddSource[] = {
     BX_TEXT(VsieProbeRespEntry, szMac, "mac", "Mac:%s"),
-    bx::reported(BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d"), "No IEDATA"),
+    BX_LIST(VsieProbeRespEntry, aucIedata, "iedata", kResponseBytes, "pstOut->uiIedataLen:%d", .absent = "No IEDATA"),
 };
 BX_PACKED(kRespAdd);
 
@@ -174,7 +175,7 @@ constexpr bx::FieldDef kRespEntrySentSource[] = {
 };
 BX_PACKED(kRespEntrySent);
 constexpr bx::ListOf kRespEntries =
-    BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent).counted_at(offsetof(VsieProbeRespList, uiCount));
+    BX_TABLES(VsieProbeRespList, astEntry, kRespEntrySent, .count_at = offsetof(VsieProbeRespList, uiCount));
 constexpr bx::FieldDef kRespListSentSource[] = {BX_LIST(VsieProbeRespList, astEntry, "list", kRespEntries, nullptr)};
 BX_PACKED(kRespListSent);
 
@@ -192,7 +193,7 @@ extern "C" {
 
 /* ---- Type 145 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Proberx_Add, JTS_Vsie_Proberx_Add, kRxAdd)
+BX_CONVERTERS(STJ_Vsie_Proberx_Add, JTS_Vsie_Proberx_Add, kRxAdd)
 
 /* ---- Type 146 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 
@@ -344,7 +345,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 148 ---- */
 
-BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlushSent, kFlushReceived)
+BX_CONVERTERS(STJ_Vsie_Proberx_Flush, JTS_Vsie_Proberx_Flush, kFlush)
 
 /* ---- Type 149 ---- */
 
@@ -408,7 +409,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
 
 /* ---- Type 150 ---- */
 
-BX_FIELD_CONVERTERS(STJ_Vsie_Proberesp_Add, JTS_Vsie_Proberesp_Add, kRespAdd)
+BX_CONVERTERS(STJ_Vsie_Proberesp_Add, JTS_Vsie_Proberesp_Add, kRespAdd)
 
 /* ---- Type 151 (sent by STJ_Vsie_Beacontx_Idx) ---- */
 

@@ -39,7 +39,8 @@ BX_PACKED(kWanStatus);
 
 /* The switch is the whole message: without it there is nothing to do. */
 constexpr bx::FieldDef kIpv6SwitchSource[] = {
-    bx::required(BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d"), "ipv6Switch is not valid"),
+    BX_WORD(Ipv6Switch, uiEnable, EnumSwitch, "IPv6status", "ipv6Switch:%d", .required = true,
+        .absent = "ipv6Switch is not valid"),
 };
 BX_PACKED(kIpv6Switch);
 
@@ -74,26 +75,27 @@ BX_PACKED(kDhcp);
  * sent while uiCapaFlag has that bit. Policy order and sending order are the
  * same. */
 constexpr bx::FieldDef kStaticSource[] = {
-    bx::flagged(BX_TEXT(WanStaticConfig, szIp, "ip", "IP:%s"), WAN_CAPA_IP),
-    bx::flagged(BX_TEXT(WanStaticConfig, szSubMask, "submask", "SubMask:%s"), WAN_CAPA_SUBMASK),
-    bx::flagged(BX_TEXT(WanStaticConfig, szGwIp, "gwip", "GwIP:%s"), WAN_CAPA_GW_IP),
-    bx::flagged(BX_U32(WanStaticConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU),
-    bx::flagged(BX_TEXT(WanStaticConfig, szDnsMaster, "dnsmaster", "DnsMaster:%s"), WAN_CAPA_DNS_MASTER),
+    BX_TEXT(WanStaticConfig, szIp, "ip", "IP:%s", .bit = WAN_CAPA_IP),
+    BX_TEXT(WanStaticConfig, szSubMask, "submask", "SubMask:%s", .bit = WAN_CAPA_SUBMASK),
+    BX_TEXT(WanStaticConfig, szGwIp, "gwip", "GwIP:%s", .bit = WAN_CAPA_GW_IP),
+    BX_U32(WanStaticConfig, uiMtu, "mtu", "MTU:%d", .bit = WAN_CAPA_MTU),
+    BX_TEXT(WanStaticConfig, szDnsMaster, "dnsmaster", "DnsMaster:%s", .bit = WAN_CAPA_DNS_MASTER),
     /* Quirk: sent with any low validity bit, not only its own (maybe as ""). */
-    bx::flagged(BX_TEXT(WanStaticConfig, szDnsSlave, "dnsslave", "DnsSlave:%s"), WAN_CAPA_DNS_SLAVE, bx::kAnyLowBit),
+    BX_TEXT(WanStaticConfig, szDnsSlave, "dnsslave", "DnsSlave:%s", .bit = WAN_CAPA_DNS_SLAVE,
+        .sent_if = bx::kAnyLowBit),
     /* Looked for like every key, never read: a sender cannot set the word. */
-    bx::listed_only(BX_U32(WanStaticConfig, uiCapaFlag, "capaflag", nullptr)),
+    BX_U32(WanStaticConfig, uiCapaFlag, "capaflag", nullptr, .use = bx::Use::Listed),
 };
 BX_PACKED(kStatic);
 
 /* PPPoE, in sending order (receivers have "mtu" third). */
 constexpr bx::FieldDef kPppoeSentSource[] = {
-    bx::flagged(BX_TEXT(WanPppoeConfig, szUser, "user", nullptr), WAN_CAPA_PPPOE_USER),
-    bx::flagged(BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr), WAN_CAPA_PPPOE_PWD),
-    bx::flagged(BX_TEXT(WanPppoeConfig, szServer, "server", nullptr), WAN_CAPA_PPPOE_SERVER),
-    bx::flagged(BX_TEXT(WanPppoeConfig, szService, "service", nullptr), WAN_CAPA_PPPOE_SERVICE),
+    BX_TEXT(WanPppoeConfig, szUser, "user", nullptr, .bit = WAN_CAPA_PPPOE_USER),
+    BX_TEXT(WanPppoeConfig, szPwd, "pwd", nullptr, .bit = WAN_CAPA_PPPOE_PWD),
+    BX_TEXT(WanPppoeConfig, szServer, "server", nullptr, .bit = WAN_CAPA_PPPOE_SERVER),
+    BX_TEXT(WanPppoeConfig, szService, "service", nullptr, .bit = WAN_CAPA_PPPOE_SERVICE),
     /* Quirk: sent with any low validity bit, not only its own. */
-    bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr), WAN_CAPA_MTU, bx::kAnyLowBit),
+    BX_U32(WanPppoeConfig, uiMtu, "mtu", nullptr, .bit = WAN_CAPA_MTU, .sent_if = bx::kAnyLowBit),
 };
 BX_PACKED(kPppoeSent);
 
@@ -113,15 +115,16 @@ constexpr bx::Quirk kServerShowsPwd{read_server, nullptr, "traced with the passw
 
 /* PPPoE as received, "mtu" third. Quirk: the texts are copied with their
  * whole array, so 32 characters or more leave no terminator. */
-#define PPPOE_TEXT(member, key, trace, bit) bx::flagged(bx::whole(BX_TEXT(WanPppoeConfig, member, key, trace)), bit)
+#define PPPOE_TEXT(m, key_, trace_, bit_, ...) \
+    BX_TEXT(WanPppoeConfig, m, key_, trace_, .whole = true, .bit = bit_, __VA_ARGS__)
 constexpr bx::FieldDef kPppoeReceivedSource[] = {
     PPPOE_TEXT(szUser, "user", "PppoeUser:%s", WAN_CAPA_PPPOE_USER),
     PPPOE_TEXT(szPwd, "pwd", "PppoePwd:%s", WAN_CAPA_PPPOE_PWD),
-    bx::flagged(BX_U32(WanPppoeConfig, uiMtu, "mtu", "MTU:%d"), WAN_CAPA_MTU),
-    bx::with_quirk(PPPOE_TEXT(szServer, "server", nullptr, WAN_CAPA_PPPOE_SERVER), kServerShowsPwd),
+    BX_U32(WanPppoeConfig, uiMtu, "mtu", "MTU:%d", .bit = WAN_CAPA_MTU),
+    PPPOE_TEXT(szServer, "server", nullptr, WAN_CAPA_PPPOE_SERVER, .quirk = &kServerShowsPwd),
     PPPOE_TEXT(szService, "service", "PppoeService:%s", WAN_CAPA_PPPOE_SERVICE),
     /* Looked for like every key, never read. */
-    bx::listed_only(BX_U32(WanPppoeConfig, uiCapaFlag, "capaflag", nullptr)),
+    BX_U32(WanPppoeConfig, uiCapaFlag, "capaflag", nullptr, .use = bx::Use::Listed),
 };
 BX_PACKED(kPppoeReceived);
 #undef PPPOE_TEXT
@@ -130,16 +133,17 @@ BX_PACKED(kPppoeReceived);
 
 extern "C" {
 
-BX_FIELD_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
+BX_CONVERTERS(STJ_WanStatus, JTS_WanStatus, kWanStatus)
 
-BX_FIELD_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
+BX_CONVERTERS(STJ_IPv6Enable, JTS_IPv6Enable, kIpv6Switch)
 
-BX_FIELD_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
+BX_CONVERTERS(STJ_IPv6Info, JTS_IPv6Info, kIpv6Info)
 
-BX_FIELD_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
+BX_CONVERTERS(STJ_Dhcp, JTS_Dhcp, kDhcp)
 
-BX_MASKED_CONVERTERS(STJ_Static, JTS_Static, WanStaticConfig, uiCapaFlag, kStatic, kStatic)
+BX_CONVERTERS(STJ_Static, JTS_Static, kStatic, offsetof(WanStaticConfig, uiCapaFlag))
 
-BX_MASKED_CONVERTERS(STJ_Pppoe, JTS_Pppoe, WanPppoeConfig, uiCapaFlag, kPppoeSent, kPppoeReceived)
+BX_SENT_ROW(STJ_Pppoe, kPppoeSent, ::bx::mask_at(offsetof(WanPppoeConfig, uiCapaFlag)))
+BX_RECEIVED_ROW(JTS_Pppoe, kPppoeReceived, ::bx::mask_at(offsetof(WanPppoeConfig, uiCapaFlag)))
 
 } // extern "C"

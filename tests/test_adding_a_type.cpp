@@ -21,16 +21,16 @@ struct ProbeParam {
 constexpr uint32_t kProbeModeBit = 0x4;
 
 constexpr bx::FieldDef kProbeSource[] = {
-    bx::required(BX_TEXT(ProbeParam, szName, "name", "Name:%s"), "No name"),
-    bx::ranged(BX_U32(ProbeParam, uiLevel, "level", "Level:%u"), 1, 9, "[LEVEL] is not valid."),
-    bx::flagged(BX_WORD(ProbeParam, eMode, EnumSwitch, "mode", "Mode:%d"), kProbeModeBit),
+    BX_TEXT(ProbeParam, szName, "name", "Name:%s", .required = true, .absent = "No name"),
+    BX_U32(ProbeParam, uiLevel, "level", "Level:%u", .range = {bx::Check::Before, 1, 9, "[LEVEL] is not valid."}),
+    BX_WORD(ProbeParam, eMode, EnumSwitch, "mode", "Mode:%d", .bit = kProbeModeBit),
 };
 BX_PACKED(kProbe);
 
 } // namespace
 
 extern "C" {
-BX_MASKED_CONVERTERS(STJ_TestProbe, JTS_TestProbe, ProbeParam, uiCapaFlag, kProbe, kProbe)
+BX_CONVERTERS(STJ_TestProbe, JTS_TestProbe, kProbe, offsetof(ProbeParam, uiCapaFlag))
 }
 
 namespace {

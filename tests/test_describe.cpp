@@ -181,6 +181,33 @@ void collect(void *ctx, const BlobxlateFinding *f)
         out += "=" + std::to_string(f->llNumber);
 }
 
+// Where the two directions differ in a key or its place, each is described
+// with its own keys in its own order, and a key only sent is no key of the
+// received message.
+std::string keys_of(int direction, int type)
+{
+    BlobxlateMessage m{};
+    EXPECT_EQ(BLOBXLATE_Describe(direction, type, &m), 0);
+    std::string keys;
+    BlobxlateField f{};
+    for (int i = 0; BLOBXLATE_Field(m.pstFields, i, &f) == 0; ++i)
+        keys += std::string(f.pcKey) + " ";
+    return keys;
+}
+
+TEST(Describe, EachDirectionWithItsOwnKeys)
+{
+    EXPECT_EQ(keys_of(BLOBXLATE_TO_JSON, MSG_REBOOT), "status ");
+    EXPECT_EQ(keys_of(BLOBXLATE_TO_STRUCT, MSG_REBOOT), "reboottype ");
+    EXPECT_EQ(keys_of(BLOBXLATE_TO_JSON, MSG_TRACE_ROUTE), "host resulttype numoftries timeout blocksize maxhop ");
+    EXPECT_EQ(keys_of(BLOBXLATE_TO_STRUCT, MSG_TRACE_ROUTE),
+              "host numoftries timeout blocksize maxhop resulttype capaflag ");
+    int count = 0;
+    const blobmsg_policy *p = BLOBXLATE_Policy(MSG_REBOOT, &count);
+    ASSERT_EQ(count, 1);
+    EXPECT_STREQ(p[0].name, "reboottype");
+}
+
 // A message a careful sender never sends, and where the converter will
 // lose what it says.
 TEST(Check, NamesEachProblemWhereItIs)
@@ -204,6 +231,7 @@ TEST(Check, NamesEachProblemWhereItIs)
         // the beacon list no more than its "count".
         {MSG_WIFI_TIMER, "count=i32:1 timerlist=[{taskid=i32:1} {taskid=i32:2}]", ""},
         {MSG_VSIE_BEACONTX_LIST, "count=i32:1 list=[{idx=i32:1} {idx=i32:2}]", "list[1]:10"},
+        {MSG_REBOOT, "status=s\"now\"", "status:1"},
     };
     for (const auto &c : cases) {
         bxtest::Msg msg(c.msg);
