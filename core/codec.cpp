@@ -138,9 +138,7 @@ int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int le
 {
     const Field *rows = table.entry();
     const auto *ix = reinterpret_cast<const uint8_t *>(rows) + table.index_at;  /* laid out as KeyIndex */
-    const size_t buckets = buckets_for(table.fields);
-    return parse_by_keys(RowKeys{rows}, KeyIndexRef{ix, ix + buckets, ix + buckets + table.fields, buckets},
-                         table.fields, tb, data, len);
+    return parse_by_keys(RowKeys{rows}, ref_at(ix, table.fields), table.fields, tb, data, len);
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
