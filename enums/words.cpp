@@ -181,6 +181,8 @@ const PooledWord *find_text(PooledWords words, const char *text)
     return nullptr;
 }
 
+const PooledWord *find_word(const PooledList &k, const char *text) { return find_text(words_in(k), text); }
+
 const PooledWord *find_number(PooledWords words, int number)
 {
     for (const PooledWord &w : words)
