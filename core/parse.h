@@ -105,19 +105,16 @@ constexpr bool same_key(const char *a, const char *b, size_t len)
     return true;
 }
 
-/* Marks the slots of each chain whose key no other slot of the chain has
- * (a key's twins share its bucket). */
+/* Unmarks the indexed slots whose key another slot has: a key's twins
+ * share its bucket, so each slot is compared with those after it in its
+ * chain. */
 template <size_t N, size_t B, typename Keys>
-constexpr void mark_alone(KeyIndex<N, B> &ix, Keys keys)
+constexpr void unmark_twins(KeyIndex<N, B> &ix, Keys keys, size_t count)
 {
-    for (size_t b = 0; b < B; ++b)
-        for (unsigned s = ix.head[b]; s != 0; s = ix.next[s - 1]) {
-            ix.alone[s - 1] = 1;
-            for (unsigned t = ix.head[b]; t != 0; t = ix.next[t - 1])
-                if (t != s && ix.len[t - 1] == ix.len[s - 1] &&
-                    same_key(keys.name(t - 1), keys.name(s - 1), ix.len[s - 1]))
-                    ix.alone[s - 1] = 0;
-        }
+    for (size_t i = 0; i < count; ++i)
+        for (unsigned t = ix.next[i]; t != 0; t = ix.next[t - 1])
+            if (ix.len[t - 1] == ix.len[i] && same_key(keys.name(t - 1), keys.name(i), ix.len[i]))
+                ix.alone[i] = ix.alone[t - 1] = 0;
 }
 
 template <size_t N, size_t B = kKeyBuckets, typename Keys>
@@ -133,10 +130,11 @@ constexpr KeyIndex<N, B> index_keys(Keys keys, size_t count)
             continue;
         const unsigned b = key_bucket(key, len, B);
         ix.len[i] = static_cast<uint8_t>(len);
+        ix.alone[i] = 1;
         ix.next[i] = ix.head[b];
         ix.head[b] = static_cast<uint8_t>(i + 1);
     }
-    mark_alone(ix, keys);
+    unmark_twins(ix, keys, count);
     return ix;
 }
 
