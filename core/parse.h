@@ -317,8 +317,14 @@ inline int parse_indexed(const blobmsg_policy *policy, KeyIndexRef ix, size_t co
 }
 
 /* The same for a policy known only at run time: indexed on the stack, in a
- * frame of its own rather than in each caller's. */
-[[gnu::noinline]] inline int parse_keys(const blobmsg_policy *policy, size_t count, blob_attr **tb, void *data, unsigned int len)
+ * frame of its own rather than in each caller's, and in one copy for the
+ * whole library (GCC would otherwise clone it into each file that calls it). */
+#if defined(__GNUC__) && !defined(__clang__)
+[[gnu::noipa]]
+#else
+[[gnu::noinline]]
+#endif
+inline int parse_keys(const blobmsg_policy *policy, size_t count, blob_attr **tb, void *data, unsigned int len)
 {
     if (count > kMaxRunTimeKeys)
         return blobmsg_parse(policy, static_cast<int>(count), tb, data, len);
