@@ -62,6 +62,11 @@ void copy_text(char *dst, size_t bound, blob_attr *attr)
     std::strncpy(dst, get_text(attr), bound);
 }
 
+/* Kept out of the slots' reading (see read_slot) while there is a trace to
+ * print: its line building is cold. */
+#ifndef BLOBXLATE_TRACE_OFF
+[[gnu::noinline]]
+#endif
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number)
 {
 #ifndef BLOBXLATE_TRACE_OFF
@@ -138,9 +143,7 @@ int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int le
 {
     const Field *rows = table.entry();
     const auto *ix = reinterpret_cast<const uint8_t *>(rows) + table.index_at;  /* laid out as KeyIndex */
-    const size_t buckets = buckets_for(table.fields);
-    return parse_by_keys(RowKeys{rows}, KeyIndexRef{ix, ix + buckets, ix + buckets + table.fields, buckets},
-                         table.fields, tb, data, len);
+    return parse_by_keys(RowKeys{rows}, ref_at(ix, table.fields), table.fields, tb, data, len);
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
@@ -399,7 +402,7 @@ void emit_list(const Field &f, const ListOf &l, const void *record, blob_buf *bu
 
 /* Tested unsigned as value - lowest <= highest - lowest: with lowest 1 a
  * zero wraps to the largest number and is refused. */
-bool in_range(const Field &f, uint32_t value) { return value - f.lowest() <= f.highest() - f.lowest(); }
+bool in_range(const Rules &rules, uint32_t value) { return value - rules.lowest <= rules.highest - rules.lowest; }
 
 uint32_t stored_u32(const Field &f, const void *record)
 {
@@ -413,6 +416,16 @@ Read refuse(const Reading &r, const Field &f)
     if (f.out_of_range() != nullptr)
         BX_TRACE_AS(r.func, "%s\n", f.out_of_range());
     return {true, -1};
+}
+
+/* A list slot, in a frame of its own: the list's walk needs a large one,
+ * which the slots of plain values should not set up. */
+[[gnu::noinline]] Read read_list_slot(const Reading &r, const Field &f, blob_attr *attr)
+{
+    const Read done = read_list(r, f, attr);
+    if (r.mask != nullptr)
+        *r.mask |= f.mask_bit();
+    return done;
 }
 
 } // namespace
@@ -429,7 +442,8 @@ Read test_slot(const Reading &r, const Field &f, blob_attr *attr)
     return {true, f.refused_ret()};
 }
 
-Read read_slot(const Reading &r, const Field &f, blob_attr *attr) { return read_slot_as(r, f, f.wire, attr); }
+/* Every plain slot of every message passes here: one frame for all of it. */
+[[gnu::flatten]] Read read_slot(const Reading &r, const Field &f, blob_attr *attr) { return read_slot_as(r, f, f.wire, attr); }
 
 Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
 {
@@ -439,18 +453,19 @@ Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
         return test_slot(r, f, attr);
     if (!f.stored)
         return kGoOn;
-    if (wire == Wire::List) {
-        const Read done = read_list(r, f, attr);
-        if (r.mask != nullptr)
-            *r.mask |= f.mask_bit();
-        return done;
+    if (wire == Wire::List)
+        return read_list_slot(r, f, attr);
+    if (f.rules_at == 0) {  /* the usual row: no range, no mask bit */
+        store_as(r.func, f, wire, attr, r.record);
+        return kGoOn;
     }
-    if (f.check() == Check::Before && !in_range(f, get_u32(attr)))
+    const Rules rules = f.rules();
+    if (rules.check == Check::Before && !in_range(rules, get_u32(attr)))
         return refuse(r, f);
     store_as(r.func, f, wire, attr, r.record);
     if (r.mask != nullptr)
-        *r.mask |= f.mask_bit();
-    if (f.check() == Check::After && !in_range(f, stored_u32(f, r.record)))
+        *r.mask |= rules.mask_bit;
+    if (rules.check == Check::After && !in_range(rules, stored_u32(f, r.record)))
         return refuse(r, f);
     return kGoOn;
 }

@@ -709,14 +709,19 @@ constexpr ListOf entries_of(const Packed<N, P, S> &entry, ListOf l)
 /* Traces field f's `trace` and a line end with one value. */
 void trace_field(const char *func, const Field &f, const char *text, size_t text_len, uint64_t number);
 
-/* The blobmsg type a field travels as. */
-constexpr enum blobmsg_type wire_type(Wire wire)
-{
-    return wire == Wire::U64 ? BLOBMSG_TYPE_INT64
-         : (wire == Wire::U32 || wire == Wire::S32 || wire == Wire::U8) ? BLOBMSG_TYPE_INT32
-         : wire == Wire::List ? BLOBMSG_TYPE_ARRAY
-         : BLOBMSG_TYPE_STRING;
-}
+/* The blobmsg type a field travels as, by Wire: one load where a parse
+ * compares every attribute's type with its slot's. */
+inline constexpr enum blobmsg_type kWireTypes[] = {
+    BLOBMSG_TYPE_STRING,  /* Text */
+    BLOBMSG_TYPE_INT32,   /* U32 */
+    BLOBMSG_TYPE_INT32,   /* S32 */
+    BLOBMSG_TYPE_INT64,   /* U64 */
+    BLOBMSG_TYPE_STRING,  /* Word */
+    BLOBMSG_TYPE_INT32,   /* U8 */
+    BLOBMSG_TYPE_ARRAY,   /* List */
+};
+static_assert(std::size(kWireTypes) == static_cast<size_t>(Wire::List) + 1, "a type for every Wire");
+constexpr enum blobmsg_type wire_type(Wire wire) { return kWireTypes[static_cast<uint8_t>(wire)]; }
 
 /* A table's rows as the keys of a parse: no policy is stored. */
 struct RowKeys {

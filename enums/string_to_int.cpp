@@ -34,8 +34,9 @@ Token take_token(const char *from, std::size_t length)
  * The last token is taken by overwriting its first character in the caller's
  * text with a terminating zero, so after the call the text has lost its last
  * token. The write is part of the call's contract (callers pass writable
- * text that they do not need intact afterwards). */
-bool parse_standards(char *text, int *bits)
+ * text that they do not need intact afterwards). Out of line: its tokens'
+ * buffers are no part of an ordinary word's lookup. */
+[[gnu::noinline]] bool parse_standards(char *text, int *bits)
 {
     char *rest = text;
     for (int round = 0; round < kMaxStandardTokens; ++round) {
@@ -75,6 +76,6 @@ extern "C" BX_API int PARATRANS_String_To_Int(int iKind, char *pcText)
         return bits;
     }
 
-    const bx::PooledWord *w = bx::find_text(bx::words_in(*k), pcText);
+    const bx::PooledWord *w = bx::find_word(*k, pcText);
     return w != nullptr ? w->number : k->unknown_text;
 }

@@ -1,7 +1,5 @@
 #include "enums/words.h"
 
-#include <cstring>
-
 namespace bx {
 
 namespace {
@@ -157,13 +155,33 @@ const char *unknown_number(const PooledList &k)
     return k.unknown_number != kNoText ? kVocabulary.text + k.unknown_number : nullptr;
 }
 
+namespace {
+
+/* strcmp(word, text) == 0 for the short words of a list, without a call. */
+bool same_word(const char *word, const char *text)
+{
+    while (*word != '\0' && *word == *text) {
+        ++word;
+        ++text;
+    }
+    return *word == *text;
+}
+
+} // namespace
+
 const PooledWord *find_text(PooledWords words, const char *text)
 {
-    for (const PooledWord &w : words)
-        if (std::strcmp(text_of(w), text) == 0)
+    /* Most words of a list differ in their first byte: only those that
+     * share it with the text are compared whole. */
+    for (const PooledWord &w : words) {
+        const char *word = kVocabulary.text + w.text;
+        if (word[0] == text[0] && same_word(word, text))
             return &w;
+    }
     return nullptr;
 }
+
+const PooledWord *find_word(const PooledList &k, const char *text) { return find_text(words_in(k), text); }
 
 const PooledWord *find_number(PooledWords words, int number)
 {

@@ -215,6 +215,9 @@ const char *unknown_number(const PooledList &k);
 /* Exact, case-sensitive match of the whole text; null when no word matches. */
 const PooledWord *find_text(PooledWords words, const char *text);
 
+/* find_text(words_in(k), text), in one call. */
+const PooledWord *find_word(const PooledList &k, const char *text);
+
 /* The first word with this number; null when there is none. */
 const PooledWord *find_number(PooledWords words, int number);
 

@@ -167,4 +167,37 @@ TEST(Slots, FirstOfTheKeysTypeKeptAndAMalformedAttributeEndsTheMessage)
     EXPECT_EQ(rec.uiWanNum, 0u);
 }
 
+// Every attribute is checked as blobmsg_check_attr_len checks it, the usual
+// strings and numbers too: a malformed one between "lan" and "wan" ends the
+// message, an odd but well-formed one does not.
+TEST(Slots, EveryAttributeIsCheckedAsTheLayerChecksIt)
+{
+    struct Case {
+        const char *what;
+        int type;
+        unsigned len;      // bytes of the value "xy\0..."
+        bool name_ends;    // the name keeps its terminator
+        uint32_t wan;
+    };
+    for (const Case &c : {Case{"text without terminator", BLOBMSG_TYPE_STRING, 2, true, 0},
+                          Case{"int32 of 3 bytes", BLOBMSG_TYPE_INT32, 3, true, 0},
+                          Case{"int64 of 4 bytes", BLOBMSG_TYPE_INT64, 4, true, 0},
+                          Case{"name without terminator", BLOBMSG_TYPE_INT32, 4, false, 0},
+                          Case{"text", BLOBMSG_TYPE_STRING, 3, true, 2}, Case{"int8", BLOBMSG_TYPE_INT8, 1, true, 2},
+                          Case{"double", BLOBMSG_TYPE_DOUBLE, 8, true, 2}}) {
+        SCOPED_TRACE(c.what);
+        Buf b;
+        blobmsg_add_u32(b.get(), "lan", 3);
+        const auto at = static_cast<size_t>(reinterpret_cast<char *>(blob_next(b.head())) - reinterpret_cast<char *>(b.head()));
+        blobmsg_add_field(b.get(), c.type, "k", "xy\0\0\0\0\0\0", c.len);
+        if (!c.name_ends)  // id and length, name length, "k", its terminator
+            reinterpret_cast<char *>(b.head())[at + 4 + 2 + 1] = 'x';
+        blobmsg_add_u32(b.get(), "wan", 2);
+        PortNum rec{};
+        ASSERT_EQ(JSON_TRANS_STRUCT(MSG_PORT_NUM, b.head(), &rec), 0);
+        EXPECT_EQ(rec.uiLanNum, 3u);
+        EXPECT_EQ(rec.uiWanNum, c.wan);
+    }
+}
+
 } // namespace
