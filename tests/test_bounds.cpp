@@ -105,4 +105,25 @@ TEST(Bounds, ListsStopAtTheirArrays)
     }
 }
 
+// A walk that meets an element past its array says so: the URL rule list
+// with the number of rules it kept, the probe list once, and then stops.
+TEST(Bounds, AnElementPastTheArrayIsTraced)
+{
+    BX_REQUIRE_TRACE_CAPTURE();
+    std::string rules = "list=[";
+    for (unsigned i = 0; i < FILTER_RULE_NUM + 2; ++i)
+        rules += "{idx=i32:1} ";
+    rules += "]";
+    std::vector<unsigned char> rec(bxtest::record_size(MSG_FILTER_URL_LIST));
+    bxtest::Received r = bxtest::receive(MSG_FILTER_URL_LIST, rules.c_str(), rec.data());
+    EXPECT_EQ(r.ret, 0);
+    EXPECT_TRUE(r.trace.ends_with("NULL == cur idx = 32\n")) << r.trace;
+
+    rec.assign(bxtest::record_size(MSG_VSIE_PROBERX_LIST), 0);
+    r = bxtest::receive(MSG_VSIE_PROBERX_LIST, "list=[{idx=i32:1} {idx=i32:2} {idx=i32:3} {idx=i32:4} {idx=i32:5}]",
+                        rec.data());
+    EXPECT_EQ(r.ret, 0);
+    EXPECT_TRUE(r.trace.ends_with("NULL == cur\n\n")) << r.trace;
+}
+
 } // namespace

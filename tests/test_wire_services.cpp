@@ -361,6 +361,10 @@ TEST(Quirks, RateLimitSendsWhatItsFlagsSay)
     RateLimitList list{};
     EXPECT_EQ(bxtest::receive(MSG_RATELIMIT_LIST, "ratelimitlist=[{txratelimit=i32:9}]", &list).ret, 0);
     EXPECT_EQ(list.astEntry[0].uiValidFlags, static_cast<uint32_t>(RATE_LIMIT_VALID_RX));
+    // Without either rate, no flag.
+    list = {};
+    EXPECT_EQ(bxtest::receive(MSG_RATELIMIT_LIST, R"(ratelimitlist=[{mac=s"m"}])", &list).ret, 0);
+    EXPECT_EQ(list.astEntry[0].uiValidFlags, 0u);
 }
 
 // A DNS rule's name is measured one byte past its array: in a record the
