@@ -887,14 +887,6 @@ bool asked(const void *record);
 int answer(const Converter &c);  /* fills the query; -1 */
 inline int refuse_null(const void *record, const Converter &c) { return asked(record) ? answer(c) : -1; }
 
-void table_longer_than_255_rows();  /* never defined: stops the compile */
-consteval uint8_t table_rows(size_t count)
-{
-    if (count > 0xFFu)
-        table_longer_than_255_rows();
-    return static_cast<uint8_t>(count);
-}
-
 /* The description a hand-written converter answers with (see refuse_null):
  * its table, its own policy or nullptr, the policy's length, the record's
  * mask and how it departs from the table; built in code, so that nothing
