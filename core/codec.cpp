@@ -202,6 +202,12 @@ void emit_field(const Field &f, const Link *links, const void *record, blob_buf 
 
 namespace {
 
+/* The record's mask to set bits in, or nullptr for a record without one. */
+uint32_t *mask_in(void *record, int mask_at)
+{
+    return mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
+}
+
 uint32_t mask_of(const void *record, int mask_at)
 {
     uint32_t mask = 0;
@@ -232,9 +238,8 @@ Read read_table(const char *func, const ListOf &table, const Link *links, blob_a
                 void *record, int mask_at)
 {
     parse_table(table, tb, data, static_cast<unsigned>(len));
-    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    return read_fields(Reading{func, record, mask, static_cast<const char *>(data) + len, tb, links}, table.entry(),
-                       table.fields);
+    return read_fields(Reading{func, record, mask_in(record, mask_at), static_cast<const char *>(data) + len, tb, links},
+                       table.entry(), table.fields);
 }
 
 int jts_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, blob_attr *msg, void *record,
@@ -475,7 +480,7 @@ const Field &ListOf::row(size_t i) const
     const Field *f = entry();
     if (way == Way::Both)
         return f[i];
-    const Way skipped = way == Way::Sent ? Way::Received : Way::Sent;
+    const Way skipped = other_way(way);
     for (size_t seen = 0;; ++f) {
         if (f->way != skipped && seen++ == i)
             return *f;
@@ -499,8 +504,7 @@ Read read_fields(const Reading &r, const Field *fields, size_t count)
 Read read_fields(const char *func, const Field *fields, size_t count, const Link *links, blob_attr *const *tb,
                  void *record, int mask_at)
 {
-    uint32_t *mask = mask_at >= 0 ? reinterpret_cast<uint32_t *>(static_cast<uint8_t *>(record) + mask_at) : nullptr;
-    return read_fields(Reading{func, record, mask, nullptr, tb, links}, fields, count);
+    return read_fields(Reading{func, record, mask_in(record, mask_at), nullptr, tb, links}, fields, count);
 }
 
 } // namespace bx

@@ -245,6 +245,9 @@ enum class Way : uint8_t {
     Received,  /* only received: never sent */
 };
 
+/* The direction whose rows a view toward `way` (Sent or Received) leaves out. */
+constexpr Way other_way(Way way) { return way == Way::Sent ? Way::Received : Way::Sent; }
+
 /* A number's accepted values and when they are tested. */
 struct Range {
     Check when = Check::None;

@@ -138,7 +138,7 @@ ListOf toward(Way way, const ListOf &table, const Link *links)
     top.entry_rows = table.entry();
     top.entry_links = links;
     top.way = way;
-    const Way skipped = way == Way::Sent ? Way::Received : Way::Sent;
+    const Way skipped = other_way(way);
     uint8_t seen = 0;
     for (uint8_t i = 0; i < table.fields; ++i)
         seen = static_cast<uint8_t>(seen + (top.entry_rows[i].way != skipped ? 1 : 0));
