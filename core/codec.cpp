@@ -139,11 +139,10 @@ void parse_span(const ListOf &table, blob_attr **tb, blob_attr *elem, const char
     parse_table(table, tb, data, static_cast<unsigned>(span < room ? span : room));
 }
 
-int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len)
+int parse_rows(const Field *rows, size_t count, uint16_t index_at, blob_attr **tb, void *data, unsigned int len)
 {
-    const Field *rows = table.entry();
-    const auto *ix = reinterpret_cast<const uint8_t *>(rows) + table.index_at;  /* laid out as KeyIndex */
-    return parse_by_keys(RowKeys{rows}, ref_at(ix, table.fields), table.fields, tb, data, len);
+    const auto *ix = reinterpret_cast<const uint8_t *>(rows) + index_at;  /* laid out as KeyIndex */
+    return parse_by_keys(RowKeys{rows}, ref_at(ix, count), count, tb, data, len);
 }
 
 int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
@@ -234,28 +233,40 @@ void emit_fields(const Field *fields, size_t count, const Link *links, const voi
     }
 }
 
-Read read_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, void *data, size_t len,
-                void *record, int mask_at)
-{
-    parse_table(table, tb, data, static_cast<unsigned>(len));
-    return read_fields(Reading{func, record, mask_in(record, mask_at), static_cast<const char *>(data) + len, tb, links},
-                       table.entry(), table.fields);
-}
-
-int jts_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, blob_attr *msg, void *record,
-              int mask_at)
+int jts_table(blob_attr *msg, void *record, const Table &table, const Link *links, const char *func, int mask_at)
 {
     if (msg == nullptr || record == nullptr)
-        return refuse_null(record, Converter{&table, links, nullptr, table.fields, mask_at, nullptr});
-    return read_table(func, table, links, tb, blob_data(msg), blob_len(msg), record, mask_at).ret;
+        return refuse_null(record, Converter{&table, links, nullptr, table.fields, mask_at, nullptr, nullptr});
+    blob_attr *tb[kMaxTableFields];
+    void *data = blob_data(msg);
+    const size_t len = blob_len(msg);
+    parse_rows(table.rows(), table.fields, table.index_at, tb, data, static_cast<unsigned>(len));
+    return read_fields(Reading{func, record, mask_in(record, mask_at), static_cast<const char *>(data) + len, tb, links},
+                       table.rows(), table.fields)
+        .ret;
 }
 
-int stj_table(const void *record, blob_buf *buf, const ListOf &table, const Link *links, int mask_at)
+int jts_table(blob_attr *msg, void *record, const Table &table, const Link *links, const char *func)
+{
+    return jts_table(msg, record, table, links, func, kNoMask);
+}
+
+int jts_table(blob_attr *msg, void *record, const Table &table, const char *func)
+{
+    return jts_table(msg, record, table, nullptr, func, kNoMask);
+}
+
+int stj_table(const void *record, blob_buf *buf, const Table &table, const Link *links, int mask_at)
 {
     if (record == nullptr || buf == nullptr)
-        return refuse_null(record, Converter{&table, links, nullptr, 0, mask_at, nullptr});
-    emit_fields(table.entry(), table.fields, links, record, buf, mask_at);
+        return refuse_null(record, Converter{&table, links, nullptr, 0, mask_at, nullptr, nullptr});
+    emit_fields(table.rows(), table.fields, links, record, buf, mask_at);
     return 0;
+}
+
+int stj_table(const void *record, blob_buf *buf, const Table &table, const Link *links)
+{
+    return stj_table(record, buf, table, links, kNoMask);
 }
 
 void store_field(const char *func, const Field &f, blob_attr *attr, void *record)

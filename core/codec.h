@@ -431,20 +431,26 @@ struct ListOf {
     bool any_type = false;         /* elements read as entries whatever their blobmsg type */
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
-    int32_t entry_at = 0;              /* without entry_rows: the fields' offset from this list (see Packed) */
     Way way = Way::Both;               /* a message's table as one direction sees it (see ListOf::row) */
     uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
     const Link *entry_links = nullptr; /* the links of the entry's rows (see Link) */
 
     /* An entry's fields; a bare value has one, at offset 0, without key. */
-    const Field *entry() const
-    {
-        return entry_rows != nullptr ? entry_rows : reinterpret_cast<const Field *>(reinterpret_cast<const char *>(this) + entry_at);
-    }
+    const Field *entry() const { return entry_rows; }
 
     /* Field i of the `fields` this list's direction sees. */
     const Field &row(size_t i) const;
 
+};
+
+/* A message's table as its converters hand it over: the head of a Packed
+ * table, which its rows follow. One address says it all, so a converter is
+ * a jump with its arguments (see BX_CONVERTERS). */
+struct Table {
+    uint16_t index_at;  /* the key index, as an offset from the first row */
+    uint8_t fields;     /* rows */
+
+    const Field *rows() const { return reinterpret_cast<const Field *>(this + 1); }
 };
 
 /* The most rows an entry table may have: a received entry's slots live on
@@ -579,33 +585,32 @@ consteval Links<kLinkSet<Source>.count> stored_links()
 template <const auto &Source>
 inline constexpr auto kLinks = stored_links<Source>();
 
-/* A table as the library keeps it: its rows, then the pool of their texts.
- * Built at compile time from the table's source rows (FieldDef); only this
- * object is stored. */
+/* A table as the library keeps it: its head, its rows, then the pool of
+ * their texts and the key index. Built at compile time from the table's
+ * source rows (FieldDef); only this object is stored. */
 template <size_t N, size_t P, const auto &Source>
 struct Packed {
+    /* What a converter hands over: one address, no pointer stored. */
+    Table head{};
     Field rows[N];
     char pool[P] = {};
     /* The rows' keys by bucket: a parse finds each attribute's slot without
      * a policy (see core/parse.h). */
     KeyIndex<N, buckets_for(N)> index{};
-    /* The table as the one entry of a list, the handle of a message's
-     * fields: it finds the rows by their offset from itself. */
-    ListOf whole{nullptr, static_cast<uint8_t>(N), true, 0, 1};
 
     consteval Packed()
     {
         static_assert(N <= 0xFFu, "a table has at most 255 rows");
+        static_assert(offsetof(Packed, rows) == sizeof(Table), "the rows follow the head");
         size_t used = 0;
         for (size_t i = 0; i < N; ++i)
             pack_row(rows[i], Source[i], i, used);
         index = index_keys<N, buckets_for(N)>(Keys{this}, N);
-        whole.entry_at = -static_cast<int32_t>(offsetof(Packed, whole));
-        whole.index_at = index_offset();
+        head = Table{index_offset(), static_cast<uint8_t>(N)};
     }
 
     /* Where the key index lies from the first row. */
-    static constexpr uint16_t index_offset() { return static_cast<uint16_t>(offsetof(Packed, index)); }
+    static constexpr uint16_t index_offset() { return static_cast<uint16_t>(offsetof(Packed, index) - offsetof(Packed, rows)); }
 
     /* The lists and quirks the rows point at (see Field::link), or nullptr
      * for a table without any. */
@@ -734,15 +739,19 @@ struct RowKeys {
     int type(size_t i) const { return wire_type(rows[i].wire); }
 };
 
-/* Parses an area by a table (a list's entry, or a whole message's table,
- * see Packed::whole) and the key index the table keeps. */
-int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len);
+/* Parses an area by rows and the key index that lies index_at bytes from
+ * the first one (a list's entry, or a message's table). */
+int parse_rows(const Field *rows, size_t count, uint16_t index_at, blob_attr **tb, void *data, unsigned int len);
+inline int parse_table(const ListOf &table, blob_attr **tb, void *data, unsigned int len)
+{
+    return parse_rows(table.entry(), table.fields, table.index_at, tb, data, len);
+}
 
 /* Parses a whole message by a table. */
 template <size_t N, size_t P, const auto &S>
 inline int parse_msg(const Packed<N, P, S> &table, blob_attr *(&tb)[N], blob_attr *msg)
 {
-    return parse_table(table.whole, tb, blob_data(msg), blob_len(msg));
+    return parse_rows(table.rows, N, table.index_offset(), tb, blob_data(msg), blob_len(msg));
 }
 
 /* JTS_CheckBlobAttr for slot `slot`, with its row's key. */
@@ -755,7 +764,7 @@ inline bool present(const Packed<N, P, S> &table, blob_attr *const (&tb)[N], siz
 template <size_t N, size_t P, const auto &S>
 inline int parse_elem(const Packed<N, P, S> &table, blob_attr *(&tb)[N], blob_attr *elem)
 {
-    return parse_table(table.whole, tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
+    return parse_rows(table.rows, N, table.index_offset(), tb, blobmsg_data(elem), static_cast<unsigned>(blobmsg_data_len(elem)));
 }
 
 /* No record's mask (see jts_fields). */
@@ -840,44 +849,56 @@ inline int add_text(blob_buf *buf, const char *key, const char (&text)[N])
     return add_text(buf, key, text, N);
 }
 
-/* The struct-to-JSON converter of a table: -1 on a null argument, else 0. */
-int stj_table(const void *record, blob_buf *buf, const ListOf &table, const Link *links, int mask_at);
-template <size_t N, size_t P, const auto &S>
-inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P, S> &table, int mask_at = kNoMask)
+/* The struct-to-JSON converter of a table: -1 on a null argument, else 0;
+ * without a record's mask and with the mask at byte offset mask_at. */
+int stj_table(const void *record, blob_buf *buf, const Table &table, const Link *links);
+int stj_table(const void *record, blob_buf *buf, const Table &table, const Link *links, int mask_at);
+template <int MaskAt, size_t N, size_t P, const auto &S>
+inline int stj_fields(const void *record, blob_buf *buf, const Packed<N, P, S> &table)
 {
-    return stj_table(record, buf, table.whole, table.links(), mask_at);
+    if constexpr (MaskAt == kNoMask)
+        return stj_table(record, buf, table.head, table.links());
+    else
+        return stj_table(record, buf, table.head, table.links(), MaskAt);
 }
 
-/* Parses an area (a message's payload or a list element's value) by a
- * table into tb (a slot per row) and reads it. */
-Read read_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, void *data, size_t len, void *record,
-                int mask_at);
+/* The most rows of a table that a JSON-to-struct converter reads: their
+ * slots live on the stack of jts_table. */
+constexpr size_t kMaxTableFields = 40;
 
 /* The JSON-to-struct converter of a table: -1 on a null argument, the
- * refusal's result, else 0. Out of line: a converter is its slots and a
- * call. */
-int jts_table(const char *func, const ListOf &table, const Link *links, blob_attr **tb, blob_attr *msg, void *record,
-              int mask_at);
-template <size_t N, size_t P, const auto &S>
-inline int jts_fields(const char *func, const Packed<N, P, S> &table, blob_attr *msg, void *record, int mask_at)
+ * refusal's result, else 0; func names the converter in traces. The
+ * message and the record come first, where the converter received them:
+ * a converter is a jump. */
+int jts_table(blob_attr *msg, void *record, const Table &table, const char *func);  /* no links, no mask */
+int jts_table(blob_attr *msg, void *record, const Table &table, const Link *links, const char *func);
+int jts_table(blob_attr *msg, void *record, const Table &table, const Link *links, const char *func, int mask_at);
+template <int MaskAt, size_t N, size_t P, const auto &S>
+inline int jts_fields(const char *func, const Packed<N, P, S> &table, blob_attr *msg, void *record)
 {
-    blob_attr *tb[N];
-    return jts_table(func, table.whole, table.links(), tb, msg, record, mask_at);
+    static_assert(N <= kMaxTableFields, "a message's table has at most kMaxTableFields rows");
+    if constexpr (MaskAt != kNoMask)
+        return jts_table(msg, record, table.head, table.links(), func, MaskAt);
+    else if constexpr (Packed<N, P, S>::links() != nullptr)
+        return jts_table(msg, record, table.head, table.links(), func);
+    else
+        return jts_table(msg, record, table.head, func);
 }
 
 /* ---- What a converter reads or sends ---------------------------------------- */
 
 /* Each converter is described by the table it runs on, for the description
- * API (core/describe.cpp): the table as a list of one entry (the record), the
- * policy a JSON-to-struct converter parses the message with, the record's
- * mask, and, for a hand-written converter, how it departs from the table. */
+ * API (core/describe.cpp): the table's head, the policy a JSON-to-struct
+ * converter parses the message with, the record's mask, and, for a
+ * hand-written converter, how it departs from the table. */
 struct Converter {
-    const ListOf *fields;          /* the table as a list of one entry; nullptr: no converter */
+    const Table *table;            /* nullptr: no converter */
     const Link *links;             /* its rows' links */
     const blobmsg_policy *policy;  /* a hand-written converter's own policy; nullptr: the table's keys */
     uint16_t policy_count;         /* 0 for a struct-to-JSON converter */
     int32_t mask_at;               /* byte offset of the record's mask, or kNoMask */
     const char *note;              /* how a hand-written converter departs from its table, or nullptr */
+    const ListOf *fields;          /* described: the table as one direction sees it (see converter_of) */
 };
 
 /* A converter says what it is when asked, through its refusal of a null
@@ -898,7 +919,7 @@ inline int refuse_null(const void *record, const Converter &c) { return asked(re
 #define BX_DESCRIBED(converter, table, policy, policy_count, mask_at, note) \
     constexpr ::bx::Converter BX_DESCRIPTION(converter)                   \
     {                                                                      \
-        return ::bx::Converter{&(table).whole, (table).links(), policy, policy_count, mask_at, note}; \
+        return ::bx::Converter{&(table).head, (table).links(), policy, policy_count, mask_at, note, nullptr}; \
     }
 
 /* The record's mask: none, or at byte offset `at`. */
@@ -920,7 +941,7 @@ constexpr int mask_at(size_t at) { return static_cast<int>(at); }
     BX_API int stj_name(const void *pvRecord, struct blob_buf *pstBuf)                     \
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
-        return ::bx::stj_fields(pvRecord, pstBuf, sent, mask_at);                          \
+        return ::bx::stj_fields<mask_at>(pvRecord, pstBuf, sent);                          \
     }
 
 /* ... and the JSON-to-struct converter of a table. */
@@ -928,7 +949,7 @@ constexpr int mask_at(size_t at) { return static_cast<int>(at); }
     BX_API int jts_name(struct blob_attr *pstMsg, void *pvRecord)                          \
     {                                                                                      \
         BX_TRACE_CALL();                                                                   \
-        return ::bx::jts_fields(__func__, received, pstMsg, pvRecord, mask_at);            \
+        return ::bx::jts_fields<mask_at>(__func__, received, pstMsg, pvRecord);            \
     }
 
 } // namespace bx

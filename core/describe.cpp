@@ -132,17 +132,15 @@ Converter query;
 ListOf tops[2][kLastMessageType + 1];
 
 /* Table `table` as one direction sees it: only the rows of its way. */
-ListOf toward(Way way, const ListOf &table, const Link *links)
+ListOf toward(Way way, const Table &table, const Link *links)
 {
-    ListOf top = table;
-    top.entry_rows = table.entry();
+    ListOf top{table.rows(), 0, true, 0, 1};
+    top.index_at = table.index_at;
     top.entry_links = links;
     top.way = way;
     const Way skipped = other_way(way);
-    uint8_t seen = 0;
     for (uint8_t i = 0; i < table.fields; ++i)
-        seen = static_cast<uint8_t>(seen + (top.entry_rows[i].way != skipped ? 1 : 0));
-    top.fields = seen;
+        top.fields = static_cast<uint8_t>(top.fields + (top.entry_rows[i].way != skipped ? 1 : 0));
     return top;
 }
 
@@ -157,11 +155,11 @@ Converter described_of(int direction, int type)
         row->converter.toJson(&query, nullptr);
     else
         row->converter.toStruct(nullptr, &query);
-    if (query.fields == nullptr)
+    if (query.table == nullptr)
         return query;
     ListOf &top = tops[direction][type];
     if (top.entry_rows == nullptr)
-        top = toward(direction == BLOBXLATE_TO_JSON ? Way::Sent : Way::Received, *query.fields, query.links);
+        top = toward(direction == BLOBXLATE_TO_JSON ? Way::Sent : Way::Received, *query.table, query.links);
     query.fields = &top;
     if (direction == BLOBXLATE_TO_STRUCT && query.policy == nullptr && query.policy_count != 0)
         query.policy_count = top.fields;  /* the keys the parse looks for */
