@@ -327,8 +327,8 @@ struct Field {
     bool tested : 1 = true;
     bool stored : 1 = true;
     bool required : 1 = false;
+    Way way : 2 = Way::Both;
     uint8_t link = 0;  /* 1 + the index of the row's list and quirk among its table's links; 0: none */
-    Way way = Way::Both;
 
     constexpr Field() = default;
     Field(const Field &) = delete;
