@@ -152,16 +152,15 @@ int add_text(blob_buf *buf, const char *key, const char *text, size_t size)
     if (n < size)
         return blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, key, text, static_cast<unsigned>(n + 1));
     /* A text that fills its whole array has no terminator: the member is
-     * made from a run of zeros one byte longer, then the array's bytes are
-     * copied over it inside the buffer. A new member always starts where
-     * the open table or array ends. */
-    static constexpr char kZeros[kMaxText + 1] = {};
-    n = n < kMaxText ? n : kMaxText;
-    const size_t at = reinterpret_cast<char *>(blob_next(buf->head)) - static_cast<char *>(buf->buf);
-    int ret = blobmsg_add_field(buf, BLOBMSG_TYPE_STRING, key, kZeros, static_cast<unsigned>(n + 1));
-    if (ret == 0)
-        std::memcpy(blobmsg_data(reinterpret_cast<blob_attr *>(static_cast<char *>(buf->buf) + at)), text, n);
-    return ret;
+     * written in place, the array's bytes and then the terminator, so that
+     * nothing past the array is read. */
+    auto *dst = static_cast<char *>(blobmsg_alloc_string_buffer(buf, key, static_cast<unsigned>(n)));
+    if (dst == nullptr)
+        return -1;
+    std::memcpy(dst, text, n);
+    dst[n] = 0;
+    blobmsg_add_string_buffer(buf);
+    return 0;
 }
 
 namespace {

@@ -218,10 +218,6 @@ constexpr TraceShape trace_shape(const char *fmt)
     return {longs >= 2 ? TraceArg::LongLong : longs == 1 ? TraceArg::Long : TraceArg::Int, at};
 }
 
-/* The longest text array a table may name: sending a text that fills its
- * whole array takes its terminator from a constant run of zeros this long. */
-constexpr size_t kMaxText = 1024;
-
 /* When a ranged value is tested. */
 enum class Check : uint8_t {
     None,
@@ -381,7 +377,7 @@ consteval uint16_t fits16(size_t n)
     ::bx::FieldDef{.key = key_, .wire = wire_, .word_list = words_, .offset = BX_FIELD_AT(Rec, m), .size = size_, \
                    .trace = trace_, .shape = ::bx::trace_shape(trace_), .member = #m, __VA_ARGS__}
 #define BX_TEXT(Rec, m, key_, trace_, ...) \
-    BX_MEMBER(Rec, m, ::bx::Wire::Text, -1, ::bx::text_size(BX_FIELD_SIZE(Rec, m)), key_, trace_, __VA_ARGS__)
+    BX_MEMBER(Rec, m, ::bx::Wire::Text, -1, BX_FIELD_SIZE(Rec, m), key_, trace_, __VA_ARGS__)
 #define BX_U32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U32, -1, 4, key_, trace_, __VA_ARGS__)
 #define BX_S32(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::S32, -1, 4, key_, trace_, __VA_ARGS__)
 #define BX_U64(Rec, m, key_, trace_, ...) BX_MEMBER(Rec, m, ::bx::Wire::U64, -1, 8, key_, trace_, __VA_ARGS__)
@@ -389,15 +385,6 @@ consteval uint16_t fits16(size_t n)
 
 /* A key the message parses that the record has no member for. */
 #define BX_KEY(key_, wire_) ::bx::FieldDef{.key = key_, .wire = wire_, .use = ::bx::Use::Parsed}
-
-/* A text array's size, held to what sending can terminate. */
-void text_array_longer_than_kMaxText();  /* never defined: stops the compile */
-consteval uint16_t text_size(uint16_t size)
-{
-    if (size > kMaxText)
-        text_array_longer_than_kMaxText();
-    return size;
-}
 
 /* The validity bits of the settings, in a mask whose high bits say other
  * things: the reported state of a configuration goes out whenever any
@@ -483,7 +470,7 @@ consteval uint8_t entry_fields(size_t count)
  * bytes. */
 #define BX_ENTRY(wire_, size_, trace_, ...) \
     ::bx::FieldDef{.wire = wire_, .size = size_, .trace = trace_, .shape = ::bx::trace_shape(trace_), __VA_ARGS__}
-#define BX_TEXT_ENTRY(size_, trace_, ...) BX_ENTRY(::bx::Wire::Text, ::bx::text_size(size_), trace_, __VA_ARGS__)
+#define BX_TEXT_ENTRY(size_, trace_, ...) BX_ENTRY(::bx::Wire::Text, ::bx::fits16(size_), trace_, __VA_ARGS__)
 #define BX_U32_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U32, 4, trace_, __VA_ARGS__)
 #define BX_U8_ENTRY(trace_, ...) BX_ENTRY(::bx::Wire::U8, 1, trace_, __VA_ARGS__)
 
