@@ -443,6 +443,22 @@ Read refuse(const Reading &r, const Field &f)
     return done;
 }
 
+/* A slot whose row has rules: a range tested before or after storing, a
+ * mask bit. In a frame of its own, so that the usual slot's reading (which
+ * read_slot flattens) holds one copy of storing. */
+[[gnu::noinline]] Read read_ruled_slot(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
+{
+    const Rules rules = f.rules();
+    if (rules.check == Check::Before && !in_range(rules, get_u32(attr)))
+        return refuse(r, f);
+    store_as(r.func, f, wire, attr, r.record);
+    if (r.mask != nullptr)
+        *r.mask |= rules.mask_bit;
+    if (rules.check == Check::After && !in_range(rules, stored_u32(f, r.record)))
+        return refuse(r, f);
+    return kGoOn;
+}
+
 } // namespace
 
 Read test_slot(const Reading &r, const Field &f, blob_attr *attr)
@@ -470,18 +486,9 @@ Read read_slot_as(const Reading &r, const Field &f, Wire wire, blob_attr *attr)
         return kGoOn;
     if (wire == Wire::List)
         return read_list_slot(r, f, attr);
-    if (f.rules_at == 0) {  /* the usual row: no range, no mask bit */
-        store_as(r.func, f, wire, attr, r.record);
-        return kGoOn;
-    }
-    const Rules rules = f.rules();
-    if (rules.check == Check::Before && !in_range(rules, get_u32(attr)))
-        return refuse(r, f);
-    store_as(r.func, f, wire, attr, r.record);
-    if (r.mask != nullptr)
-        *r.mask |= rules.mask_bit;
-    if (rules.check == Check::After && !in_range(rules, stored_u32(f, r.record)))
-        return refuse(r, f);
+    if (f.rules_at != 0)
+        return read_ruled_slot(r, f, wire, attr);
+    store_as(r.func, f, wire, attr, r.record);  /* the usual row: no range, no mask bit */
     return kGoOn;
 }
 
