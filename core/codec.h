@@ -510,15 +510,52 @@ constexpr bool has_rules(const FieldDef &f)
            f.range.refusal != nullptr || f.range.when != Check::None || f.ret != -1;
 }
 
-/* The bytes a table's texts and rules take in its pool, terminators included. */
+/* True when `text` ends `longer` (or is it): its bytes are already in a
+ * pool that holds `longer`. */
+constexpr bool ends(const char *longer, const char *text)
+{
+    const size_t n = text_length(text);
+    const size_t m = text_length(longer);
+    if (n > m)
+        return false;
+    for (size_t k = 0; k < n; ++k)
+        if (longer[m - n + k] != text[k])
+            return false;
+    return true;
+}
+
+/* The texts of row f in the order its table's pool takes them. */
+struct RowTexts {
+    const char *texts[5];
+};
+constexpr RowTexts texts_of(const FieldDef &f) { return {{f.key, f.trace, f.member, f.absent, f.range.refusal}}; }
+
+/* True when text `t` of row `row` ends a text of an earlier row or an
+ * earlier text of the same row: the pool keeps it once (a member named
+ * after its key, a trace text repeated from row to row). */
+template <typename Source>
+constexpr bool pooled_before(const Source &src, size_t row, size_t t)
+{
+    const char *text = texts_of(src[row]).texts[t];
+    for (size_t i = 0; i <= row; ++i)
+        for (size_t k = 0; k < (i < row ? 5u : t); ++k)
+            if (const char *earlier = texts_of(src[i]).texts[k]; earlier != nullptr && ends(earlier, text))
+                return true;
+    return false;
+}
+
+/* The bytes a table's texts and rules take in its pool, terminators
+ * included, each text once. */
 template <typename Source>
 constexpr size_t pool_bytes(const Source &src)
 {
     size_t n = 0;
-    for (const FieldDef &f : src) {
-        for (const char *text : {f.key, f.trace, f.member, f.absent, f.range.refusal})
-            n += text != nullptr ? text_length(text) + 1 : 0;
-        n += has_rules(f) ? sizeof(Rules) : 0;
+    for (size_t row = 0; row < std::size(src); ++row) {
+        for (size_t t = 0; t < 5; ++t) {
+            const char *text = texts_of(src[row]).texts[t];
+            n += text != nullptr && !pooled_before(src, row, t) ? text_length(text) + 1 : 0;
+        }
+        n += has_rules(src[row]) ? sizeof(Rules) : 0;
     }
     return n > 0 ? n : 1;
 }
@@ -625,17 +662,33 @@ private:
         constexpr const char *name(size_t i) const { return table->key_text(i); }
     };
 
-    /* A text's offset from row i: the pool follows the last row. */
+    /* A text's offset from row i: the pool follows the last row. A text
+     * whose bytes the pool already holds (see pooled_before) is not added. */
     consteval uint16_t add_text(const char *text, size_t i, size_t &used)
     {
         if (text == nullptr)
             return 0;
-        const size_t at = (N - i) * sizeof(Field) + used;
+        const size_t n = text_length(text) + 1;
+        size_t found = 0;
+        while (found + n <= used && !same_text(pool + found, text, n))
+            ++found;
+        if (found + n > used) {  /* not in the pool yet */
+            found = used;
+            for (size_t k = 0; k < n; ++k)
+                pool[used++] = text[k];
+        }
+        const size_t at = (N - i) * sizeof(Field) + found;
         if (at > 0xFFFFu)
             table_beyond_16_bit_offsets();
-        for (size_t k = 0; k <= text_length(text); ++k)
-            pool[used++] = text[k];
         return static_cast<uint16_t>(at);
+    }
+
+    static constexpr bool same_text(const char *at, const char *text, size_t n)
+    {
+        for (size_t k = 0; k < n; ++k)
+            if (at[k] != text[k])
+                return false;
+        return true;
     }
 
     struct RuleBytes {
