@@ -406,20 +406,20 @@ enum class Bound : uint8_t {
 struct ListOf {
     const Field *entry_rows;       /* an entry's fields (see entry()) */
     uint8_t fields;                /* rows in entry */
-    bool tables;                   /* elements are tables; else bare values of entry[0] */
+    bool tables : 1;               /* elements are tables; else bare values of entry[0] */
+    Way way : 2 = Way::Both;       /* a message's table as one direction sees it (see ListOf::row) */
     uint16_t stride;               /* bytes between entries in the record */
     uint16_t capacity;             /* entries the record's array holds */
     int16_t count_at = -1;         /* byte offset of the record's u32 count of entries, -1: none */
-    Bound bound = Bound::Capacity;
-    bool fills_count = false;      /* the count becomes the number of entries filled */
-    bool spans = false;            /* table elements parsed over their whole span (see parse_span) */
-    bool to_first_empty = false;   /* sent up to the first empty entry (first field zero) */
-    bool surplus_skipped = false;  /* an element past the bound is skipped and the walk goes on */
-    bool any_type = false;         /* elements read as entries whatever their blobmsg type */
+    Bound bound : 2 = Bound::Capacity;
+    bool fills_count : 1 = false;      /* the count becomes the number of entries filled */
+    bool spans : 1 = false;            /* table elements parsed over their whole span (see parse_span) */
+    bool to_first_empty : 1 = false;   /* sent up to the first empty entry (first field zero) */
+    bool surplus_skipped : 1 = false;  /* an element past the bound is skipped and the walk goes on */
+    bool any_type : 1 = false;         /* elements read as entries whatever their blobmsg type */
+    uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
     const char *past_bound = nullptr;  /* trace of an element past the bound, with the entries filled */
     const char *odd = nullptr;         /* trace of an element of another type (skipped) */
-    Way way = Way::Both;               /* a message's table as one direction sees it (see ListOf::row) */
-    uint16_t index_at = 0;             /* the entry's key index, as an offset from its first row (tables) */
     const Link *entry_links = nullptr; /* the links of the entry's rows (see Link) */
 
     /* An entry's fields; a bare value has one, at offset 0, without key. */

@@ -134,10 +134,8 @@ ListOf tops[2][kLastMessageType + 1];
 /* Table `table` as one direction sees it: only the rows of its way. */
 ListOf toward(Way way, const Table &table, const Link *links)
 {
-    ListOf top{table.rows(), 0, true, 0, 1};
-    top.index_at = table.index_at;
-    top.entry_links = links;
-    top.way = way;
+    ListOf top{.entry_rows = table.rows(), .fields = 0, .tables = true, .way = way, .stride = 0, .capacity = 1,
+               .index_at = table.index_at, .entry_links = links};
     const Way skipped = other_way(way);
     for (uint8_t i = 0; i < table.fields; ++i)
         top.fields = static_cast<uint8_t>(top.fields + (top.entry_rows[i].way != skipped ? 1 : 0));
