@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ bx::Read read_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
     auto *base = static_cast<unsigned char *>(r.record) + f.offset;
     const unsigned slots = r.list(f)->capacity + 1u;
     unsigned stored = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         uint32_t value = bx::get_u32(elem);
         std::memcpy(base + stored * sizeof value, &value, sizeof value);
         ++stored;

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ constexpr char kHostLabel[] = "Host Name";
     const size_t size = l.entry()[0].size;
     char *first = static_cast<char *>(r.record) + f.offset;
     int slot = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         char *text = first + slot * l.stride;
         bx::copy_text(text, size - 1, elem);
         const int len = static_cast<int>(strnlen(text, size));
@@ -131,7 +132,7 @@ size_t slot_of(const bx::ListOf &l, std::string_view key)
     auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
     int i = 0;
     Read done = bx::kGoOn;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         blob_attr *tb[bx::kMaxEntryFields];
         bx::parse_span(l, tb, elem, r.msg_end);
         FilterTimeRange &pair = pairs[i];
@@ -211,7 +212,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     int n = 0;
     Read done = bx::kGoOn;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         if (n >= l.capacity) {
             trace_past_bound(r.func, l.past_bound, n);
             return false;
