@@ -12,7 +12,6 @@
  * from the filter daemon and are taken as they are, every key optional. */
 #include <cstddef>
 #include <cstring>
-#include <string_view>
 
 #include "core/codec.h"
 #include "messages/walk.h"
@@ -109,13 +108,14 @@ void trace_time(const char *func, int rule, const char *label, int pair, uint32_
         BX_TRACE_AS(func, "List[%d]%s%d:%u\n", rule, label, pair, time);
 }
 
-/* The slot of `key` in a list's entry table. */
-size_t slot_of(const bx::ListOf &l, std::string_view key)
+/* The slot of the first row at or after `from` that a period's table
+ * stores: the rule's other keys are only parsed, so the first is the start
+ * time and the next the end time. */
+size_t stored_slot(const bx::ListOf &l, size_t from)
 {
-    size_t i = 0;
-    while (i < l.fields && key != l.entry()[i].key())
-        ++i;
-    return i;
+    while (from < l.fields && !l.entry()[from].stored)
+        ++from;
+    return from;
 }
 
 /* Quirk: at most three periods, each parsed with the rule's whole policy
@@ -127,8 +127,8 @@ size_t slot_of(const bx::ListOf &l, std::string_view key)
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *r.list(f);
-    const size_t start = slot_of(l, "starttime");
-    const size_t end = slot_of(l, "endtime");
+    const size_t start = stored_slot(l, 0);
+    const size_t end = stored_slot(l, start + 1);
     auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
     int i = 0;
     Read done = bx::kGoOn;
