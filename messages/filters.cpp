@@ -172,22 +172,11 @@ static_assert(offsetof(FilterUrlRule, uiWeekday) + 4 == offsetof(FilterUrlRule, 
 static_assert(offsetof(FilterDnsRule, uiWeekday) + 4 == offsetof(FilterDnsRule, astTimeRange));
 void send_periods(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
-    const bx::ListOf &entries = *f.list(links);
-    const char *periods = static_cast<const char *>(record) + f.offset;
     uint32_t weekday = 0;
-    std::memcpy(&weekday, periods - sizeof weekday, sizeof weekday);
-    if (weekday == 0)
-        return;
-    void *array = blobmsg_open_array(buf, f.key());
-    for (size_t i = 0; i < entries.capacity; ++i) {
-        const auto *pair = reinterpret_cast<const FilterTimeRange *>(periods + i * entries.stride);
-        if (pair->uiEndTime == 0)
-            break;
-        void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, pair, buf, bx::kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
+    std::memcpy(&weekday, static_cast<const char *>(record) + f.offset - sizeof weekday, sizeof weekday);
+    if (weekday != 0)
+        bx::walk::send_tables(f, links, record, buf, f.list(links)->capacity, offsetof(FilterTimeRange, uiEndTime),
+                              bx::walk::Zero::Ends);
 }
 
 /* The list's own line (if any) for an element past its rules. */
@@ -233,24 +222,11 @@ static_assert(offsetof(FilterUrlList, uiCount) == 0 && offsetof(FilterDnsList, u
 static_assert(offsetof(FilterUrlRule, uiIdx) == 0 && offsetof(FilterDnsRule, uiIdx) == 0);
 void send_rules(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
-    const bx::ListOf &entries = *f.list(links);
     uint32_t count = 0;
     std::memcpy(&count, record, sizeof count);
-    const char *rules = static_cast<const char *>(record) + f.offset;
-    void *array = blobmsg_open_array(buf, f.key());
     /* A count above the record's rules is the caller's error: never read
      * past the record. */
-    for (uint32_t i = 0; i < bx::at_most(count, entries.capacity); ++i) {
-        const char *rule = rules + i * entries.stride;
-        uint32_t idx = 0;
-        std::memcpy(&idx, rule, sizeof idx);
-        if (idx == 0)
-            continue;
-        void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, rule, buf, bx::kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
+    bx::walk::send_tables(f, links, record, buf, bx::at_most(count, f.list(links)->capacity), 0, bx::walk::Zero::Skipped);
 }
 
 constexpr Quirk kWeekday{nullptr, send_weekday, "not sent while 0"};
