@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -21,42 +22,27 @@ static_assert(offsetof(HwInfoParam, uiWanPortsMax) ==
               offsetof(HwInfoParam, auiLanMaxRate) + 3 * sizeof(uint32_t));
 static_assert(offsetof(HwInfoParam, szSysType) == offsetof(HwInfoParam, auiWanMaxRate) + sizeof(uint32_t));
 
-/* Stores the list's elements, read as numbers whatever their type, in
- * consecutive 32-bit slots from the list's member, at most `slots` of
- * them, and calls trace(element number from 1, value) after each. */
-template <typename Trace>
-bx::Read store_numbers(const bx::Reading &r, const Field &f, blob_attr *list, unsigned slots, Trace trace)
+/* Quirk (both lists): rates of any type, stored in consecutive 32-bit slots
+ * from the list's member, one slot past the array, each traced with its
+ * number from 1 and its port kind, the first three letters of the key. */
+bx::Read read_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    if (!JTS_CheckBlobAttr(f.key(), list))
+    if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     auto *base = static_cast<unsigned char *>(r.record) + f.offset;
+    const unsigned slots = r.list(f)->capacity + 1u;
     unsigned stored = 0;
-    bx::for_each_elem(list, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         uint32_t value = bx::get_u32(elem);
         std::memcpy(base + stored * sizeof value, &value, sizeof value);
         ++stored;
-        trace(stored, value);
+        BX_TRACE_AS(r.func, "%.3s port[%d]: %dMbps\n", f.key(), stored, value);
         return stored < slots;
     });
     return bx::kGoOn;
 }
 
-/* Quirk (both lists): rates of any type, traced with their number, one slot
- * past the array. */
-bx::Read read_lan_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    return store_numbers(r, f, attr, r.list(f)->capacity + 1u,
-                         [&r](unsigned n, uint32_t rate) { BX_TRACE_AS(r.func, "lan port[%d]: %dMbps\n", n, rate); });
-}
-
-bx::Read read_wan_rates(const bx::Reading &r, const Field &f, blob_attr *attr)
-{
-    return store_numbers(r, f, attr, r.list(f)->capacity + 1u,
-                         [&r](unsigned n, uint32_t rate) { BX_TRACE_AS(r.func, "wan port[%d]: %dMbps\n", n, rate); });
-}
-
-constexpr bx::Quirk kLanRates{read_lan_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
-constexpr bx::Quirk kWanRates{read_wan_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
+constexpr bx::Quirk kRates{read_rates, nullptr, "elements of any type read as numbers, one more than the array holds (the last into the next member)"};
 
 /* Sent as the whole arrays, unnamed numbers. */
 constexpr bx::FieldDef kRateSource[] = {BX_U32_ENTRY(nullptr)};
@@ -84,8 +70,8 @@ constexpr bx::FieldDef kHwInfoSource[] = {
     BX_TEXT(HwInfoParam, szMemoryProvider, "memoryprovider", "memory provider:%s"),
     BX_U32(HwInfoParam, uiCpuCores, "cpucores", "cpu cores:%d"),
     BX_KEY("rebootcount", bx::Wire::U32),
-    BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr, .quirk = &kLanRates),
-    BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr, .quirk = &kWanRates),
+    BX_LIST(HwInfoParam, auiLanMaxRate, "lanmaxrate", kLanRateList, nullptr, .quirk = &kRates),
+    BX_LIST(HwInfoParam, auiWanMaxRate, "wanmaxrate", kWanRateList, nullptr, .quirk = &kRates),
     BX_U32(HwInfoParam, ui24gMaxBw, "2.4gmaxbw", "2GMaxBW:%d"),
     BX_U32(HwInfoParam, ui5gMaxBw, "5gmaxbw", "5GMaxBW:%d"),
     BX_U32(HwInfoParam, ui24gMode, "2.4gmode", "2GMode:%d"),

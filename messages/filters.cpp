@@ -12,9 +12,9 @@
  * from the filter daemon and are taken as they are, every key optional. */
 #include <cstddef>
 #include <cstring>
-#include <string_view>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -71,28 +71,33 @@ constexpr char kMacsLabel[] = "Macs";
 constexpr char kHostLabel[] = "Host Name";
 
 /* Quirk: every element is read as a text, whatever its type, and traced
- * with its slot (and in a list, the rule's position). */
-template <const char *Label, bool Listed>
-Read read_texts(const Reading &r, const Field &f, blob_attr *attr)
+ * with its slot (and in a list, the rule's position; -1: none). */
+[[gnu::noinline]] Read read_texts(const Reading &r, const Field &f, blob_attr *attr, const char *label, int rule)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *r.list(f);
     const size_t size = l.entry()[0].size;
     char *first = static_cast<char *>(r.record) + f.offset;
-    const int rule = position<Listed>(r);
     int slot = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         char *text = first + slot * l.stride;
         bx::copy_text(text, size - 1, elem);
         const int len = static_cast<int>(strnlen(text, size));
         if (rule < 0)
-            BX_TRACE_AS(r.func, "%s%d:%.*s\n", Label, slot, len, text);
+            BX_TRACE_AS(r.func, "%s%d:%.*s\n", label, slot, len, text);
         else
-            BX_TRACE_AS(r.func, "List[%d]%s%d:%.*s\n", rule, Label, slot, len, text);
+            BX_TRACE_AS(r.func, "List[%d]%s%d:%.*s\n", rule, label, slot, len, text);
         return ++slot < l.capacity;
     });
     return bx::kGoOn;
+}
+
+/* read_texts with a label, in a set message or a list. */
+template <const char *Label, bool Listed>
+Read read_texts_as(const Reading &r, const Field &f, blob_attr *attr)
+{
+    return read_texts(r, f, attr, Label, position<Listed>(r));
 }
 
 void trace_time(const char *func, int rule, const char *label, int pair, uint32_t time)
@@ -103,32 +108,31 @@ void trace_time(const char *func, int rule, const char *label, int pair, uint32_
         BX_TRACE_AS(func, "List[%d]%s%d:%u\n", rule, label, pair, time);
 }
 
-/* The slot of `key` in a list's entry table. */
-size_t slot_of(const bx::ListOf &l, std::string_view key)
+/* The slot of the first row at or after `from` that a period's table
+ * stores: the rule's other keys are only parsed, so the first is the start
+ * time and the next the end time. */
+size_t stored_slot(const bx::ListOf &l, size_t from)
 {
-    size_t i = 0;
-    while (i < l.fields && key != l.entry()[i].key())
-        ++i;
-    return i;
+    while (from < l.fields && !l.entry()[from].stored)
+        ++from;
+    return from;
 }
 
 /* Quirk: at most three periods, each parsed with the rule's whole policy
  * whatever its type; the times are not tested for presence (senders give
- * both) and an absent one stores 0. With DayBound a time beyond a day
+ * both) and an absent one stores 0. With day_bound a time beyond a day
  * refuses the rule once its pair is stored. */
-template <bool Listed, bool DayBound>
-Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
+[[gnu::noinline]] Read read_periods(const Reading &r, const Field &f, blob_attr *attr, int rule, bool day_bound)
 {
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     const bx::ListOf &l = *r.list(f);
-    const size_t start = slot_of(l, "starttime");
-    const size_t end = slot_of(l, "endtime");
+    const size_t start = stored_slot(l, 0);
+    const size_t end = stored_slot(l, start + 1);
     auto *pairs = reinterpret_cast<FilterTimeRange *>(static_cast<char *>(r.record) + f.offset);
-    const int rule = position<Listed>(r);
     int i = 0;
     Read done = bx::kGoOn;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         blob_attr *tb[bx::kMaxEntryFields];
         bx::parse_span(l, tb, elem, r.msg_end);
         FilterTimeRange &pair = pairs[i];
@@ -136,7 +140,7 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
         trace_time(r.func, rule, "Starttime", i, pair.uiStartTime);
         pair.uiEndTime = bx::get_u32(tb[end]);
         trace_time(r.func, rule, "Endtime", i, pair.uiEndTime);
-        if (DayBound && (pair.uiStartTime > kSecondsPerDay || pair.uiEndTime > kSecondsPerDay)) {
+        if (day_bound && (pair.uiStartTime > kSecondsPerDay || pair.uiEndTime > kSecondsPerDay)) {
             BX_TRACE_AS(r.func, "err time\n");
             done = {true, -1};
             return false;
@@ -144,6 +148,13 @@ Read read_periods(const Reading &r, const Field &f, blob_attr *attr)
         return ++i < l.capacity;
     });
     return done;
+}
+
+/* read_periods in a set message or a list, with or without the day bound. */
+template <bool Listed, bool DayBound>
+Read read_periods_as(const Reading &r, const Field &f, blob_attr *attr)
+{
+    return read_periods(r, f, attr, position<Listed>(r), DayBound);
 }
 
 /* Quirk: a rule without days goes out without "weekday"... */
@@ -156,23 +167,16 @@ void send_weekday(const Field &f, const Link *links, const void *record, blob_bu
 }
 
 /* ... and without "timerange"; the periods end before the first one whose
- * end time is 0. */
-template <typename Rule>
+ * end time is 0. Both rules keep their days just before their periods. */
+static_assert(offsetof(FilterUrlRule, uiWeekday) + 4 == offsetof(FilterUrlRule, astTimeRange));
+static_assert(offsetof(FilterDnsRule, uiWeekday) + 4 == offsetof(FilterDnsRule, astTimeRange));
 void send_periods(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
-    const bx::ListOf &entries = *f.list(links);
-    const auto &rule = *static_cast<const Rule *>(record);
-    if (rule.uiWeekday == 0)
-        return;
-    void *array = blobmsg_open_array(buf, f.key());
-    for (const FilterTimeRange &pair : rule.astTimeRange) {
-        if (pair.uiEndTime == 0)
-            break;
-        void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &pair, buf, bx::kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
+    uint32_t weekday = 0;
+    std::memcpy(&weekday, static_cast<const char *>(record) + f.offset - sizeof weekday, sizeof weekday);
+    if (weekday != 0)
+        bx::walk::send_tables(f, links, record, buf, f.list(links)->capacity, offsetof(FilterTimeRange, uiEndTime),
+                              bx::walk::Zero::Ends);
 }
 
 /* The list's own line (if any) for an element past its rules. */
@@ -197,7 +201,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     auto *first = static_cast<uint8_t *>(r.record) + f.offset;
     int n = 0;
     Read done = bx::kGoOn;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         if (n >= l.capacity) {
             trace_past_bound(r.func, l.past_bound, n);
             return false;
@@ -212,23 +216,17 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     return done;
 }
 
-/* Quirk: a rule with index 0 is not sent, though "count" counts it. */
-template <typename List>
+/* Quirk: a rule with index 0 is not sent, though "count" counts it. Both
+ * lists start with their count and both rules with their index. */
+static_assert(offsetof(FilterUrlList, uiCount) == 0 && offsetof(FilterDnsList, uiCount) == 0);
+static_assert(offsetof(FilterUrlRule, uiIdx) == 0 && offsetof(FilterDnsRule, uiIdx) == 0);
 void send_rules(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
-    const bx::ListOf &entries = *f.list(links);
-    const auto &list = *static_cast<const List *>(record);
-    void *array = blobmsg_open_array(buf, f.key());
+    uint32_t count = 0;
+    std::memcpy(&count, record, sizeof count);
     /* A count above the record's rules is the caller's error: never read
      * past the record. */
-    for (uint32_t i = 0; i < bx::at_most(list.uiCount, FILTER_RULE_NUM); ++i) {
-        if (list.astRule[i].uiIdx == 0)
-            continue;
-        void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &list.astRule[i], buf, bx::kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
+    bx::walk::send_tables(f, links, record, buf, bx::at_most(count, f.list(links)->capacity), 0, bx::walk::Zero::Skipped);
 }
 
 constexpr Quirk kWeekday{nullptr, send_weekday, "not sent while 0"};
@@ -257,12 +255,12 @@ Read read_url_mode(const Reading &r, const Field &f, blob_attr *attr)
 }
 
 constexpr Quirk kUrlMode{read_url_mode, nullptr, "an unknown word refuses the message (-1) before it is stored"};
-constexpr Quirk kUrls{read_texts<kUrlsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kUrlMacs{read_texts<kMacsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kUrlTimes{read_periods<false, false>, send_periods<FilterUrlRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
-constexpr Quirk kListedUrls{read_texts<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kListedUrlMacs{read_texts<kMacsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kListedUrlTimes{read_periods<true, false>, send_periods<FilterUrlRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
+constexpr Quirk kUrls{read_texts_as<kUrlsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kUrlMacs{read_texts_as<kMacsLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kUrlTimes{read_periods_as<false, false>, send_periods, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
+constexpr Quirk kListedUrls{read_texts_as<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedUrlMacs{read_texts_as<kMacsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedUrlTimes{read_periods_as<true, false>, send_periods, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
 
 /* The set message (135): "enable" and "mode" required, any day mask taken. */
 constexpr bx::FieldDef kUrlRuleSource[] = {
@@ -297,7 +295,7 @@ BX_PACKED(kListedUrlRule);
 /* The list (134): "count" does not bound the walk; at most 32 rules. */
 constexpr bx::ListOf kUrlRules =
     BX_TABLES(FilterUrlList, astRule, kListedUrlRule, .spans = true, .past_bound = "NULL == cur idx = %d\n");
-constexpr Quirk kUrlRuleList{read_rules, send_rules<FilterUrlList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
+constexpr Quirk kUrlRuleList{read_rules, send_rules, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr bx::FieldDef kUrlListSource[] = {
     BX_KEY("idx", Wire::U32), URL_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List),
     BX_U32(FilterUrlList, uiCount, "count", "count: %u"),
@@ -339,11 +337,11 @@ Read read_dns_name(const Reading &r, const Field &f, blob_attr *attr)
 }
 
 constexpr Quirk kDnsName{read_dns_name, nullptr, "a name longer than 31 characters refuses the message (-1) only in a record the caller did not zero"};
-constexpr Quirk kHostnames{read_texts<kHostLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kDnsTimes{read_periods<false, true>, send_periods<FilterDnsRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); a time above 86400 refuses the message once its pair is stored; not sent while \"weekday\" is 0, sent up to the first end time 0"};
+constexpr Quirk kHostnames{read_texts_as<kHostLabel, false>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kDnsTimes{read_periods_as<false, true>, send_periods, "at most three periods, elements of any type, their times stored untested (absent: 0); a time above 86400 refuses the message once its pair is stored; not sent while \"weekday\" is 0, sent up to the first end time 0"};
 /* Quirk: in the list the host names are traced with the URL list's label. */
-constexpr Quirk kListedHostnames{read_texts<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
-constexpr Quirk kListedDnsTimes{read_periods<true, false>, send_periods<FilterDnsRule>, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
+constexpr Quirk kListedHostnames{read_texts_as<kUrlsLabel, true>, nullptr, "elements of any type read as texts, up to the array's capacity"};
+constexpr Quirk kListedDnsTimes{read_periods_as<true, false>, send_periods, "at most three periods, elements of any type, their times stored untested (absent: 0); not sent while \"weekday\" is 0, sent up to the first end time 0"};
 
 /* The set message (138): each range test runs after its value has been
  * stored, so a refused rule keeps what was read up to the bad value. */
@@ -383,7 +381,7 @@ BX_PACKED(kListedDnsRule);
 
 /* The list (137): as the URL list, without a word on stopping. */
 constexpr bx::ListOf kDnsRules = BX_TABLES(FilterDnsList, astRule, kListedDnsRule, .spans = true);
-constexpr Quirk kDnsRuleList{read_rules, send_rules<FilterDnsList>, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
+constexpr Quirk kDnsRuleList{read_rules, send_rules, "elements of any type read as rules, parsed over their whole span; \"count\" does not bound the walk; rules with index 0 are not sent"};
 constexpr bx::FieldDef kDnsListSource[] = {
     BX_KEY("idx", Wire::U32), DNS_RULE_KEYS, PERIOD_KEYS, BX_KEY("timerange", Wire::List),
     BX_U32(FilterDnsList, uiCount, "count", "count: %u"),

@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ Read read_protocols_to_first_zero(const Reading &r, const Field &, blob_attr *at
 {
     auto *rule = static_cast<QosClassRule *>(r.record);
     size_t slot = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         const uint32_t value = bx::get_u32(elem);
         if (slot > 0 && value == 0)
             return false;
@@ -81,7 +82,7 @@ Read read_every_protocol(const Reading &r, const Field &f, blob_attr *attr)
         return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
     int slot = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         if (slot >= QOS_CLASS_PROTOCOL_NUM) {
             BX_TRACE_AS(r.func, "Parse protocol failed\n");
             return false;
@@ -148,7 +149,7 @@ Read read_protocol_words(const Reading &r, const Field &f, blob_attr *attr)
     if (!JTS_CheckBlobAttr(f.key(), attr))
         return bx::kGoOn;
     auto *rule = static_cast<QosClassRule *>(r.record);
-    bx::for_each_elem(attr, [&](blob_attr *inner) {
+    bx::walk::each(attr, [&](blob_attr *inner) {
         rule->auiProtocol[0] = static_cast<uint32_t>(bx::get_word(f.word_list, inner));
         BX_TRACE_AS(r.func, "protocol:%u\n", rule->auiProtocol[1]);
         return true;
@@ -221,7 +222,7 @@ Read read_rules(const Reading &r, const Field &f, blob_attr *attr)
     const bx::ListOf &l = *r.list(f);
     auto *list = static_cast<QosClassRuleList *>(r.record);
     uint32_t stored = 0;
-    bx::for_each_elem(attr, [&](blob_attr *elem) {
+    bx::walk::each(attr, [&](blob_attr *elem) {
         BX_TRACE_AS(r.func, "-t- blobmsg_parse: -blobmsg_for_each_attr_1\n");
         if (stored >= bx::at_most(list->uiCount, l.capacity)) {
             BX_TRACE_AS(r.func, "blobmsg parse failed\n");

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "core/codec.h"
+#include "messages/walk.h"
 
 namespace {
 
@@ -233,17 +234,7 @@ BX_PACKED(kIptvVlan);
 /* Quirk: a VLAN slot whose id is 0 is unused and skipped; the next one is still sent. */
 void send_used_vlans(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
-    const bx::ListOf &entries = *f.list(links);
-    const auto *iptv = static_cast<const IptvConfig *>(record);
-    void *array = blobmsg_open_array(buf, f.key());
-    for (const IptvVlan &vlan : iptv->astVlan) {
-        if (vlan.uiVlanId == 0)
-            continue;
-        void *table = blobmsg_open_table(buf, nullptr);
-        bx::emit_fields(entries.entry(), entries.fields, entries.entry_links, &vlan, buf, bx::kNoMask);
-        blob_nest_end(buf, table);
-    }
-    blob_nest_end(buf, array);
+    bx::walk::send_tables(f, links, record, buf, IPTV_VLAN_NUM, offsetof(IptvVlan, uiVlanId), bx::walk::Zero::Skipped);
 }
 
 /* Quirk: a message without VLANs says so in a line of its own, not by the presence check. */

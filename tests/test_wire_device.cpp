@@ -17,7 +17,7 @@ namespace {
 const Case kDeviceInfo[] = {
     {MSG_RET, "espResult=i32:7",
      "esp ret:7\n"},
-    // quirk: kLanRates kWanRates
+    // quirk: kRates
     {MSG_HW_INFO, R"(vendor=s"V" model=s"M1" version=s"1.0" descriptionurl=s"http://d" cpumodel=s"c7" )"
      R"(flashsize=i32:16 ramsize=i32:128 lanportsmax=i32:3 wanportsmax=i32:1 systype=s"linux" sysversion=s"5.4" )"
      R"(description=s"router" cpumainfrequency=i32:1200 cpusupplier=s"cs" memoryprovider=s"mp" cpucores=i32:4 )"

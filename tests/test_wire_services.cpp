@@ -54,6 +54,11 @@ const Case kTimers[] = {
     {MSG_IPTV, "",
      "Illegal parameter: status\nNo Vlan Task\n",
      R"(status=s"disable" vlanlist=[])"},
+    // quirk: kVlans (a VLAN with id 0 is left out, the next one is still sent)
+    {MSG_IPTV, R"(status=s"enable" vlanlist=[{vlanid=i32:0 ethports=i32:1} {vlanid=i32:7 ethports=i32:4}])",
+     "status:1\nVlanid:0\nethPorts:1\nIllegal parameter: ports2p4g\nIllegal parameter: ports5g\nVlanid:7\nethPorts:4\n"
+     "Illegal parameter: ports2p4g\nIllegal parameter: ports5g\n",
+     R"(status=s"enable" vlanlist=[{vlanid=i32:7 ethports=i32:4 ports2p4g=i32:0 ports5g=i32:0}])"},
 };
 
 // QoS classification.
@@ -109,11 +114,11 @@ const Case kFilters[] = {
     // quirk: kUrlTimes kUrlMacs kUrls
     {MSG_FILTER_URL, R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org/xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"] name=s"kids" )"
      R"(macs=[s"aa:bb"] mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} )"
-     "{starttime=i32:0 endtime=i32:86400} {starttime=i32:5 endtime=i32:0}]",
+     "{starttime=i32:5 endtime=i32:0} {starttime=i32:0 endtime=i32:86400}]",
      "Idx:3\nEnable:1\nUrls0:a.com\nUrls1:b.org/xxxxxxxxxxxxxxxxxxxxxxxxx\nName:kids\nMacs0:aa:bb\nMode:1\nWeekday:31\nStarttime0:3600\n"
-     "Endtime0:7200\nStarttime1:0\nEndtime1:86400\nStarttime2:5\nEndtime2:0\n",
+     "Endtime0:7200\nStarttime1:5\nEndtime1:0\nStarttime2:0\nEndtime2:86400\n",
      R"(idx=i32:3 enable=s"enable" urls=[s"a.com" s"b.org/xxxxxxxxxxxxxxxxxxxxxxxxx"] name=s"kids" macs=[s"aa:bb"] )"
-     R"(mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200} {starttime=i32:0 endtime=i32:86400}])"},
+     R"(mode=s"White" weekday=i32:31 timerange=[{starttime=i32:3600 endtime=i32:7200}])"},
     {MSG_FILTER_URL_REPLY, "idx=i32:-2",
      "Idx:-2\n"},
     // quirk: kDnsRuleList kListedDnsTimes kListedHostnames
