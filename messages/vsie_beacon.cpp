@@ -23,15 +23,6 @@ BX_PACKED(kInfoFields);
 
 /* ---- Beacon entries (types 141 to 144) -------------------------------------- */
 
-/* Stores the numbers of an "iedata" array, one per slot, until the entry
- * holds uiLen of them. uiLen comes from the sender: the slots end the walk
- * as well, since the numbers past them would land outside the entry. */
-template <typename Stored>
-void store_iedata(VsieBeaconTxEntry &entry, blob_attr *iedata, Stored stored)
-{
-    bx::vsie::store_numbers(entry.auiIeData, at_most(entry.uiLen, VSIE_IEDATA_MAX), iedata, stored);
-}
-
 /* The element bytes, one per 32-bit slot, as many as uiLen says (the
  * "len" just stored, or the caller's); an element of any type is read as a
  * number. */
@@ -94,29 +85,28 @@ constexpr blobmsg_policy kListPolicy[BTX_MAX] = {
     /* BTX_COUNT */       {"count", BLOBMSG_TYPE_INT32},
 };
 
-/* The scalar members of list entry n, each traced with n. */
-void read_list_scalars(const char *func, blob_attr *const (&el)[BTX_MAX], VsieBeaconTxEntry &entry, uint32_t n)
+/* The scalar members of a list entry, each traced with the entry's place. */
+void read_list_scalars(const bx::vsie::Slots &s, VsieBeaconTxEntry &entry)
 {
-    const auto &policy = kListPolicy;
-    if (bx::present(policy, el, BTX_IDX)) {
-        entry.uiIdx = bx::get_u32(el[BTX_IDX]);
-        BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-    }
-    if (bx::present(policy, el, BTX_SERVICENAME)) {
-        bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[BTX_SERVICENAME]);
-        BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
-    }
-    if (bx::present(policy, el, BTX_SSIDIDX)) {
-        entry.uiSsidIdx = bx::get_u32(el[BTX_SSIDIDX]);
-        BX_TRACE_AS(func, "Ssididx%u:%u\n", n, entry.uiSsidIdx);
-    }
-    if (bx::present(policy, el, BTX_DURATION)) {
-        entry.uiDuration = bx::get_u32(el[BTX_DURATION]);
-        BX_TRACE_AS(func, "Duration%u:%u\n", n, entry.uiDuration);
-    }
-    if (bx::present(policy, el, BTX_LEN)) {
-        entry.uiLen = bx::get_u32(el[BTX_LEN]);
-        BX_TRACE_AS(func, "Len%u:%u\n", n, entry.uiLen);
+    bx::vsie::number_at(s, BTX_IDX, entry.uiIdx, "Idx");
+    bx::vsie::text_at(s, BTX_SERVICENAME, entry.szServiceName, "Servicename");
+    bx::vsie::number_at(s, BTX_SSIDIDX, entry.uiSsidIdx, "Ssididx");
+    bx::vsie::number_at(s, BTX_DURATION, entry.uiDuration, "Duration");
+    bx::vsie::number_at(s, BTX_LEN, entry.uiLen, "Len");
+}
+
+/* Stores the numbers of an "iedata" array, one per slot, until the entry
+ * holds uiLen of them (elements of any type read as numbers). uiLen comes
+ * from the sender: the slots end the walk as well, since the numbers past
+ * them would land outside the entry. */
+void read_iedata(const char *func, blob_attr *iedata, VsieBeaconTxEntry &entry, uint32_t n)
+{
+    const uint32_t limit = at_most(entry.uiLen, VSIE_IEDATA_MAX);
+    bx::vsie::Elems elems(iedata);
+    blob_attr *cur;
+    for (uint32_t k = 0; k < limit && (cur = elems.next()) != nullptr; ++k) {
+        entry.auiIeData[k] = bx::get_u32(cur);
+        BX_TRACE_AS(func, "Iedata%u:%c\n", n, static_cast<int>(entry.auiIeData[k]));
     }
 }
 
@@ -157,7 +147,6 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Beacontx_List));
     auto *rec = static_cast<VsieBeaconTxList *>(pvRecord);
-    const char *func = __func__;
     blob_attr *tb[BTX_MAX];
     bx::parse(policy, tb, pstMsg);
     /* Without "count" the caller's uiCount bounds the list. */
@@ -168,34 +157,31 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     if (!bx::present(policy, tb, BTX_LIST))
         return 0;
     uint32_t n = 0;
-    bx::for_each_elem(tb[BTX_LIST], [&](blob_attr *cur) {
+    bx::vsie::Elems elems(tb[BTX_LIST]);
+    for (blob_attr *cur; (cur = elems.next()) != nullptr;) {
         /* Elements beyond the count are skipped one by one, each traced,
          * and the walk goes on. The count comes from the sender: the
          * record's entries bound it too. */
         if (n >= rec->uiCount || n >= VSIE_BEACONTX_LIST_MAX) {
-            BX_TRACE_AS(func, "NULL == cur\n\n");
-            return true;
+            BX_TRACE("NULL == cur\n\n");
+            continue;
         }
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-        read_list_scalars(func, el, entry, n);
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+        read_list_scalars(bx::vsie::Slots{__func__, policy, el, n, true}, entry);
         /* Quirk: the test is of the whole message's "iedata", not the
          * element's. Without one the walk ends here with this entry's
          * scalars stored and n not advanced; senders that want the list
          * read put an "iedata" array (of any content) at the top level. */
         if (!bx::present(policy, tb, BTX_IEDATA)) {
-            BX_TRACE_AS(func, "No IEDATA\n");
-            return false;
+            BX_TRACE("No IEDATA\n");
+            break;
         }
-        if (bx::present(policy, el, BTX_IEDATA)) {
-            store_iedata(entry, el[BTX_IEDATA], [func, n](size_t, uint32_t value) {
-                BX_TRACE_AS(func, "Iedata%u:%c\n", n, static_cast<int>(value));
-            });
-        }
+        if (bx::present(policy, el, BTX_IEDATA))
+            read_iedata(__func__, el[BTX_IEDATA], entry, n);
         ++n;
-        return true;
-    });
+    }
     return 0;
 }
 

@@ -19,24 +19,50 @@ inline constexpr bx::FieldDef kIndexFieldsSource[] = {
 };
 inline constexpr const auto &kIndexFields = ::bx::kPacked<kIndexFieldsSource>;
 
-/* Stores the numbers of an array attribute in dst[0], dst[1], ..., at most
- * `limit` of them (a byte array keeps each number's low byte), and calls
- * stored(k, dst[k]) after each. An element of any type is read as a number:
- * the daemons never look at an element's type. Returns how many were
- * stored. */
-template <typename T, typename Stored>
-inline size_t store_numbers(T *dst, size_t limit, blob_attr *array, Stored stored)
+/* The elements of an ARRAY or TABLE attribute one at a time, exactly as
+ * for_each_elem hands them to its function (a malformed one skipped, the
+ * walk over at one that does not fit): out of line, so that each walk of
+ * these converters is a call rather than a copy of the loop. */
+class Elems {
+public:
+    explicit Elems(blob_attr *list);
+    /* The next element; nullptr once the walk is over, and ever after. */
+    blob_attr *next();
+
+private:
+    blob_attr *cur_;
+    size_t rem_;
+    bool started_ = false;
+};
+
+/* The slots of one message or list element as the hand-written readers
+ * see them: whose name the traces carry, the converter's own policy (its
+ * keys name a missing slot) and, for an entry of a list, its place, which
+ * its traces carry right after the member's label ("Idx0:7"). */
+struct Slots {
+    const char *func;
+    const blobmsg_policy *policy;
+    blob_attr *const *tb;
+    uint32_t n;
+    bool indexed;
+};
+
+/* JTS_CheckBlobAttr for slot `slot`, with the policy's key. */
+inline bool present(const Slots &s, size_t slot) { return JTS_CheckBlobAttr(s.policy[slot].name, s.tb[slot]) != 0; }
+
+/* Each reads slot `slot` when it is there (JTS_CheckBlobAttr with the
+ * policy's key), stores it and traces "<label>[n]:<value>"; false when
+ * the slot is missing. */
+bool number_at(const Slots &s, size_t slot, uint32_t &dst, const char *label);
+/* The band word of `word`, which need not be the slot tested. */
+bool band_at(const Slots &s, size_t slot, blob_attr *word, uint32_t &dst, const char *label);
+/* At most `bound` characters of the text (see copy_text); the trace shows
+ * the whole array of `size` bytes, terminated or not. */
+bool text_at(const Slots &s, size_t slot, char *dst, size_t bound, size_t size, const char *label);
+template <size_t N>
+inline bool text_at(const Slots &s, size_t slot, char (&dst)[N], const char *label)
 {
-    size_t k = 0;
-    for_each_elem(array, [&](blob_attr *cur) {
-        if (k >= limit)
-            return false;
-        dst[k] = static_cast<T>(get_u32(cur));
-        stored(k, dst[k]);
-        ++k;
-        return true;
-    });
-    return k;
+    return text_at(s, slot, dst, N - 1, N, label);
 }
 
 /* A list as a hand-written converter reads it: no more than `read`

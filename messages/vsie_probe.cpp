@@ -67,13 +67,19 @@ constexpr blobmsg_policy kVsieProberespPolicy[PRESP_MAX] = {
 
 /* ---- Probe-receive entries (types 145, 147 to 149) ---------------------------- */
 
-/* Quirk (145): each OUI byte is traced with its place. */
+/* Quirk (145): each OUI byte is traced with its place; elements of any
+ * type are read as numbers. */
 bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
 {
-    if (bx::vsie::found(r, f, attr)) {
-        bx::vsie::store_numbers(static_cast<uint8_t *>(r.record) + f.offset, r.list(f)->capacity, attr, [&r](size_t k, uint8_t byte) {
-            BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), byte);
-        });
+    if (!bx::vsie::found(r, f, attr))
+        return bx::kGoOn;
+    auto *oui = static_cast<uint8_t *>(r.record) + f.offset;
+    const size_t limit = r.list(f)->capacity;
+    bx::vsie::Elems elems(attr);
+    blob_attr *cur;
+    for (size_t k = 0; k < limit && (cur = elems.next()) != nullptr; ++k) {
+        oui[k] = low_byte(cur);
+        BX_TRACE_AS(r.func, "OUI[%d]:%d\n", static_cast<int>(k), oui[k]);
     }
     return bx::kGoOn;
 }
@@ -128,11 +134,10 @@ BX_PACKED(kFlush);
 void send_oui_and_payload(const Field &f, const Link *links, const void *record, blob_buf *buf)
 {
     const auto &rec = *static_cast<const VsieProbeRxRecord *>(record);
+    constexpr size_t oui = sizeof rec.aucOui;
     void *vsie = blobmsg_open_array(buf, f.key());
-    for (uint8_t byte : rec.aucOui)
-        blobmsg_add_u32(buf, nullptr, byte);
-    for (size_t k = 0; k < at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
-        blobmsg_add_u32(buf, nullptr, rec.aucVsie[k]);
+    for (size_t k = 0; k < oui + at_most(rec.uiVsieLen, VSIE_PAYLOAD_MAX); ++k)
+        blobmsg_add_u32(buf, nullptr, k < oui ? rec.aucOui[k] : rec.aucVsie[k - oui]);
     blob_nest_end(buf, vsie);
 }
 constexpr bx::Quirk kOuiAndPayload{nullptr, send_oui_and_payload, "sent as the three OUI bytes followed by uiVsieLen payload bytes"};
@@ -219,52 +224,43 @@ void read_probe_record(const char *func, blob_attr *item, const char *msg_end, b
     blob_attr *rt[PRX_MAX];
     bx::parse_span(policy, rt, item, msg_end);
     BX_TRACE_AS(func, "blobmsg_parse111\n\n");
-    if (bx::present(policy, rt, PRX_MAC)) {
-        bx::copy_text(record.szMac, sizeof record.szMac - 1, rt[PRX_MAC]);
-        BX_TRACE_AS(func, "Mac:%s\n", bx::shown(record.szMac).text);
-    }
-    if (bx::present(policy, rt, PRX_BAND)) {
-        record.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, entry_band));
-        BX_TRACE_AS(func, "Band:%u\n", record.uiBand);
-    }
+    const bx::vsie::Slots s{func, policy, rt, 0, false};
+    bx::vsie::text_at(s, PRX_MAC, record.szMac, "Mac");
+    bx::vsie::band_at(s, PRX_BAND, entry_band, record.uiBand, "Band");
     BX_TRACE_AS(func, "blobmsg_parse222\n\n");
     BX_TRACE_AS(func, "blobmsg_for_each_attr444\n\n");
-    record.uiVsieLen = static_cast<uint32_t>(bx::vsie::store_numbers(
-        record.aucVsie, sizeof record.aucVsie, rt[PRX_VSIE], [func](size_t k, uint8_t byte) {
-            BX_TRACE_AS(func, "uiVsiedata:%d\n", static_cast<int>(k));
-            BX_TRACE_AS(func, "VSIE:%d\n", byte);
-        }));
+    /* Elements of any type are read as numbers. */
+    bx::vsie::Elems elems(rt[PRX_VSIE]);
+    blob_attr *cur;
+    uint32_t k = 0;
+    for (; k < sizeof record.aucVsie && (cur = elems.next()) != nullptr; ++k) {
+        record.aucVsie[k] = low_byte(cur);
+        BX_TRACE_AS(func, "uiVsiedata:%d\n", static_cast<int>(k));
+        BX_TRACE_AS(func, "VSIE:%d\n", record.aucVsie[k]);
+    }
+    record.uiVsieLen = k;
 }
 
-/* The scalar members and the OUI bytes of entry n. Quirk: one counter
+/* The scalar members and the OUI bytes of an entry. Quirk: one counter
  * (`shared`) indexes both the OUI bytes and the records, and is not reset
  * between entries, so an entry's OUI bytes start at the previous entry's
  * record count (and are dropped from 3 on). */
-void read_probe_head(const char *func, blob_attr *const (&el)[PRX_MAX], VsieProbeRxEntry &entry, uint32_t n, uint32_t &shared)
+void read_probe_head(const bx::vsie::Slots &s, VsieProbeRxEntry &entry, uint32_t &shared)
 {
-    const auto &policy = kVsieProberxPolicy;
-    if (bx::present(policy, el, PRX_IDX)) {
-        entry.uiIdx = bx::get_u32(el[PRX_IDX]);
-        BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-    }
-    if (bx::present(policy, el, PRX_SERVICENAME)) {
-        bx::copy_text(entry.szServiceName, sizeof entry.szServiceName - 1, el[PRX_SERVICENAME]);
-        BX_TRACE_AS(func, "Servicename%u:%s\n", n, bx::shown(entry.szServiceName).text);
-    }
-    if (bx::present(policy, el, PRX_BAND)) {
-        entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
-        BX_TRACE_AS(func, "Band%u:%u\n", n, entry.uiBand);
-    }
-    BX_TRACE_AS(func, "blobmsg_parse4\n\n");
-    if (!bx::present(policy, el, PRX_OUI)) {
-        BX_TRACE_AS(func, "No OUI\n");
+    bx::vsie::number_at(s, PRX_IDX, entry.uiIdx, "Idx");
+    bx::vsie::text_at(s, PRX_SERVICENAME, entry.szServiceName, "Servicename");
+    bx::vsie::band_at(s, PRX_BAND, s.tb[PRX_BAND], entry.uiBand, "Band");
+    BX_TRACE_AS(s.func, "blobmsg_parse4\n\n");
+    if (!bx::vsie::present(s, PRX_OUI)) {
+        BX_TRACE_AS(s.func, "No OUI\n");
         return;
     }
-    BX_TRACE_AS(func, "blobmsg_for_each_attr2\n\n");
-    if (shared < sizeof entry.aucOui) {
-        shared += static_cast<uint32_t>(bx::vsie::store_numbers(
-            entry.aucOui + shared, sizeof entry.aucOui - shared, el[PRX_OUI],
-            [func, n](size_t, uint8_t byte) { BX_TRACE_AS(func, "Iedata%u:%d\n", n, byte); }));
+    BX_TRACE_AS(s.func, "blobmsg_for_each_attr2\n\n");
+    bx::vsie::Elems elems(s.tb[PRX_OUI]);
+    blob_attr *cur;
+    while (shared < sizeof entry.aucOui && (cur = elems.next()) != nullptr) {
+        entry.aucOui[shared] = low_byte(cur);
+        BX_TRACE_AS(s.func, "Iedata%u:%d\n", s.n, entry.aucOui[shared++]);
     }
 }
 
@@ -277,25 +273,41 @@ void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, Vsi
     blob_attr *el[PRX_MAX];
     bx::parse_span(policy, el, cur, msg_end);
     BX_TRACE_AS(func, "blobmsg_parse3\n\n");
-    read_probe_head(func, el, entry, n, shared);
+    read_probe_head(bx::vsie::Slots{func, policy, el, n, true}, entry, shared);
+    shared = 0;
     if (!bx::present(policy, el, PRX_RECORD)) {
         BX_TRACE_AS(func, "JTS_CheckBlobAttr break\n");
         entry.uiRecordCount = 0;
-        shared = 0;
         return;
     }
     BX_TRACE_AS(func, "JTS_CheckBlobAttr\n");
-    shared = 0;
-    bx::for_each_elem(el[PRX_RECORD], [&](blob_attr *item) {
-        /* Senders send at most eight records; more would be written past
-         * the entry. */
-        if (shared >= VSIE_PROBERX_RECORD_MAX)
-            return false;
+    /* Senders send at most eight records; more would be written past the
+     * entry. */
+    bx::vsie::Elems items(el[PRX_RECORD]);
+    blob_attr *item;
+    while (shared < VSIE_PROBERX_RECORD_MAX && (item = items.next()) != nullptr)
         read_probe_record(func, item, msg_end, el[PRX_BAND], entry.astRecord[shared++]);
-        return true;
-    });
     BX_TRACE_AS(func, "JTS_CheckBlobAttr end\n\n");
     entry.uiRecordCount = shared;
+}
+
+/* Entry n of the response list. */
+void read_response_entry(const bx::vsie::Slots &s, VsieProbeRespEntry &entry)
+{
+    bx::vsie::number_at(s, PRESP_IDX, entry.uiIdx, "Idx");
+    bx::vsie::text_at(s, PRESP_MAC, entry.szMac, "Mac");
+    bx::vsie::band_at(s, PRESP_BAND, s.tb[PRESP_BAND], entry.uiBand, "Band");
+    if (!bx::vsie::present(s, PRESP_IEDATA))
+        return;
+    /* Elements of any type are read as numbers. */
+    bx::vsie::Elems elems(s.tb[PRESP_IEDATA]);
+    blob_attr *cur;
+    uint32_t k = 0;
+    for (; k < sizeof entry.aucIedata && (cur = elems.next()) != nullptr; ++k) {
+        entry.aucIedata[k] = low_byte(cur);
+        BX_TRACE_AS(s.func, "Iedata%u:%c\n", s.n, entry.aucIedata[k]);
+    }
+    entry.uiIedataLen = k;
 }
 
 } // namespace
@@ -313,7 +325,6 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberx_List));
     auto *rec = static_cast<VsieProbeRxList *>(pvRecord);
-    const char *func = __func__;
     blob_attr *tb[PRX_MAX];
     bx::parse(policy, tb, pstMsg);
     BX_TRACE("blobmsg_parse1\n\n");
@@ -329,15 +340,14 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
      * the three-entry limit ends the walk. The elements it then steps to
      * are still the list's own up to the list's end; past the end it would
      * read outside the list, so the walk keeps to the list's real bounds. */
-    bx::for_each_elem(tb[PRX_LIST], [&](blob_attr *cur) {
+    bx::vsie::Elems elems(tb[PRX_LIST]);
+    for (blob_attr *cur; (cur = elems.next()) != nullptr; ++n) {
         if (n >= kProbeListEntries) {
-            BX_TRACE_AS(func, "NULL == cur\n\n");
-            return false;
+            BX_TRACE("NULL == cur\n\n");
+            break;
         }
-        read_probe_entry(func, cur, bx::end_of(pstMsg), rec->astEntry[n], n, shared);
-        ++n;
-        return true;
-    });
+        read_probe_entry(__func__, cur, bx::end_of(pstMsg), rec->astEntry[n], n, shared);
+    }
     /* The count is the entries read, whatever the caller had there. */
     rec->uiCount = n;
     return 0;
@@ -362,48 +372,42 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberx_Record_Add));
     auto *rec = static_cast<VsieProbeRxRecord *>(pvRecord);
-    const char *func = __func__;
     blob_attr *tb[PRX_MAX];
     bx::parse(policy, tb, pstMsg);
     if (!bx::present(policy, tb, PRX_RECORD)) {
         BX_TRACE("JTS_CheckBlobAttr failed\n");
         return 0;
     }
-    /* Set once for the whole walk: the first three numbers of "vsie" are
-     * the OUI, the rest payload, counted across elements. */
+    /* Only the first element is read. The element walk would step on from
+     * where the element's "vsie" walk ended, with that walk's remaining
+     * length less a whole attribute (below zero), or from no position at
+     * all when the element has no "vsie": the next step would read outside
+     * the element, so the walk ends after the first element. Senders send
+     * exactly one. */
+    bx::vsie::Elems elems(tb[PRX_RECORD]);
+    blob_attr *cur = elems.next();
+    if (cur == nullptr)
+        return 0;
+    blob_attr *el[PRX_MAX];
+    bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+    const bx::vsie::Slots s{__func__, policy, el, 0, false};
+    /* The whole array: a 17-character MAC and its terminator. */
+    bx::vsie::text_at(s, PRX_MAC, rec->szMac, sizeof rec->szMac, sizeof rec->szMac, "Mac");
+    bx::vsie::band_at(s, PRX_BAND, el[PRX_BAND], rec->uiBand, "Band");
+    /* The first three numbers of "vsie" are the OUI, the rest payload. */
     uint32_t count_oui = 0;
     uint32_t count = 0;
-    /* Every element is written into the same record. The element walk
-     * steps on from where the element's "vsie" walk ended, with that walk's
-     * remaining length less a whole attribute (below zero), or from no
-     * position at all when the element has no "vsie": the next step would
-     * read outside the element, so the walk ends after the first element.
-     * Senders send exactly one. */
-    bx::for_each_elem(tb[PRX_RECORD], [&](blob_attr *cur) {
-        blob_attr *el[PRX_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-        if (bx::present(policy, el, PRX_MAC)) {
-            /* The whole array: a 17-character MAC and its terminator. */
-            bx::copy_text(rec->szMac, sizeof rec->szMac, el[PRX_MAC]);
-            BX_TRACE_AS(func, "Mac:%s\n", bx::shown(rec->szMac).text);
-        }
-        if (bx::present(policy, el, PRX_BAND)) {
-            rec->uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRX_BAND]));
-            BX_TRACE_AS(func, "Band:%u\n", rec->uiBand);
-        }
-        bx::for_each_elem(el[PRX_VSIE], [&](blob_attr *byte) {
-            if (count_oui < sizeof rec->aucOui)
-                rec->aucOui[count_oui++] = low_byte(byte);
-            else
-                rec->aucVsie[count++] = low_byte(byte);
-            return count < sizeof rec->aucVsie;
-        });
-        /* Quirk: the length counts the OUI bytes too, although the sending
-         * side puts the OUI before uiVsieLen payload bytes. */
-        rec->uiVsieLen = count_oui + count;
-        BX_TRACE_AS(func, "count:%u,count_oui:%u\n", count, count_oui);
-        return false;
-    });
+    bx::vsie::Elems bytes(el[PRX_VSIE]);
+    for (blob_attr *byte; count < sizeof rec->aucVsie && (byte = bytes.next()) != nullptr;) {
+        if (count_oui < sizeof rec->aucOui)
+            rec->aucOui[count_oui++] = low_byte(byte);
+        else
+            rec->aucVsie[count++] = low_byte(byte);
+    }
+    /* Quirk: the length counts the OUI bytes too, although the sending
+     * side puts the OUI before uiVsieLen payload bytes. */
+    rec->uiVsieLen = count_oui + count;
+    BX_TRACE("count:%u,count_oui:%u\n", count, count_oui);
     return 0;
 }
 
@@ -430,7 +434,6 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
     if (pstMsg == nullptr || pvRecord == nullptr)
         return bx::refuse_null(pvRecord, BX_DESCRIPTION(JTS_Vsie_Proberesp_List));
     auto *rec = static_cast<VsieProbeRespList *>(pvRecord);
-    const char *func = __func__;
     blob_attr *tb[PRESP_MAX];
     bx::parse(policy, tb, pstMsg);
     if (!bx::present(policy, tb, PRESP_LIST)) {
@@ -438,35 +441,16 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     }
     uint32_t n = 0;
-    bx::for_each_elem(tb[PRESP_LIST], [&](blob_attr *cur) {
+    bx::vsie::Elems elems(tb[PRESP_LIST]);
+    for (blob_attr *cur; (cur = elems.next()) != nullptr; ++n) {
         if (n >= kProbeListEntries) {
-            BX_TRACE_AS(func, "NULL == cur\n\n");
-            return false;
+            BX_TRACE("NULL == cur\n\n");
+            break;
         }
-        VsieProbeRespEntry &entry = rec->astEntry[n];
         blob_attr *el[PRESP_MAX];
-        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));  // NOLINT(clang-analyzer-core.CallAndMessage): the analyzer loses the lambda's captured reference
-        if (bx::present(policy, el, PRESP_IDX)) {
-            entry.uiIdx = bx::get_u32(el[PRESP_IDX]);
-            BX_TRACE_AS(func, "Idx%u:%u\n", n, entry.uiIdx);
-        }
-        if (bx::present(policy, el, PRESP_MAC)) {
-            bx::copy_text(entry.szMac, sizeof entry.szMac - 1, el[PRESP_MAC]);
-            BX_TRACE_AS(func, "Mac%u:%s\n", n, bx::shown(entry.szMac).text);
-        }
-        if (bx::present(policy, el, PRESP_BAND)) {
-            entry.uiBand = static_cast<uint32_t>(bx::get_word(EnumBand, el[PRESP_BAND]));
-            BX_TRACE_AS(func, "Band%u:%u\n", n, entry.uiBand);
-        }
-        if (bx::present(policy, el, PRESP_IEDATA)) {
-            entry.uiIedataLen = static_cast<uint32_t>(bx::vsie::store_numbers(
-                entry.aucIedata, sizeof entry.aucIedata, el[PRESP_IEDATA], [func, n](size_t, uint8_t byte) {
-                    BX_TRACE_AS(func, "Iedata%u:%c\n", n, byte);
-                }));
-        }
-        ++n;
-        return true;
-    });
+        bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
+        read_response_entry(bx::vsie::Slots{__func__, policy, el, n, true}, rec->astEntry[n]);
+    }
     rec->uiCount = n;
     return 0;
 }
