@@ -169,7 +169,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
         VsieBeaconTxEntry &entry = rec->astEntry[n];
         blob_attr *el[BTX_MAX];
         bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
-        read_list_scalars(bx::vsie::Slots{__func__, policy, el, n, true}, entry);
+        read_list_scalars(bx::vsie::entry_slots(__func__, policy, el, n), entry);
         /* Quirk: the test is of the whole message's "iedata", not the
          * element's. Without one the walk ends here with this entry's
          * scalars stored and n not advanced; senders that want the list

@@ -25,14 +25,14 @@ inline constexpr const auto &kIndexFields = ::bx::kPacked<kIndexFieldsSource>;
  * these converters is a call rather than a copy of the loop. */
 class Elems {
 public:
-    explicit Elems(blob_attr *list);
+    explicit Elems(blob_attr *list) : list_(list) {}
     /* The next element; nullptr once the walk is over, and ever after. */
     blob_attr *next();
 
 private:
-    blob_attr *cur_;
-    size_t rem_;
-    bool started_ = false;
+    blob_attr *list_;          /* the list, until the first step */
+    blob_attr *cur_ = nullptr; /* the element last handed out; nullptr once over */
+    size_t rem_ = 0;           /* the list's bytes from cur_ on */
 };
 
 /* The slots of one message or list element as the hand-written readers
@@ -43,9 +43,18 @@ struct Slots {
     const char *func;
     const blobmsg_policy *policy;
     blob_attr *const *tb;
-    uint32_t n;
-    bool indexed;
+    uint32_t n;  /* the entry's place; 0 for a message's own members */
+    int digits;  /* the least digits n is traced with: 1, or 0 to trace no n at all (a zero
+                  * printed with no digit) */
 };
+inline Slots entry_slots(const char *func, const blobmsg_policy *policy, blob_attr *const *tb, uint32_t n)
+{
+    return Slots{func, policy, tb, n, 1};
+}
+inline Slots own_slots(const char *func, const blobmsg_policy *policy, blob_attr *const *tb)
+{
+    return Slots{func, policy, tb, 0, 0};
+}
 
 /* JTS_CheckBlobAttr for slot `slot`, with the policy's key. */
 inline bool present(const Slots &s, size_t slot) { return JTS_CheckBlobAttr(s.policy[slot].name, s.tb[slot]) != 0; }

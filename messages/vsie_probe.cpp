@@ -224,7 +224,7 @@ void read_probe_record(const char *func, blob_attr *item, const char *msg_end, b
     blob_attr *rt[PRX_MAX];
     bx::parse_span(policy, rt, item, msg_end);
     BX_TRACE_AS(func, "blobmsg_parse111\n\n");
-    const bx::vsie::Slots s{func, policy, rt, 0, false};
+    const bx::vsie::Slots s = bx::vsie::own_slots(func, policy, rt);
     bx::vsie::text_at(s, PRX_MAC, record.szMac, "Mac");
     bx::vsie::band_at(s, PRX_BAND, entry_band, record.uiBand, "Band");
     BX_TRACE_AS(func, "blobmsg_parse222\n\n");
@@ -273,7 +273,7 @@ void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, Vsi
     blob_attr *el[PRX_MAX];
     bx::parse_span(policy, el, cur, msg_end);
     BX_TRACE_AS(func, "blobmsg_parse3\n\n");
-    read_probe_head(bx::vsie::Slots{func, policy, el, n, true}, entry, shared);
+    read_probe_head(bx::vsie::entry_slots(func, policy, el, n), entry, shared);
     shared = 0;
     if (!bx::present(policy, el, PRX_RECORD)) {
         BX_TRACE_AS(func, "JTS_CheckBlobAttr break\n");
@@ -390,7 +390,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     blob_attr *el[PRX_MAX];
     bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
-    const bx::vsie::Slots s{__func__, policy, el, 0, false};
+    const bx::vsie::Slots s = bx::vsie::own_slots(__func__, policy, el);
     /* The whole array: a 17-character MAC and its terminator. */
     bx::vsie::text_at(s, PRX_MAC, rec->szMac, sizeof rec->szMac, sizeof rec->szMac, "Mac");
     bx::vsie::band_at(s, PRX_BAND, el[PRX_BAND], rec->uiBand, "Band");
@@ -449,7 +449,7 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
         }
         blob_attr *el[PRESP_MAX];
         bx::parse_span(policy, el, cur, bx::end_of(pstMsg));
-        read_response_entry(bx::vsie::Slots{__func__, policy, el, n, true}, rec->astEntry[n]);
+        read_response_entry(bx::vsie::entry_slots(__func__, policy, el, n), rec->astEntry[n]);
     }
     rec->uiCount = n;
     return 0;
