@@ -31,20 +31,11 @@ blob_attr *Elems::next()
     return nullptr;
 }
 
-bool number_at(const Slots &s, size_t slot, uint32_t &dst, const char *label)
+bool number_at(const Slots &s, size_t slot, blob_attr *value, bool band, uint32_t &dst, const char *label)
 {
     if (!present(s, slot))
         return false;
-    dst = get_u32(s.tb[slot]);
-    BX_TRACE_AS(s.func, "%s%.*u:%u\n", label, s.digits, s.n, dst);
-    return true;
-}
-
-bool band_at(const Slots &s, size_t slot, blob_attr *word, uint32_t &dst, const char *label)
-{
-    if (!present(s, slot))
-        return false;
-    dst = static_cast<uint32_t>(get_word(EnumBand, word));
+    dst = band ? static_cast<uint32_t>(get_word(EnumBand, value)) : get_u32(value);
     BX_TRACE_AS(s.func, "%s%.*u:%u\n", label, s.digits, s.n, dst);
     return true;
 }

@@ -62,9 +62,18 @@ inline bool present(const Slots &s, size_t slot) { return JTS_CheckBlobAttr(s.po
 /* Each reads slot `slot` when it is there (JTS_CheckBlobAttr with the
  * policy's key), stores it and traces "<label>[n]:<value>"; false when
  * the slot is missing. */
-bool number_at(const Slots &s, size_t slot, uint32_t &dst, const char *label);
-/* The band word of `word`, which need not be the slot tested. */
-bool band_at(const Slots &s, size_t slot, blob_attr *word, uint32_t &dst, const char *label);
+/* The number of `value`, or with `band` the number of its EnumBand word;
+ * `value` need not be the slot tested. */
+bool number_at(const Slots &s, size_t slot, blob_attr *value, bool band, uint32_t &dst, const char *label);
+inline bool number_at(const Slots &s, size_t slot, uint32_t &dst, const char *label)
+{
+    return number_at(s, slot, s.tb[slot], false, dst, label);
+}
+/* The number of the band word `word`, which need not be the slot tested. */
+inline bool band_at(const Slots &s, size_t slot, blob_attr *word, uint32_t &dst, const char *label)
+{
+    return number_at(s, slot, word, true, dst, label);
+}
 /* At most `bound` characters of the text (see copy_text); the trace shows
  * the whole array of `size` bytes, terminated or not. */
 bool text_at(const Slots &s, size_t slot, char *dst, size_t bound, size_t size, const char *label);
