@@ -123,6 +123,33 @@ bool name_header_inside(const blob_attr *elem)
     return static_cast<size_t>(blobmsg_hdrlen(namelen)) <= len;
 }
 
+/* The steps and tests of blobmsg_for_each_attr, then the name header and
+ * the value checked. */
+blob_attr *Elems::next()
+{
+    bool first = list_ != nullptr;
+    if (first) {
+        cur_ = static_cast<blob_attr *>(blobmsg_data(list_));
+        rem_ = blobmsg_data_len(list_);
+        list_ = nullptr;
+    }
+    while (cur_ != nullptr) {
+        if (!first) {
+            rem_ -= blob_pad_len(cur_);
+            cur_ = blob_next(cur_);
+        }
+        first = false;
+        const bool fits = rem_ >= sizeof(blob_attr) && blob_pad_len(cur_) >= sizeof(blob_attr) &&
+                          blob_pad_len(cur_) <= rem_;
+        if (!fits || !name_header_inside(cur_))
+            break;
+        if (blobmsg_check_attr_len(cur_, false, rem_))
+            return cur_;
+    }
+    cur_ = nullptr;
+    return nullptr;
+}
+
 void parse_span(const blobmsg_policy *policy, size_t count, blob_attr **tb, blob_attr *elem, const char *msg_end)
 {
     auto *data = static_cast<char *>(blobmsg_data(elem));

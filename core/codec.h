@@ -116,29 +116,36 @@ inline Shown<N> shown(const char (&field)[N])
  * value can be found without leaving it. */
 bool name_header_inside(const blob_attr *elem);
 
-/* The one list walk. Calls fn(elem) for each element of an ARRAY or TABLE
- * attribute, in order, the way blobmsg_for_each_attr walks it: the walk ends
+/* The one list walk: the elements of an ARRAY or TABLE attribute one at a
+ * time, in order, the way blobmsg_for_each_attr walks them. The walk ends
  * at an element whose padded length is below an attribute header or beyond
- * what remains, at an element whose name header would leave it, or when fn
- * returns false (the message's own bound, or the record's capacity). An
+ * what remains, and at an element whose name header would leave it. An
  * element whose value is malformed (a text without terminator, a number of
- * the wrong size) reads as nothing: fn never sees it and the walk goes on.
- * Returns the number of elements handed to fn. */
+ * the wrong size) reads as nothing: it is skipped and the walk goes on.
+ * Out of line, so that each walk is a call rather than a copy of the loop. */
+class Elems {
+public:
+    explicit Elems(blob_attr *list) : list_(list) {}
+    /* The next element; nullptr once the walk is over, and ever after. */
+    blob_attr *next();
+
+private:
+    blob_attr *list_;          /* the list, until the first step */
+    blob_attr *cur_ = nullptr; /* the element last handed out; nullptr once over */
+    size_t rem_ = 0;           /* the list's bytes from cur_ on */
+};
+
+/* Calls fn(elem) for each element Elems hands out, until fn returns false
+ * (the message's own bound, or the record's capacity). Returns the number
+ * of elements handed to fn. */
 template <typename Fn>
 inline unsigned for_each_elem(blob_attr *list, Fn fn)
 {
-    if (list == nullptr)
-        return 0;
     unsigned visited = 0;
-    blob_attr *cur;
-    size_t rem;
-    blobmsg_for_each_attr(cur, list, rem) {
-        if (!name_header_inside(cur))
-            break;
-        if (!blobmsg_check_attr_len(cur, false, rem))
-            continue;
+    Elems elems(list);
+    for (blob_attr *elem = elems.next(); elem != nullptr; elem = elems.next()) {
         ++visited;
-        if (!fn(cur))
+        if (!fn(elem))
             break;
     }
     return visited;

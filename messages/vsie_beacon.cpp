@@ -102,7 +102,7 @@ void read_list_scalars(const bx::vsie::Slots &s, VsieBeaconTxEntry &entry)
 void read_iedata(const char *func, blob_attr *iedata, VsieBeaconTxEntry &entry, uint32_t n)
 {
     const uint32_t limit = at_most(entry.uiLen, VSIE_IEDATA_MAX);
-    bx::vsie::Elems elems(iedata);
+    bx::Elems elems(iedata);
     blob_attr *cur;
     for (uint32_t k = 0; k < limit && (cur = elems.next()) != nullptr; ++k) {
         entry.auiIeData[k] = bx::get_u32(cur);
@@ -157,7 +157,7 @@ BX_API int JTS_Vsie_Beacontx_List(struct blob_attr *pstMsg, void *pvRecord)
     if (!bx::present(policy, tb, BTX_LIST))
         return 0;
     uint32_t n = 0;
-    bx::vsie::Elems elems(tb[BTX_LIST]);
+    bx::Elems elems(tb[BTX_LIST]);
     for (blob_attr *cur; (cur = elems.next()) != nullptr;) {
         /* Elements beyond the count are skipped one by one, each traced,
          * and the walk goes on. The count comes from the sender: the

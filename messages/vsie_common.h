@@ -19,22 +19,6 @@ inline constexpr bx::FieldDef kIndexFieldsSource[] = {
 };
 inline constexpr const auto &kIndexFields = ::bx::kPacked<kIndexFieldsSource>;
 
-/* The elements of an ARRAY or TABLE attribute one at a time, exactly as
- * for_each_elem hands them to its function (a malformed one skipped, the
- * walk over at one that does not fit): out of line, so that each walk of
- * these converters is a call rather than a copy of the loop. */
-class Elems {
-public:
-    explicit Elems(blob_attr *list) : list_(list) {}
-    /* The next element; nullptr once the walk is over, and ever after. */
-    blob_attr *next();
-
-private:
-    blob_attr *list_;          /* the list, until the first step */
-    blob_attr *cur_ = nullptr; /* the element last handed out; nullptr once over */
-    size_t rem_ = 0;           /* the list's bytes from cur_ on */
-};
-
 /* The slots of one message or list element as the hand-written readers
  * see them: whose name the traces carry, the converter's own policy (its
  * keys name a missing slot) and, for an entry of a list, its place, which

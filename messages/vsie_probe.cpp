@@ -75,7 +75,7 @@ bx::Read read_oui(const bx::Reading &r, const Field &f, blob_attr *attr)
         return bx::kGoOn;
     auto *oui = static_cast<uint8_t *>(r.record) + f.offset;
     const size_t limit = r.list(f)->capacity;
-    bx::vsie::Elems elems(attr);
+    bx::Elems elems(attr);
     blob_attr *cur;
     for (size_t k = 0; k < limit && (cur = elems.next()) != nullptr; ++k) {
         oui[k] = low_byte(cur);
@@ -230,7 +230,7 @@ void read_probe_record(const char *func, blob_attr *item, const char *msg_end, b
     BX_TRACE_AS(func, "blobmsg_parse222\n\n");
     BX_TRACE_AS(func, "blobmsg_for_each_attr444\n\n");
     /* Elements of any type are read as numbers. */
-    bx::vsie::Elems elems(rt[PRX_VSIE]);
+    bx::Elems elems(rt[PRX_VSIE]);
     blob_attr *cur;
     uint32_t k = 0;
     for (; k < sizeof record.aucVsie && (cur = elems.next()) != nullptr; ++k) {
@@ -256,7 +256,7 @@ void read_probe_head(const bx::vsie::Slots &s, VsieProbeRxEntry &entry, uint32_t
         return;
     }
     BX_TRACE_AS(s.func, "blobmsg_for_each_attr2\n\n");
-    bx::vsie::Elems elems(s.tb[PRX_OUI]);
+    bx::Elems elems(s.tb[PRX_OUI]);
     blob_attr *cur;
     while (shared < sizeof entry.aucOui && (cur = elems.next()) != nullptr) {
         entry.aucOui[shared] = low_byte(cur);
@@ -283,7 +283,7 @@ void read_probe_entry(const char *func, blob_attr *cur, const char *msg_end, Vsi
     BX_TRACE_AS(func, "JTS_CheckBlobAttr\n");
     /* Senders send at most eight records; more would be written past the
      * entry. */
-    bx::vsie::Elems items(el[PRX_RECORD]);
+    bx::Elems items(el[PRX_RECORD]);
     blob_attr *item;
     while (shared < VSIE_PROBERX_RECORD_MAX && (item = items.next()) != nullptr)
         read_probe_record(func, item, msg_end, el[PRX_BAND], entry.astRecord[shared++]);
@@ -300,7 +300,7 @@ void read_response_entry(const bx::vsie::Slots &s, VsieProbeRespEntry &entry)
     if (!bx::vsie::present(s, PRESP_IEDATA))
         return;
     /* Elements of any type are read as numbers. */
-    bx::vsie::Elems elems(s.tb[PRESP_IEDATA]);
+    bx::Elems elems(s.tb[PRESP_IEDATA]);
     blob_attr *cur;
     uint32_t k = 0;
     for (; k < sizeof entry.aucIedata && (cur = elems.next()) != nullptr; ++k) {
@@ -340,7 +340,7 @@ BX_API int JTS_Vsie_Proberx_List(struct blob_attr *pstMsg, void *pvRecord)
      * the three-entry limit ends the walk. The elements it then steps to
      * are still the list's own up to the list's end; past the end it would
      * read outside the list, so the walk keeps to the list's real bounds. */
-    bx::vsie::Elems elems(tb[PRX_LIST]);
+    bx::Elems elems(tb[PRX_LIST]);
     for (blob_attr *cur; (cur = elems.next()) != nullptr; ++n) {
         if (n >= kProbeListEntries) {
             BX_TRACE("NULL == cur\n\n");
@@ -384,7 +384,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
      * all when the element has no "vsie": the next step would read outside
      * the element, so the walk ends after the first element. Senders send
      * exactly one. */
-    bx::vsie::Elems elems(tb[PRX_RECORD]);
+    bx::Elems elems(tb[PRX_RECORD]);
     blob_attr *cur = elems.next();
     if (cur == nullptr)
         return 0;
@@ -397,7 +397,7 @@ BX_API int JTS_Vsie_Proberx_Record_Add(struct blob_attr *pstMsg, void *pvRecord)
     /* The first three numbers of "vsie" are the OUI, the rest payload. */
     uint32_t count_oui = 0;
     uint32_t count = 0;
-    bx::vsie::Elems bytes(el[PRX_VSIE]);
+    bx::Elems bytes(el[PRX_VSIE]);
     for (blob_attr *byte; count < sizeof rec->aucVsie && (byte = bytes.next()) != nullptr;) {
         if (count_oui < sizeof rec->aucOui)
             rec->aucOui[count_oui++] = low_byte(byte);
@@ -441,7 +441,7 @@ BX_API int JTS_Vsie_Proberesp_List(struct blob_attr *pstMsg, void *pvRecord)
         return 0;
     }
     uint32_t n = 0;
-    bx::vsie::Elems elems(tb[PRESP_LIST]);
+    bx::Elems elems(tb[PRESP_LIST]);
     for (blob_attr *cur; (cur = elems.next()) != nullptr; ++n) {
         if (n >= kProbeListEntries) {
             BX_TRACE("NULL == cur\n\n");
