@@ -388,4 +388,18 @@ TEST(Quirks, DnsNameRefusedOnlyInAnUnzeroedRecord)
         EXPECT_EQ(r.trace.substr(r.trace.find("Name:")), "Name:0123456789012345678901234567890x\nout nmd fsl\n");
     }
 }
+
+// The probe lists empty a record they are given without "list": the count
+// goes to 0 whatever the record held.
+TEST(Quirks, ProbeListsWithoutListEmptyTheRecord)
+{
+    VsieProbeRxList rx{};
+    rx.uiCount = 3;
+    EXPECT_EQ(bxtest::receive(MSG_VSIE_PROBERX_LIST, "", &rx).ret, 0);
+    EXPECT_EQ(rx.uiCount, 0u);
+    VsieProbeRespList resp{};
+    resp.uiCount = 3;
+    EXPECT_EQ(bxtest::receive(MSG_VSIE_PROBERESP_LIST, "", &resp).ret, 0);
+    EXPECT_EQ(resp.uiCount, 0u);
+}
 } // namespace
