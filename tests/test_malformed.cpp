@@ -15,6 +15,7 @@
 #include <endian.h>
 #include <vector>
 
+#include "core/parse.h"
 #include "core/tables.h"
 #include "records.h"
 #include "support.h"
@@ -117,4 +118,29 @@ TEST(Malformed, EveryTypeRefusesOrSurvivesBrokenMessages)
     EXPECT_EQ(types, g_iJsonToStruct_FuncNum);
 }
 
+
+// The converters' one-pass parse fills each slot as blobmsg_parse does: a
+// key listed twice fills both slots, CAST_INT64 takes any integer, a value
+// of another type fills nothing, and the first of two same-named members
+// is kept.
+TEST(Parse, OnePassFillsWhatBlobmsgParseFills)
+{
+    const blobmsg_policy policy[] = {{"a", BLOBMSG_TYPE_INT32},
+                                     {"b", BLOBMSG_TYPE_STRING},
+                                     {"b", BLOBMSG_TYPE_STRING},
+                                     {"c", BLOBMSG_CAST_INT64},
+                                     {"d", BLOBMSG_TYPE_INT32}};
+    constexpr size_t kSlots = sizeof policy / sizeof policy[0];
+    for (const char *text : {R"(a=i32:1 b=s"x" c=i32:2 d=s"y")", R"(b=s"x" b=s"z" a=i32:1 c=i64:3 d=i32:4)",
+                             R"(c=i8:1 a=s"x" a=i32:2 d=i32:4 d=i32:5)"}) {
+        SCOPED_TRACE(text);
+        bxtest::Msg msg(text);
+        blob_attr *want[kSlots];
+        blob_attr *got[kSlots];
+        blobmsg_parse(policy, kSlots, want, blob_data(msg), blob_len(msg));
+        bx::one_pass::parse_keys(policy, kSlots, got, blob_data(msg), blob_len(msg));
+        for (size_t i = 0; i < kSlots; ++i)
+            EXPECT_EQ(got[i], want[i]) << "slot " << i;
+    }
+}
 } // namespace

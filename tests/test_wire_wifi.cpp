@@ -133,6 +133,10 @@ const Case kNeighbour[] = {
     {MSG_CHANNEL_SCORE, R"(radio=s"5G" count=i32:1 neighbourlist=[{ssid=s"n" encrypttype=s"aes"}])",
      "radio:1\ncount:1\nIllegal parameter: scorelist\n",
      R"(radio=s"5G" count=i32:1 scorelist=[{channel=i32:0 score=i32:0}])"},
+    // An element that is not a table takes no entry: traced and skipped.
+    {MSG_CHANNEL_SCORE, R"(radio=s"5G" count=i32:1 scorelist=[i32:5 {channel=i32:6 score=i32:7}])",
+     "radio:1\ncount:1\nNULL == cur\n\nchannel:6\nscore:7\n",
+     R"(radio=s"5G" count=i32:1 scorelist=[{channel=i32:6 score=i32:7}])"},
 };
 
 // Station list and details.
