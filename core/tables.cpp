@@ -147,6 +147,29 @@ constexpr RecordSizes record_sizes()
 }
 constexpr RecordSizes kRecordSizes = record_sizes();
 
+/* Each type's row in each direction, by type: the row a scan of the
+ * exported table would stop at (every type has one line and every row one
+ * position), found without the scan. */
+constexpr uint8_t kNoRow = 0xFF;
+struct Positions {
+    uint8_t at[2][bx::kLastMessageType + 1];
+};
+constexpr Positions positions()
+{
+    Positions p{};
+    for (auto &direction : p.at)
+        for (uint8_t &at : direction)
+            at = kNoRow;  /* no line for the type */
+    for (const Line &line : kCatalogue) {
+        p.at[BLOBXLATE_TO_JSON][line.type] = line.to_json.position >= 0 ? static_cast<uint8_t>(line.to_json.position) : kNoRow;
+        p.at[BLOBXLATE_TO_STRUCT][line.type] =
+            line.to_struct.position >= 0 ? static_cast<uint8_t>(line.to_struct.position) : kNoRow;
+    }
+    return p;
+}
+static_assert(kToJsonRows < kNoRow && kToStructRows < kNoRow, "a row position fits a byte");
+constexpr Positions kPositions = positions();
+
 constexpr auto kToJson = build<StructToJsonFunc, kToJsonRows>(&Line::to_json, closing_row_to_json);
 constexpr auto kToStruct = build<JsonToStructFunc, kToStructRows>(&Line::to_struct, closing_row_to_struct);
 
@@ -181,10 +204,9 @@ static_assert(sizeof g_astStructToJson_Func / sizeof g_astStructToJson_Func[0] =
 static_assert(sizeof g_astJsonToStruct_Func / sizeof g_astJsonToStruct_Func[0] == kToStructRows + 1,
               "g_astJsonToStruct_Func copies a row count other than the catalogue's");
 
-/* Every row of a table is examined, and the closing row after the last one
- * as well: the scan bound is inclusive. The closing row's id is outside the
- * message numbers and types outside them are turned away first, so it never
- * matches. */
+/* The row whose id is the type, as a scan of the table would find it: the
+ * closing row's id is outside the message numbers and types outside them
+ * are turned away first, so it is never the answer. */
 BX_API const MessageTransEntry *BLOBXLATE_FindRow(int iDirection, int iType)
 {
     BX_TRACE_CALL();
@@ -195,12 +217,8 @@ BX_API const MessageTransEntry *BLOBXLATE_FindRow(int iDirection, int iType)
                                                                        : nullptr;
     if (table == nullptr)
         return nullptr;
-    const int32_t count = iDirection == BLOBXLATE_TO_JSON ? g_iStructToJson_FuncNum : g_iJsonToStruct_FuncNum;
-    for (int32_t i = 0; i <= count; ++i) {
-        if (table[i].id == iType)
-            return &table[i];
-    }
-    return nullptr;
+    const uint8_t at = kPositions.at[iDirection][iType];
+    return at != kNoRow ? &table[at] : nullptr;
 }
 
 BX_API size_t BLOBXLATE_RecordSize(int iType)
