@@ -643,11 +643,14 @@ struct Packed {
     /* Where the key index lies from the first row. */
     static constexpr uint16_t index_offset() { return static_cast<uint16_t>(offsetof(Packed, index) - offsetof(Packed, rows)); }
 
+    /* True when a row has a list or a quirk. */
+    static constexpr bool has_links() { return kLinkSet<Source>.count != 0; }
+
     /* The lists and quirks the rows point at (see Field::link), or nullptr
      * for a table without any. */
     static constexpr const Link *links()
     {
-        if constexpr (kLinkSet<Source>.count == 0)
+        if constexpr (!has_links())
             return nullptr;
         else
             return kLinks<Source>.links;
@@ -926,7 +929,7 @@ inline int jts_fields(const char *func, const Packed<N, P, S> &table, blob_attr 
     static_assert(N <= kMaxTableFields, "a message's table has at most kMaxTableFields rows");
     if constexpr (MaskAt != kNoMask)
         return jts_table(msg, record, table.head, table.links(), func, MaskAt);
-    else if constexpr (Packed<N, P, S>::links() != nullptr)
+    else if constexpr (Packed<N, P, S>::has_links())
         return jts_table(msg, record, table.head, table.links(), func);
     else
         return jts_table(msg, record, table.head, func);
